@@ -1,0 +1,57 @@
+// The thread that runs the panel.
+#pragma once
+
+#include "host/community.h"
+#include "host/panel_outputs.h"
+
+#include <QImage>
+#include <QThread>
+
+#include <mutex>
+#include <optional>
+
+/// Runs the engine over the loaded image until it is asked to stop. Made, started and stopped by the main thread.
+class WorkThread : public QThread, private panel::PanelOutputs {
+    Q_OBJECT
+
+public:
+    explicit WorkThread(QObject* parent = nullptr);
+    ~WorkThread() override;
+
+    /// Once, before the first start. Not owned.
+    void setCommunity(panel::community* window) { community_ = window; }
+
+    /// Asks the engine to stop and waits: at most one cycle and its sleep. Does nothing when it does not run.
+    void stop();
+
+    /// The newest frame that Update_to_MainWindow announced and nobody has taken yet. Main thread.
+    std::optional<QImage> takeFrame();
+
+signals:
+    /// A frame is there. Emitted for the first frame only while frames wait: takeFrame() gives the newest.
+    void Update_to_MainWindow(QImage frame);
+    void Play_Wav_Signals();
+    void Play_Video_Signals();
+    void Play_Camera_Signals();
+
+public slots:
+    // Sends the signal and takes the request back.
+    void playWav();
+    void playVideo() override;
+    void playCamera() override;
+
+protected:
+    void run() override;
+
+private:
+    void showFrame(const QImage& frame) override;
+    void playSound() override { playWav(); }
+    void setPlayerVolume(int volume) override;
+    void stopMusic() override;
+    void closeVideo() override;
+    void closeCamera() override;
+
+    panel::community* community_ = nullptr;
+    std::mutex frameLock_;
+    QImage waitingFrame_; // under frameLock_; null when none waits
+};

@@ -2,6 +2,7 @@
 
 #include "host/flash_image.h"
 #include "store/backlight.h"
+#include "store/language.h"
 #include "store/system_words.h"
 #include "store/variable_store.h"
 

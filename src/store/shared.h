@@ -13,7 +13,7 @@ public:
     constexpr Shared() = default;
     constexpr explicit(false) Shared(T value) : value_(value) {}
     Shared(const Shared&) = delete;
-    Shared& operator=(const Shared&) = delete;
+    Shared& operator=(const Shared& other) { return *this = T(other); }
 
     operator T() const { return value_.load(std::memory_order_relaxed); }
     Shared& operator=(T value) {

@@ -10,7 +10,11 @@ namespace panel {
 namespace word {
 inline constexpr std::uint16_t Page = 0x7000;
 inline constexpr std::uint16_t Brightness = 0x7001; // low byte
-inline constexpr std::uint16_t Year = 0x7002;       // low bytes of six words, year - 2000 first
+inline constexpr std::uint16_t Year = 0x7002;       // low byte: year - 2000
+inline constexpr std::uint16_t Month = 0x7003;      // low byte, as all of the time
+inline constexpr std::uint16_t Day = 0x7004;
+inline constexpr std::uint16_t Hour = 0x7005;
+inline constexpr std::uint16_t Minute = 0x7006;
 inline constexpr std::uint16_t Second = 0x7007;
 inline constexpr std::uint16_t SetTime = 0x7008; // written: sets the clock; read: the weekday
 inline constexpr std::uint16_t Music = 0x700A;
@@ -29,9 +33,6 @@ inline constexpr std::uint8_t LargestVolume = 16;
 inline Shared<std::uint8_t> Volume{0};
 /// The last volume that was given to the player. Engine only.
 inline std::uint8_t VolumeApplied = 0;
-
-/// The language in force.
-inline Shared<std::uint8_t> Language{0};
 
 /// A virtual key that waits for a row with its code, from word 0x700D.
 inline Shared<std::uint8_t> VirtualKeyPending{0};

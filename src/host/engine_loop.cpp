@@ -1,0 +1,185 @@
+#include "host/engine_loop.h"
+
+#include "graphics/image_blit.h"
+#include "graphics/surfaces.h"
+#include "host/config_block.h"
+#include "host/flash_image.h"
+#include "host/media_requests.h"
+#include "pages/page_switch.h"
+#include "store/backlight.h"
+#include "store/clock.h"
+#include "store/pending_writes.h"
+#include "store/system_words.h"
+#include "store/variable_store.h"
+
+#include <QColor>
+
+namespace panel {
+namespace {
+
+constexpr QRgb ErrorColour = qRgb(0x00, 0xA2, 0xFF);
+constexpr std::uint8_t ErrorBrightness = 56;
+constexpr QSize ErrorPanelSize(800, 480); // where the image names no size that can be
+constexpr int PlayerSteps = 6;            // of the player's 0..96 for one of the panel's 0..16
+constexpr std::uint8_t RefreshPeriod = 20;
+
+bool panelSizeCanBe() {
+    return DisplayWidth >= 1 && DisplayWidth <= LargestPanelSide && DisplayHeight >= 1
+           && DisplayHeight <= LargestPanelSide;
+}
+
+StartResult showError(PanelOutputs& outputs) {
+    FrameSurface.fill(ErrorColour);
+    DimValue = DimValueOf(ErrorBrightness);
+    outputs.showFrame(FrameSurface);
+    return StartResult::IllegalImage;
+}
+
+StartResult showImpossiblePanel(PanelOutputs& outputs) {
+    DisplayWidth = static_cast<std::uint16_t>(ErrorPanelSize.width());
+    DisplayHeight = static_cast<std::uint16_t>(ErrorPanelSize.height());
+    MakeSurfaces(ErrorPanelSize);
+    return showError(outputs);
+}
+
+StartResult showUnknownColours(PanelOutputs& outputs) {
+    QImage blue(DisplayWidth, DisplayHeight, QImage::Format_ARGB32_Premultiplied);
+    blue.fill(Qt::blue);
+    outputs.showFrame(blue);
+    return StartResult::UnknownColours;
+}
+
+// The steps of a cycle.
+
+void applyPendingWrite(PanelOutputs&) {
+    if (const auto address = PendingSystemWrites.takeNewest()) ApplySystemWord(*address);
+}
+
+void refreshVariables(PanelOutputs&) {
+    if (RefreshTicks > RefreshPeriod) RefreshTicks = 0;
+}
+
+/// Each request is taken back before it is passed on, so the main thread hears of it once.
+void requestSoundAndVideo(PanelOutputs& outputs) {
+    if (FileMediaChip() && VideoRequest.exchange(0) == 1) outputs.playVideo();
+    if (VideoCloseRequest.exchange(0) == 1) outputs.closeVideo();
+    if (MusicPlaying.exchange(0) == 1) outputs.playSound();
+    if (MusicStopRequest.exchange(0) == 1) outputs.stopMusic();
+}
+
+void dimPanel(PanelOutputs&) {
+    if (ReadLowByte(word::AutoDimming) == 1) BacklightTask();
+}
+
+void requestCamera(PanelOutputs& outputs) {
+    if (CameraCloseRequest.exchange(0) == 1) outputs.closeCamera();
+    if (CameraRequest != 1) return;
+    CameraRequest = 0;
+    outputs.playCamera();
+}
+
+void passVolume(PanelOutputs& outputs) {
+    if (Volume == VolumeApplied) return;
+    VolumeApplied = Volume;
+    outputs.setPlayerVolume(VolumeApplied * PlayerSteps);
+}
+
+void serveInspector(PanelOutputs&) { ServeInspectorRequests(); }
+
+void sendFrame(PanelOutputs& outputs) { outputs.showFrame(FrameSurface); }
+
+struct CycleStep {
+    const char* name;
+    void (*run)(PanelOutputs&); // null: nothing on this panel takes part yet
+};
+
+/// One cycle, top to bottom. The order can be seen on the screen: what runs first wins a press or a pixel.
+constexpr CycleStep CycleSteps[] = {
+    {"system write queue", applyPendingWrite},
+    {"variable refresh", refreshVariables},
+    {"sound and video requests", requestSoundAndVideo},
+    {"BacklightTask", dimPanel},
+    {"CameraWatch", nullptr},
+    {"camera requests", requestCamera},
+    {"AnimationTick", nullptr},
+    {"AnalogClockTick", nullptr},
+    {"ClockTick", nullptr},
+    {"UiTimerTick", nullptr},
+    {"TextrollTick", nullptr},
+    {"CurveTick", nullptr},
+    {"AutoStepTick", nullptr},
+    {"NeedleMeterTick", nullptr},
+    {"GestureTick", nullptr},
+    {"SlidePageTick", nullptr},
+    {"SlideListDrag, SlideListCoast", nullptr},
+    {"TouchPageKeys", nullptr},
+    {"TouchStepKeys", nullptr},
+    {"TouchMultiKeys", nullptr},
+    {"TouchPopupKeys", nullptr},
+    {"TouchStateKeys", nullptr},
+    {"TouchCopyKeys", nullptr},
+    {"TouchSlider", nullptr},
+    {"TouchRollerPickers", nullptr},
+    {"TouchRtouch", nullptr},
+    {"TouchNumberEntry", nullptr},
+    {"TouchTextEntry", nullptr},
+    {"TouchPinyinEntry", nullptr},
+    {"SlideListRefresh", nullptr},
+    {"EncoderTick", nullptr},
+    {"volume", passVolume},
+    {"text cursor", nullptr},
+    {"inspector requests", serveInspector},
+    {"frame", sendFrame},
+};
+
+// What a tick counts, in its order.
+
+void countRefresh() { RefreshTicks += 1; }
+
+void countIdleTime() {
+    if (ScreenBright) IdleTicks += 2; // the dimming time counts 200 a second
+}
+
+struct TickCounter {
+    const char* name;
+    void (*count)(); // null: as in CycleSteps
+};
+constexpr TickCounter TickCounters[] = {
+    {"autoStep", nullptr},     {"needleMeter", nullptr},     {"imageAnimation", nullptr},
+    {"step repeat", nullptr},  {"text cursor", nullptr},     {"textroll", nullptr},
+    {"curve", nullptr},        {"idle time", countIdleTime}, {"MultiKey", nullptr},
+    {"refresh", countRefresh},
+};
+
+} // namespace
+
+StartResult StartPanel(PanelOutputs& outputs) {
+    DropDecodedPictures();
+    LoadConfigBlock();
+    if (!panelSizeCanBe()) return showImpossiblePanel(outputs);
+    if (ColourMode > 1) return showUnknownColours(outputs);
+    MakeSurfaces({DisplayWidth, DisplayHeight});
+    ShowPage(Sections.PageCount < StartPage ? std::uint16_t{0} : StartPage);
+    DimValue = DimValueOf(ReadLowByte(word::Brightness));
+    InitClock();
+    if (IllegalImage) return showError(outputs);
+    outputs.setPlayerVolume(Volume * PlayerSteps);
+    return StartResult::Running;
+}
+
+void EngineCycle(PanelOutputs& outputs) {
+    for (const CycleStep& step : CycleSteps)
+        if (step.run) step.run(outputs);
+}
+
+void CountTick(int& tickCount) {
+    constexpr int ticksPerSecond = 100;
+    if (++tickCount >= ticksPerSecond) {
+        tickCount = 0;
+        OncePerSecond();
+    }
+    for (const TickCounter& counter : TickCounters)
+        if (counter.count) counter.count();
+}
+
+} // namespace panel

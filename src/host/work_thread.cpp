@@ -1,0 +1,76 @@
+#include "host/work_thread.h"
+
+#include "host/engine_loop.h"
+#include "host/media_requests.h"
+
+#include <QCoreApplication>
+
+#include <utility>
+
+namespace {
+
+constexpr unsigned long CyclePause = 20; // ms
+
+} // namespace
+
+WorkThread::WorkThread(QObject* parent) : QThread(parent) {}
+
+WorkThread::~WorkThread() { stop(); }
+
+void WorkThread::stop() {
+    requestInterruption();
+    wait();
+}
+
+void WorkThread::run() {
+    if (panel::StartPanel(*this) != panel::StartResult::Running) return;
+    while (!isInterruptionRequested()) {
+        panel::EngineCycle(*this);
+        msleep(CyclePause);
+        QCoreApplication::processEvents();
+    }
+}
+
+std::optional<QImage> WorkThread::takeFrame() {
+    const std::scoped_lock lock(frameLock_);
+    if (waitingFrame_.isNull()) return std::nullopt;
+    return std::exchange(waitingFrame_, QImage());
+}
+
+void WorkThread::showFrame(const QImage& frame) {
+    bool announced = false;
+    {
+        const std::scoped_lock lock(frameLock_);
+        announced = !waitingFrame_.isNull();
+        waitingFrame_ = frame;
+    }
+    if (!announced) emit Update_to_MainWindow(frame);
+}
+
+void WorkThread::playWav() { emit Play_Wav_Signals(); }
+
+void WorkThread::playVideo() {
+    emit Play_Video_Signals();
+    panel::VideoRequest = 0;
+}
+
+void WorkThread::playCamera() {
+    emit Play_Camera_Signals();
+    panel::CameraRequest = 0;
+}
+
+void WorkThread::setPlayerVolume(int volume) {
+    if (community_) community_->setPlayerVolume(volume);
+}
+
+void WorkThread::stopMusic() {
+    if (community_) community_->stopMusic();
+}
+
+void WorkThread::closeVideo() {
+    if (community_) community_->Close_Video();
+}
+
+void WorkThread::closeCamera() {
+    if (community_) community_->Close_Camera();
+}

@@ -1,0 +1,15 @@
+// The families of touch widgets and the builder of their tables. Engine thread.
+#pragma once
+
+#include <cstdint>
+
+namespace panel {
+
+/// Forgets the rows and the active row of every family.
+void ResetTouchFamilies();
+
+/// Loads the touch and group streams of a page and fills the tables of the families from it. A page without a
+/// touch stream only gets its group stream.
+void BuildTouchTables(std::uint16_t page);
+
+} // namespace panel

@@ -1,0 +1,121 @@
+#include "imagekit/image_reader.h"
+
+#include "imagekit/image_builder.h"
+#include "imagekit/image_error.h"
+
+#include <gtest/gtest.h>
+
+using namespace imagekit;
+
+namespace {
+
+/// The bytes of a page's stream, as its row tells.
+std::vector<std::uint8_t> streamAt(const ImageReader& image, std::uint32_t row) {
+    return image.bytes(image.u32(row), image.u16(row + 4));
+}
+std::vector<std::uint8_t> displayStream(const ImageReader& image, std::uint32_t page) {
+    return streamAt(image, image.section(2) + 12 * page);
+}
+std::vector<std::uint8_t> touchStream(const ImageReader& image, std::uint32_t page) {
+    return streamAt(image, image.section(2) + 12 * page + 6);
+}
+std::vector<std::uint8_t> groupStream(const ImageReader& image, std::uint32_t page) {
+    return streamAt(image, image.section(22) + 6 * page);
+}
+std::vector<std::uint8_t> presetStream(const ImageReader& image, std::uint32_t page) {
+    return streamAt(image, image.section(28) + 8 * page);
+}
+
+TEST(Streams, FrameTheirRecordsInOrder) {
+    ImageBuilder builder;
+    builder.addPage();
+    Page& page = builder.addPage();
+    page.add(DisplayRecord{.Kind = 0x0B, .Block = {1, 2, 3}});
+    page.add(DisplayRecord{
+        .Kind = 0x03, .Flags = 0x0100, .ParameterAddress = 0x1234, .Block = {4}, .LengthFlag = true});
+    page.add(DisplayRecord{.Kind = 0x0E, .Block = Bytes(300, 9)});
+    page.add(TouchRecord{.Family = 0x8001, .Notify = true, .InList = 3, .Body = {5, 6}});
+    page.add(TouchRecord{.Family = 0x800F});
+    page.add(GroupRecord{.Group = 0x0201, .Record = {.Kind = 2, .Block = {7, 8}}});
+    page.addToGroup(3, DisplayRecord{.Kind = 1});
+    page.add(PagePreset{.Id = 0x0403, .Items = {{0x1020, 0x3040}, {0x7000, 2}}});
+    page.add(PagePreset{.Id = 5, .Items = {}});
+    const ImageReader image(builder.build());
+
+    const ByteWriter display =
+        ByteWriter()
+            .bytes(Bytes{0x0B, 0, 0xFF, 0xFF, 3, 1, 2, 3, 0x03, 1, 0x34, 0x12, 0x81, 4})
+            .bytes(Bytes{0x0E, 0, 0xFF, 0xFF, 0x2C, 1})
+            .bytes(Bytes(300, 9));
+    EXPECT_EQ(displayStream(image, 1), display.data());
+    EXPECT_EQ(touchStream(image, 1), (Bytes{0x01, 0xC3, 2, 5, 6, 0x0F, 0x80, 0}));
+    EXPECT_EQ(groupStream(image, 1), (Bytes{1, 2, 2, 0, 0xFF, 0xFF, 4, 7, 8, 3, 0, 1, 0, 0xFF, 0xFF, 2}));
+    EXPECT_EQ(presetStream(image, 1), (Bytes{3, 4, 8, 0x20, 0x10, 0x40, 0x30, 0, 0x70, 2, 0, 5, 0, 0}));
+    EXPECT_TRUE(displayStream(image, 0).empty());
+    EXPECT_TRUE(presetStream(image, 0).empty());
+    for (const std::uint32_t countWord : {3u, 9u, 23u, 29u})
+        EXPECT_EQ(image.section(countWord), 2u) << countWord;
+}
+
+TEST(Streams, CanBeGivenRaw) {
+    ImageBuilder builder;
+    Page& page = builder.addPage();
+    page.setRawStream(Stream::Display, Bytes(4000, 1)); // above what a panel takes in
+    page.setRawStream(Stream::Touch, {1, 2, 3}, 0xFFFF);
+    const ImageReader image(builder.build());
+    EXPECT_EQ(displayStream(image, 0), Bytes(4000, 1));
+    EXPECT_EQ(image.u16(image.section(2) + 10), 0xFFFFu);
+    EXPECT_EQ(image.bytes(image.u32(image.section(2) + 6), 3), (Bytes{1, 2, 3}));
+}
+
+/// The message of the refusal, or what was done instead.
+template <class Record>
+std::string refusal(Page& page, const Record& record) {
+    try {
+        page.add(record);
+    } catch (const ImageError& error) {
+        return error.what();
+    }
+    return "taken";
+}
+
+TEST(Records, ThatCannotBeHeldAreRefusedByNameAndLeaveThePageAsItWas) {
+    ImageBuilder builder;
+    builder.addPage();
+    Page& page = builder.addPage();
+    page.add(DisplayRecord{.Kind = 1, .Block = Bytes(127)});
+    EXPECT_EQ(refusal(page, DisplayRecord{.Kind = 1, .Block = Bytes(128)}),
+              "page 1, display record 1: 128 bytes, at most 127");
+    EXPECT_EQ(refusal(page, DisplayRecord{.Kind = 0x0E, .Block = Bytes(3072 - 132 - 5)}),
+              "page 1, display record 1: makes the stream 3073 bytes, at most 3072");
+    EXPECT_EQ(refusal(page, DisplayRecord{.Kind = 0x0E, .Block = Bytes(3072 - 132 - 6)}), "taken");
+    EXPECT_EQ(refusal(page, TouchRecord{.Family = 0x8001, .Body = Bytes(256)}),
+              "page 1, touch record 0: 256 bytes, at most 255");
+    EXPECT_EQ(refusal(page, GroupRecord{.Group = 1, .Record = {.Kind = 1, .Block = Bytes(126)}}),
+              "page 1, group record 0: 126 bytes, at most 125");
+    EXPECT_EQ(refusal(page, PagePreset{.Id = 1, .Items = std::vector<PresetItem>(64)}),
+              "page 1, preset 0: 64 items, at most 63");
+    EXPECT_NE(refusal(page, DisplayRecord{.Kind = 0x0103}), "taken");
+    EXPECT_NE(refusal(page, DisplayRecord{.Kind = 3, .Flags = 0x1000}), "taken");
+    EXPECT_NE(refusal(page, TouchRecord{.Family = 0xC001}), "taken");
+    EXPECT_NE(refusal(page, TouchRecord{.Family = 0x8001, .InList = 16}), "taken");
+    EXPECT_EQ(page.bytes(Stream::Display).size(), 3072u);
+    EXPECT_TRUE(page.bytes(Stream::Touch).empty());
+}
+
+TEST(Streams, EndAtTheirCapacity) {
+    ImageBuilder builder;
+    Page& page = builder.addPage();
+    const auto fill = [&](const auto& record) {
+        while (refusal(page, record) == "taken") {
+        }
+    };
+    fill(TouchRecord{.Family = 0x8001, .Body = Bytes(13)});
+    fill(GroupRecord{.Group = 1, .Record = {.Kind = 1, .Block = Bytes(9)}});
+    fill(PagePreset{.Id = 1, .Items = std::vector<PresetItem>(63)});
+    EXPECT_EQ(page.bytes(Stream::Touch).size(), 4096u);
+    EXPECT_EQ(page.bytes(Stream::Group).size(), 3072u);
+    EXPECT_EQ(page.bytes(Stream::Presets).size(), 4 * 255u);
+}
+
+} // namespace

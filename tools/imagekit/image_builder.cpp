@@ -1,0 +1,184 @@
+#include "imagekit/image_builder.h"
+
+#include "imagekit/image_error.h"
+#include "imagekit/image_layout.h"
+
+#include "store/variable_store.h"
+
+#include <QSaveFile>
+
+#include <algorithm>
+
+namespace imagekit {
+namespace {
+
+constexpr std::size_t LargestCount = 0xFFFF; // 0xFFFF as an index means none
+constexpr std::size_t VariableBytes = panel::UserByteCount;
+
+/// Stores a picture's data and gives its row.
+Bytes placePicture(const StoredPicture& picture, ImageLayout& layout) {
+    const std::uint32_t address = picture.Data.empty() ? 0 : layout.place(picture.Data);
+    ByteWriter row;
+    row.u32(picture.Address.value_or(address));
+    return row.u16(picture.Width).u16(picture.Height).u24(picture.Extra).u8(picture.Format).take();
+}
+
+/// The row of a stream: where it lies, and its length.
+void putStreamRow(ByteWriter& table, const Page& page, Stream stream, ImageLayout& layout) {
+    const Bytes& bytes = page.bytes(stream);
+    table.u32(bytes.empty() ? 0 : layout.place(bytes)).u16(page.claimedLength(stream));
+}
+
+void placePages(const std::deque<Page>& pages, ImageLayout& layout) {
+    ByteWriter streams;
+    ByteWriter groups;
+    ByteWriter backgrounds;
+    ByteWriter presets;
+    for (const Page& page : pages) {
+        putStreamRow(streams, page, Stream::Display, layout);
+        putStreamRow(streams, page, Stream::Touch, layout);
+        putStreamRow(groups, page, Stream::Group, layout);
+        putStreamRow(presets, page, Stream::Presets, layout);
+        presets.zeros(2);
+        backgrounds.bytes(placePicture(page.background(), layout));
+    }
+    layout.placeTable(SectionWord::PageTable, streams.data(), pages.size());
+    layout.placeTable(SectionWord::GroupStreamTable, groups.data(), pages.size());
+    layout.placeTable(SectionWord::PagePresetTable, presets.data(), pages.size());
+    layout.placeTable(SectionWord::PageImageTable, backgrounds.data(), pages.size());
+}
+
+void placeLanguagePresets(const std::vector<Bytes>& presets, ImageLayout& layout) {
+    if (presets.empty()) return;
+    ByteWriter table;
+    for (const Bytes& stream : presets) {
+        table.u32(stream.empty() ? 0 : layout.place(stream));
+        table.u32(static_cast<std::uint32_t>(stream.size()));
+    }
+    layout.placeTable(SectionWord::LanguagePresetTable, table.data(), presets.size());
+}
+
+std::string pictureName(std::size_t index) { return "picture " + std::to_string(index); }
+
+} // namespace
+
+ImageBuilder::ImageBuilder(PanelConfig config) : config_(std::move(config)), layout_(config_) {}
+
+Page& ImageBuilder::addPage(const Picture& background) {
+    const std::string where = "page " + std::to_string(pages_.size());
+    if (pages_.size() == LargestCount)
+        throw ImageError(where, AtMost(pages_.size() + 1, "pages", LargestCount));
+    return pages_.emplace_back(pageCount(), EncodePicture(background, layout_, where + ", background"));
+}
+
+std::uint16_t ImageBuilder::addPicture(const Picture& picture) {
+    const std::size_t index = pictures_.size();
+    if (index == LargestCount)
+        throw ImageError(pictureName(index), AtMost(index + 1, "pictures", LargestCount));
+    pictures_.push_back({.common = EncodePicture(picture, layout_, pictureName(index)), .ofLanguage = {}});
+    return static_cast<std::uint16_t>(index);
+}
+
+void ImageBuilder::setPicture(std::uint16_t index, std::uint8_t language, const Picture& picture) {
+    const std::string where = pictureName(index) + " in language " + std::to_string(language);
+    if (index >= pictures_.size()) throw ImageError(where, "there is no such picture");
+    checkLanguage(language, where);
+    pictures_[index].ofLanguage[language] = EncodePicture(picture, layout_, where);
+}
+
+void ImageBuilder::setWord(std::uint16_t address, std::uint16_t value) { setWords(address, {value}); }
+
+void ImageBuilder::setWords(std::uint16_t address, std::initializer_list<std::uint16_t> values) {
+    Bytes bytes;
+    for (const std::uint16_t value : values) {
+        bytes.push_back(static_cast<std::uint8_t>(value >> 8));
+        bytes.push_back(static_cast<std::uint8_t>(value));
+    }
+    setBytes(address, bytes);
+}
+
+void ImageBuilder::setBytes(std::uint16_t address, std::span<const std::uint8_t> bytes) {
+    const std::size_t offset = 2 * std::size_t{address};
+    if (offset + bytes.size() > VariableBytes)
+        throw ImageError("initial word " + std::to_string(address),
+                         AtMost(offset + bytes.size(), "bytes of user words", VariableBytes));
+    variables_.resize(VariableBytes);
+    std::ranges::copy(bytes, variables_.begin() + static_cast<std::ptrdiff_t>(offset));
+}
+
+void ImageBuilder::addLanguagePreset(std::uint8_t language, std::uint16_t address,
+                                     std::span<const std::uint8_t> bytes) {
+    const std::string where = "preset of language " + std::to_string(language);
+    checkLanguage(language, where);
+    const std::size_t end = 2 * std::size_t{address} + bytes.size();
+    if (end > panel::StoreByteCount)
+        throw ImageError(where, AtMost(end, "bytes of words", panel::StoreByteCount));
+    ByteWriter record;
+    record.u16(address).u16(static_cast<std::uint32_t>(bytes.size())).bytes(bytes);
+    languagePresets_.resize(languageCount());
+    Bytes& stream = languagePresets_[language];
+    stream.insert(stream.end(), record.data().begin(), record.data().end());
+}
+
+void ImageBuilder::patch(std::uint32_t offset, Bytes bytes) {
+    if (offset + bytes.size() > LargestImage)
+        throw ImageError("patch at " + std::to_string(offset), "ends beyond the largest image");
+    patches_.push_back({offset, std::move(bytes)});
+}
+
+void ImageBuilder::patch(SectionWord word, std::uint32_t value) {
+    patch(4 * static_cast<std::uint32_t>(word), ByteWriter().u32(value).take());
+}
+
+std::size_t ImageBuilder::languageCount() const { return std::max<std::size_t>(config_.LangueNum, 1); }
+
+void ImageBuilder::checkLanguage(std::uint8_t language, const std::string& where) const {
+    if (language >= languageCount())
+        throw ImageError(where, "the panel has " + std::to_string(languageCount()));
+}
+
+void ImageBuilder::placePictures(ImageLayout& layout) const {
+    std::vector<Bytes> commonRows;
+    for (const LanguagePictures& picture : pictures_)
+        commonRows.push_back(placePicture(picture.common, layout));
+    ByteWriter table;
+    for (std::size_t language = 0; language < languageCount(); ++language) {
+        for (std::size_t index = 0; index < pictures_.size(); ++index) {
+            const auto& own = pictures_[index].ofLanguage;
+            const auto found = own.find(static_cast<std::uint8_t>(language));
+            table.bytes(found == own.end() ? commonRows[index] : placePicture(found->second, layout));
+        }
+    }
+    layout.placeTable(SectionWord::ImageTable, table.data(), pictures_.size());
+}
+
+void ImageBuilder::applyPatches(Bytes& image) const {
+    for (const Patch& patch : patches_) {
+        const std::size_t end = patch.offset + patch.bytes.size();
+        if (end > image.size()) image.resize(end);
+        std::ranges::copy(patch.bytes, image.begin() + patch.offset);
+    }
+}
+
+QByteArray ImageBuilder::build() const {
+    ImageLayout layout;
+    if (config_.InitVar) {
+        Bytes variables = variables_;
+        variables.resize(VariableBytes);
+        layout.placeTable(SectionWord::InitialVariablesAddress, variables, VariableBytes);
+    }
+    placePages(pages_, layout);
+    placePictures(layout);
+    placeLanguagePresets(languagePresets_, layout);
+    Bytes image = layout.finish(EncodeConfig(config_));
+    applyPatches(image);
+    return {reinterpret_cast<const char*>(image.data()), static_cast<int>(image.size())};
+}
+
+void ImageBuilder::write(const QString& path) const {
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(build()) < 0 || !file.commit())
+        throw ImageError(path.toStdString(), file.errorString().toStdString());
+}
+
+} // namespace imagekit

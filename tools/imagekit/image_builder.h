@@ -1,0 +1,114 @@
+// Writes a panel image: settings, pages with their streams, pictures, presets and initial values, in the byte
+// layout that the panel loads. What the format cannot hold is refused with an ImageError that names the
+// place.
+#pragma once
+
+#include "imagekit/page.h"
+#include "imagekit/panel_config.h"
+#include "imagekit/picture.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <cstdint>
+#include <deque>
+#include <initializer_list>
+#include <map>
+#include <span>
+#include <vector>
+
+namespace imagekit {
+
+/// Words of the section table at the start of an image, by their number. Pairs of address and count; the
+/// count of a table per language is that of one language.
+enum class SectionWord : std::uint8_t {
+    InitialVariablesAddress = 0,
+    InitialVariablesLength = 1,
+    PageTable = 2,
+    PageTableCount = 3,
+    FontTable = 4,
+    FontTableCount = 5,
+    AudioTable = 6,
+    AudioTableCount = 7,
+    PageImageTable = 8,
+    PageCount = 9,
+    ImageSequenceTable = 10,
+    ImageSequenceCount = 11,
+    ImageTable = 12,
+    ImageCount = 13,
+    PinyinTable = 16,
+    PinyinTableCount = 17,
+    LanguagePresetTable = 20,
+    LanguagePresetCount = 21,
+    GroupStreamTable = 22,
+    GroupStreamCount = 23,
+    StringTable = 24,
+    StringCount = 25,
+    PagePresetTable = 28,
+    PagePresetCount = 29,
+};
+inline constexpr std::size_t SectionWordCount = 30;
+
+class ImageLayout;
+
+class ImageBuilder {
+public:
+    explicit ImageBuilder(PanelConfig config = {});
+
+    const PanelConfig& config() const { return config_; }
+
+    /// Appends a page. The reference stays valid as long as the builder.
+    Page& addPage(const Picture& background = {});
+    std::uint16_t pageCount() const { return static_cast<std::uint16_t>(pages_.size()); }
+    Page& page(std::uint16_t index) { return pages_.at(index); }
+
+    /// Appends a picture to the image table, the same one in all languages, and gives its index.
+    std::uint16_t addPicture(const Picture& picture);
+    /// Another picture at an index in one language.
+    void setPicture(std::uint16_t index, std::uint8_t language, const Picture& picture);
+
+    // What the user words 0..0x6FFF hold at start, if the settings have InitVar; 0 at first. Text and bytes
+    // begin with the high byte of their first word.
+    void setWord(std::uint16_t address, std::uint16_t value);
+    void setWords(std::uint16_t address, std::initializer_list<std::uint16_t> values);
+    void setBytes(std::uint16_t address, std::span<const std::uint8_t> bytes);
+
+    /// Bytes that a change to the language copies to the store from a word on.
+    void addLanguagePreset(std::uint8_t language, std::uint16_t address, std::span<const std::uint8_t> bytes);
+
+    /// Overwrites bytes of the finished image, and lengthens it when they lie beyond its end. Check words are
+    /// not renewed. For images that no tool would write.
+    void patch(std::uint32_t offset, Bytes bytes);
+    void patch(SectionWord word, std::uint32_t value);
+
+    QByteArray build() const;
+    /// Throws ImageError when the file cannot be written.
+    void write(const QString& path) const;
+
+private:
+    struct Patch {
+        std::uint32_t offset;
+        Bytes bytes;
+    };
+
+    /// A picture of the image table: the same one in all languages but those that have their own.
+    struct LanguagePictures {
+        StoredPicture common;
+        std::map<std::uint8_t, StoredPicture> ofLanguage;
+    };
+
+    std::size_t languageCount() const;
+    void checkLanguage(std::uint8_t language, const std::string& where) const;
+    void placePictures(ImageLayout& layout) const;
+    void applyPatches(Bytes& image) const;
+
+    PanelConfig config_;
+    PixelLayout layout_;
+    std::deque<Page> pages_;
+    std::vector<LanguagePictures> pictures_;
+    Bytes variables_;                    // empty as long as all words are zero
+    std::vector<Bytes> languagePresets_; // by language; empty when no language has any
+    std::vector<Patch> patches_;
+};
+
+} // namespace imagekit

@@ -1,0 +1,58 @@
+#include "imagekit/page.h"
+
+#include "imagekit/image_error.h"
+
+namespace imagekit {
+namespace {
+
+struct StreamTraits {
+    const char* recordName;
+    std::size_t capacity;
+};
+
+constexpr std::array<StreamTraits, StreamCount> Traits{{
+    {"display record", DisplayStreamCapacity},
+    {"touch record", TouchStreamCapacity},
+    {"group record", GroupStreamCapacity},
+    {"preset", PresetStreamCapacity},
+}};
+
+constexpr std::size_t LongestStream = 0xFFFF;
+
+} // namespace
+
+Page::Page(std::uint16_t index, StoredPicture background)
+    : index_(index), background_(std::move(background)) {}
+
+template <class Record>
+void Page::append(Stream stream, const Record& record) {
+    StreamBytes& target = at(stream);
+    const StreamTraits& traits = Traits[static_cast<std::size_t>(stream)];
+    const std::string where = "page " + std::to_string(index_) + ", " + traits.recordName + ' '
+                              + std::to_string(target.recordCount);
+    const Bytes encoded = EncodeRecord(record, where);
+    const std::size_t size = target.bytes.size() + encoded.size();
+    if (size > traits.capacity)
+        throw ImageError(where, "makes the stream " + AtMost(size, "bytes", traits.capacity));
+    target.bytes.insert(target.bytes.end(), encoded.begin(), encoded.end());
+    ++target.recordCount;
+}
+
+template void Page::append(Stream, const DisplayRecord&);
+template void Page::append(Stream, const TouchRecord&);
+template void Page::append(Stream, const GroupRecord&);
+template void Page::append(Stream, const PagePreset&);
+
+void Page::setRawStream(Stream stream, Bytes bytes, std::optional<std::uint16_t> length) {
+    if (bytes.size() > LongestStream)
+        throw ImageError("page " + std::to_string(index_),
+                         AtMost(bytes.size(), "bytes in a stream", LongestStream));
+    at(stream) = {.bytes = std::move(bytes), .recordCount = 0, .claimedLength = length};
+}
+
+std::uint16_t Page::claimedLength(Stream stream) const {
+    const StreamBytes& source = at(stream);
+    return source.claimedLength.value_or(static_cast<std::uint16_t>(source.bytes.size()));
+}
+
+} // namespace imagekit

@@ -32,7 +32,7 @@ StartResult showError(PanelOutputs& outputs) {
     FrameSurface.fill(ErrorColour);
     DimValue = DimValueOf(ErrorBrightness);
     outputs.showFrame(FrameSurface);
-    return StartResult::IllegalImage;
+    return StartResult::Illegal;
 }
 
 StartResult showImpossiblePanel(PanelOutputs& outputs) {

@@ -10,7 +10,7 @@ namespace panel {
 
 enum class StartResult {
     Running,       // the first page is on show; go on with EngineCycle()
-    IllegalImage,  // the error frame was sent; the engine has ended
+    Illegal,       // the error frame was sent; the engine has ended
     UnknownColours // a blue frame was sent; the engine has ended
 };
 

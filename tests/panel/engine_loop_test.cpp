@@ -1,0 +1,232 @@
+#include "host/engine_loop.h"
+
+#include "host/config_block.h"
+#include "host/media_requests.h"
+#include "host/work_thread.h"
+#include "pages/page_switch.h"
+#include "panel_test.h"
+#include "store/backlight.h"
+#include "store/pending_writes.h"
+#include "store/system_words.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+
+#include <random>
+
+namespace panel {
+namespace {
+
+using imagekit::ImageBuilder;
+using imagekit::PanelConfig;
+
+const PanelConfig Small{.Width = 64, .Height = 48, .ColourMode = 1};
+constexpr QRgb ErrorColour = qRgb(0x00, 0xA2, 0xFF);
+
+ImageBuilder twoPages(PanelConfig config = Small) {
+    ImageBuilder image(config);
+    image.addPage(PlainPage(config, Qt::red));
+    image.addPage(PlainPage(config, Qt::green));
+    return image;
+}
+
+class EngineLoop : public PanelTest {};
+
+TEST_F(EngineLoop, StartShowsThePageAndPassesTheVolume) {
+    EXPECT_EQ(boot(twoPages({.Width = 64, .Height = 48, .ColourMode = 1, .BLON = 30, .Volume = 16})),
+              StartResult::Running);
+    EXPECT_EQ(media(), (std::vector<std::string>{"volume 96"}));
+    EXPECT_EQ(DimValue, 255 - 4 * 30);
+    EXPECT_EQ(outputs.frames, 0) << "the first frame goes out with the first cycle";
+    cycles(1);
+    EXPECT_EQ(outputs.frames, 1);
+    EXPECT_EQ(pixel(0, 0), qRgb(255, 0, 0));
+}
+
+TEST_F(EngineLoop, AWrongCheckEndsInTheErrorFrame) {
+    QByteArray image = twoPages().build();
+    image[static_cast<int>(ConfigBlockAddress) + 0xF0 - 1] = 1; // a covered byte
+    image[static_cast<int>(ConfigBlockAddress) + 40] = 'x';
+    EXPECT_EQ(boot(image), StartResult::Illegal);
+    EXPECT_EQ(outputs.frames, 1);
+    EXPECT_EQ(outputs.frame.size(), QSize(64, 48));
+    EXPECT_EQ(pixel(63, 47), ErrorColour);
+    EXPECT_EQ(DimValue, 0x1F);
+}
+
+TEST_F(EngineLoop, AnUnknownColourModeEndsInABlueFrame) {
+    for (const std::uint8_t mode : {2, 255}) {
+        EXPECT_EQ(
+            boot(twoPages({.Width = 64, .Height = 48, .ColourMode = mode, .Rotate = 1, .WithCheck = false})),
+            StartResult::UnknownColours);
+        EXPECT_EQ(outputs.frame.size(), QSize(48, 64));
+        EXPECT_EQ(pixel(0, 0), qRgb(0, 0, 255));
+    }
+    EXPECT_TRUE(media().empty());
+}
+
+TEST_F(EngineLoop, APanelThatCannotBeEndsInTheErrorFrame) {
+    for (const QByteArray& image : {QByteArray(), QByteArray(1024, '\0'), ImageBuilder({.Width = 0}).build(),
+                                    ImageBuilder({.Height = 4097}).build()}) {
+        EXPECT_EQ(boot(image), StartResult::Illegal) << image.size();
+        EXPECT_EQ(outputs.frame.size(), QSize(800, 480));
+        EXPECT_EQ(pixel(0, 0), ErrorColour);
+    }
+}
+
+TEST_F(EngineLoop, RandomBytesDoNoHarm) {
+    std::mt19937 random(20261122);
+    for (int round = 0; round < 300; ++round) {
+        QByteArray image(static_cast<int>(random() % 20000), '\0');
+        for (char& byte : image) byte = static_cast<char>(random());
+        if (image.size() > 0x200) { // a panel size that can be, so that the rest of the head comes into play
+            const char size[] = {0x40, 0x00, 0x30, 0x00};
+            image.replace(static_cast<int>(ConfigBlockAddress) + 16, 4, size, 4);
+            image[static_cast<int>(ConfigBlockAddress) + 7] = static_cast<char>(random() & 1);
+        }
+        if (boot(image) != StartResult::Running) continue;
+        run(400);
+        ASSERT_EQ(outputs.frame.size(), QSize(DisplayWidth, DisplayHeight));
+    }
+}
+
+TEST_F(EngineLoop, TasksOfTheMainThreadAreAppliedOneACycleNewestFirst) {
+    boot(twoPages());
+    StoreWord(word::Volume, 3);
+    StoreWord(word::Page, 1);
+    PendingSystemWrites.append(word::Page);
+    PendingSystemWrites.append(word::Volume);
+    cycles(1);
+    EXPECT_EQ(Volume, 3);
+    EXPECT_EQ(CurrentPage, 0);
+    cycles(1);
+    EXPECT_EQ(CurrentPage, 1);
+}
+
+TEST_F(EngineLoop, TheInspectorsPageComesAtTheEndOfTheCycle) {
+    boot(twoPages());
+    StoreWord(word::Page, 1);
+    PageRequestFromInspector = 1;
+    cycles(1);
+    EXPECT_EQ(CurrentPage, 1);
+    EXPECT_EQ(pixel(0, 0), qRgb(0, 255, 0)) << "and before the frame";
+    EXPECT_EQ(PageRequestFromInspector, 0);
+
+    StoreWord(word::Page, 9);
+    PageRequestFromInspector = 1;
+    cycles(1);
+    EXPECT_EQ(CurrentPage, 1);
+    EXPECT_EQ(PageRequestFromInspector, 0);
+}
+
+TEST_F(EngineLoop, VolumeIsPassedOnlyWhenItChanges) {
+    boot(twoPages());
+    cycles(1);
+    media();
+    for (const std::uint16_t volume : {8, 3, 3}) {
+        StoreWord(word::Volume, volume);
+        ApplySystemWord(word::Volume);
+        cycles(2);
+    }
+    EXPECT_EQ(media(), (std::vector<std::string>{"volume 18"}));
+}
+
+TEST_F(EngineLoop, MediaRequestsArePassedOnceAndVideoOnItsChipAlone) {
+    for (const std::uint8_t chip : {4, 5}) {
+        boot(twoPages({.Width = 64, .Height = 48, .ColourMode = 1, .ICType = chip}));
+        cycles(1);
+        media();
+        VideoRequest = 1;
+        MusicPlaying = 1;
+        CameraRequest = 1;
+        cycles(3);
+        const std::vector<std::string> all{"video", "sound", "camera"};
+        EXPECT_EQ(media(), chip == 5 ? all : std::vector<std::string>({"sound", "camera"})) << int{chip};
+        EXPECT_EQ(VideoRequest, chip == 5 ? 0u : 1u);
+    }
+}
+
+TEST_F(EngineLoop, TheIdleCountOnlyRunsWhileBright) {
+    boot(twoPages());
+    ScreenBright = 1;
+    ticks(10);
+    EXPECT_EQ(IdleTicks, 20u);
+    ScreenBright = 0;
+    ticks(10);
+    EXPECT_EQ(IdleTicks, 20u);
+}
+
+/// The engine on its own thread, and the main thread's side of it.
+class WorkThreadTest : public PanelTest {
+protected:
+    WorkThreadTest() {
+        QObject::connect(&thread, &WorkThread::Update_to_MainWindow, &thread, [this] {
+            if (const auto taken = thread.takeFrame()) {
+                last = *taken;
+                ++shown;
+            }
+        });
+    }
+
+    /// Serves the main thread's events until `done` holds; false when it takes too long.
+    template <class Condition>
+    static bool await(Condition done) {
+        QElapsedTimer timer;
+        timer.start();
+        while (!done() && timer.elapsed() < 20000) QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+        return done();
+    }
+
+    int argc = 1;
+    char name[5] = "test";
+    char* argv[2] = {name, nullptr};
+    QCoreApplication application{argc, argv};
+    WorkThread thread;
+    QImage last;
+    int shown = 0;
+};
+
+TEST_F(WorkThreadTest, ShowsFramesAndObeysTheMainThread) {
+    LoadFlash(twoPages().build());
+    thread.start();
+    ASSERT_TRUE(await([this] { return shown > 2; }));
+    EXPECT_EQ(last.pixel(0, 0), qRgb(255, 0, 0));
+    StoreWord(word::Page, 1);
+    ApplySystemWordFromMainThread(word::Page);
+    EXPECT_TRUE(await([this] { return last.pixel(0, 0) == qRgb(0, 255, 0); }));
+    thread.stop();
+    EXPECT_FALSE(thread.isRunning());
+}
+
+TEST_F(WorkThreadTest, FramesThatNobodyTakesGiveWayToTheNewest) {
+    LoadFlash(twoPages().build());
+    thread.start();
+    QThread::msleep(200); // many frames, and no event loop to take them
+    StoreWord(word::Page, 1);
+    ApplySystemWordFromMainThread(word::Page);
+    QThread::msleep(100);
+    thread.stop();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(shown, 1);
+    EXPECT_EQ(last.pixel(0, 0), qRgb(0, 255, 0));
+}
+
+TEST_F(WorkThreadTest, AHundredLoadsInARow) {
+    const QByteArray sound = twoPages().build();
+    const QByteArray broken(100, '\x55');
+    for (int i = 0; i < 100; ++i) {
+        thread.stop();
+        LoadFlash(i % 3 == 2 ? broken : sound);
+        thread.start();
+        if (i % 4 == 0) QCoreApplication::processEvents();
+        if (i % 10 == 0) QThread::msleep(25);
+    }
+    thread.stop();
+    LoadFlash(sound);
+    thread.start();
+    const int before = shown;
+    EXPECT_TRUE(await([this, before] { return shown > before + 2; }));
+}
+
+} // namespace
+} // namespace panel

@@ -1,0 +1,255 @@
+#include "store/system_words.h"
+
+#include "graphics/image_row.h"
+#include "pages/page_switch.h"
+#include "panel_test.h"
+#include "store/backlight.h"
+#include "store/host_command.h"
+#include "store/language.h"
+#include "widgets/touch/encoder.h"
+
+namespace panel {
+namespace {
+
+using imagekit::ImageBuilder;
+using imagekit::PanelConfig;
+using Bytes = std::vector<std::uint8_t>;
+
+void apply(std::uint16_t address, std::uint16_t value) {
+    StoreWord(address, value);
+    ApplySystemWord(address);
+}
+
+class SystemWordTest : public PanelTest {
+protected:
+    /// Pages of different colours.
+    static ImageBuilder pages(int count, PanelConfig config = {.Width = 64, .Height = 48}) {
+        ImageBuilder image(config);
+        for (int i = 0; i < count; ++i) image.addPage(PlainPage(config, QColor(8 * i + 8, 0, 0)));
+        return image;
+    }
+};
+
+TEST_F(SystemWordTest, BrightnessLevelsDimTheFrame) {
+    boot(pages(1));
+    for (int level = 0; level <= 62; ++level) {
+        apply(word::Brightness, static_cast<std::uint16_t>(level));
+        EXPECT_EQ(DimValue, 255 - 4 * level);
+    }
+    apply(word::Brightness, 63);
+    EXPECT_EQ(DimValue, 0);
+    IdleTicks = 77;
+    ScreenBright = 0;
+    apply(word::Brightness, 0x0140);
+    EXPECT_EQ(ReadLowByte(word::Brightness), 63) << "a level that does not exist is written back";
+    EXPECT_EQ(ScreenBright, 1);
+    EXPECT_EQ(IdleTicks, 77u) << "waking by a word does not restart the count-down";
+}
+
+TEST_F(SystemWordTest, VolumeIsLimitedInForceOnly) {
+    boot(pages(1));
+    apply(word::Volume, 200);
+    EXPECT_EQ(Volume, 16);
+    EXPECT_EQ(ReadWord(word::Volume), 200);
+}
+
+TEST_F(SystemWordTest, PageWordSwitchesOnlyToAnotherPageThatExists) {
+    boot(pages(3));
+    apply(word::Page, 2);
+    EXPECT_EQ(CurrentPage, 2);
+    apply(word::Page, 3);
+    EXPECT_EQ(CurrentPage, 2);
+    EXPECT_EQ(ReadWord(word::Page), 3) << "the request stays as it was written";
+}
+
+TEST_F(SystemWordTest, VirtualKeyWaitsForItsRow) {
+    boot(pages(1));
+    apply(word::VirtualKey, 0x0105);
+    EXPECT_EQ(VirtualKeyPending, 1);
+    EXPECT_EQ(VirtualKeyCode, 0x0105);
+}
+
+TEST_F(SystemWordTest, MainThreadHandsOverWhatDraws) {
+    boot(pages(3));
+    StoreWord(word::Page, 1);
+    ApplySystemWordFromMainThread(word::Page);
+    EXPECT_EQ(CurrentPage, 0);
+    cycles(1);
+    EXPECT_EQ(CurrentPage, 1);
+
+    StoreWord(word::Volume, 3);
+    ApplySystemWordFromMainThread(word::Volume);
+    EXPECT_EQ(Volume, 3) << "at once";
+}
+
+class LanguageTest : public SystemWordTest {
+protected:
+    void SetUp() override {
+        ImageBuilder image = pages(2, {.Width = 64, .Height = 48, .LangueNum = 3});
+        image.addLanguagePreset(1, 0x0100, Bytes{0xAB, 0xCD, 0xEF});
+        image.addLanguagePreset(1, 0x6FFF, Bytes{1, 2, 3, 4});
+        boot(image);
+    }
+};
+
+TEST_F(LanguageTest, ChangeLoadsItsPresetsAndShowsThePageAgain) {
+    FrameSurface.fill(Qt::white);
+    StoreLowByte(word::Language, 1);
+    ApplySystemWordFromMainThread(word::Language);
+    EXPECT_EQ(Language, 0);
+    cycles(1);
+    EXPECT_EQ(Language, 1);
+    EXPECT_EQ(ReadWord(0x0100), 0xABCD);
+    EXPECT_EQ(ReadByte(0x0202), 0xEF);
+    EXPECT_TRUE(WordDiffers(0x0100)) << "widgets have yet to show it";
+    EXPECT_NE(pixel(0, 0), qRgb(255, 255, 255));
+}
+
+TEST_F(LanguageTest, OneThatDoesNotExistIsPutBack) {
+    FrameSurface.fill(Qt::white);
+    for (const std::uint16_t language : {0, 3, 255}) {
+        apply(word::Language, language);
+        EXPECT_EQ(ReadLowByte(word::Language), 0);
+    }
+    cycles(1);
+    EXPECT_EQ(pixel(0, 0), qRgb(255, 255, 255)) << "no page was shown";
+}
+
+class BacklightTest : public SystemWordTest {
+protected:
+    void SetUp() override {
+        boot(pages(1, {.Width = 64, .Height = 48, .AutoBL = true, .BLON = 60, .BLSP = 5, .KPTM = 4}));
+    }
+
+    static constexpr int Bright = 255 - 4 * 60;
+    static constexpr int Dimmed = 255 - 4 * 5;
+};
+
+TEST_F(BacklightTest, DimsAfterTheIdleTimeInHalfSeconds) {
+    run(1980);
+    EXPECT_EQ(DimValue, Bright);
+    run(20);
+    EXPECT_EQ(DimValue, Dimmed);
+}
+
+TEST_F(BacklightTest, ThePressThatWakesReachesNoWidget) {
+    run(2000);
+    PressPointer({5, 5});
+    cycles(1);
+    EXPECT_EQ(DimValue, Bright);
+    EXPECT_EQ(TouchPressed, 0);
+    MovePointer({6, 6});
+    cycles(1);
+    EXPECT_EQ(TouchPressed, 0) << "for as long as it lasts";
+    ReleasePointer();
+    cycles(1);
+    PressPointer({7, 7});
+    cycles(1);
+    EXPECT_EQ(TouchPressed, 1) << "the next press counts";
+}
+
+TEST_F(BacklightTest, AHeldPressNeverDims) {
+    PressPointer({5, 5});
+    run(5000);
+    EXPECT_EQ(DimValue, Bright);
+    ReleasePointer();
+    run(1980);
+    EXPECT_EQ(DimValue, Bright);
+    run(40);
+    EXPECT_EQ(DimValue, Dimmed);
+}
+
+TEST_F(BacklightTest, AKeyOnADimmedPanelOnlyWakesIt) {
+    run(2000);
+    PressKey(EncoderKey::Key1);
+    EXPECT_EQ(DimValue, Bright);
+    EXPECT_EQ(EncoderEvent, NoEncoderEvent);
+    PressKey(EncoderKey::Key1);
+    EXPECT_EQ(EncoderEvent, 2);
+    PressKey(std::nullopt);
+    EXPECT_EQ(EncoderEvent, 2) << "another key changes nothing but the idle time";
+    EXPECT_EQ(IdleTicks, 0u);
+}
+
+TEST_F(BacklightTest, SwitchingAutoDimmingOffStopsTheCount) {
+    apply(word::AutoDimming, 0);
+    run(5000);
+    EXPECT_EQ(DimValue, Bright);
+    apply(word::AutoDimming, 2);
+    EXPECT_EQ(ScreenBright, 0) << "a value that means nothing does nothing";
+    apply(word::AutoDimming, 1);
+    EXPECT_EQ(ScreenBright, 1);
+    run(2000);
+    EXPECT_EQ(DimValue, Dimmed);
+}
+
+class HostCommandTest : public SystemWordTest {
+protected:
+    void SetUp() override { boot(pages(3, {.Width = 64, .Height = 48, .NoCRC = true})); }
+
+    /// A write command with a length byte that fits.
+    static Bytes writeFrame(std::uint16_t address, std::initializer_list<std::uint16_t> words,
+                            int checkBytes = 0) {
+        Bytes frame{static_cast<std::uint8_t>(3 + 2 * words.size() + checkBytes), 0x10,
+                    static_cast<std::uint8_t>(address >> 8), static_cast<std::uint8_t>(address)};
+        for (const std::uint16_t value : words) {
+            frame.push_back(static_cast<std::uint8_t>(value >> 8));
+            frame.push_back(static_cast<std::uint8_t>(value));
+        }
+        frame.resize(frame.size() + static_cast<std::size_t>(checkBytes));
+        return frame;
+    }
+};
+
+TEST_F(HostCommandTest, WritesWordsByItsLengthWithAndWithoutCheckBytes) {
+    HostCommand(writeFrame(0x0100, {0x1234, 0x5678}));
+    EXPECT_EQ(ReadWord(0x0101), 0x5678);
+
+    boot(pages(1, {.Width = 64, .Height = 48}));
+    HostCommand(writeFrame(0x0200, {0x1111, 0x2222}, 2));
+    EXPECT_EQ(ReadWord(0x0201), 0x2222);
+    EXPECT_EQ(ReadWord(0x0202), 0) << "check bytes are no data";
+}
+
+TEST_F(HostCommandTest, AppliesSystemWordsInOrder) {
+    HostCommand(writeFrame(word::Page, {2, 20}));
+    EXPECT_EQ(CurrentPage, 2);
+    EXPECT_EQ(DimValue, 255 - 80);
+    HostCommand(writeFrame(0x6FFF, {0, 1}));
+    EXPECT_EQ(ReadWord(word::Page), 1);
+    EXPECT_EQ(CurrentPage, 2) << "a run that begins in the user words applies nothing";
+}
+
+TEST_F(HostCommandTest, ClampsTheTimeAndSetsTheClock) {
+    HostCommand(writeFrame(word::Year, {200, 99, 40, 30, 70, 80}));
+    HostCommand(Bytes{6, 0x03, 0x70, 0x02, 0, 6});
+    const std::uint16_t expected[] = {99, 12, 31, 23, 59, 59};
+    for (std::uint16_t i = 0; i < 6; ++i)
+        EXPECT_EQ(ReadWord(static_cast<std::uint16_t>(word::Year + i)), expected[i]);
+}
+
+TEST_F(HostCommandTest, RedrawsThePageOnDemand) {
+    FrameSurface.fill(Qt::white);
+    HostCommand(writeFrame(word::Redraw, {0x5A}));
+    cycles(1);
+    EXPECT_NE(pixel(0, 0), qRgb(255, 255, 255));
+    EXPECT_EQ(ReadWord(word::Redraw), 0);
+}
+
+TEST_F(HostCommandTest, BrokenFramesChangeNothingMore) {
+    StoreWord(0x0100, 0xAAAA);
+    StoreWord(0x0101, 0xBBBB);
+    HostCommand({});
+    HostCommand(Bytes{200, 0x10, 0x01});
+    HostCommand(Bytes{200, 0x10, 0x01, 0x00, 0x12});     // half a word
+    HostCommand(Bytes{3, 0x10, 0x01, 0x00, 0x12, 0x34}); // claims no words
+    HostCommand(Bytes{5, 0x77, 0x01, 0x00, 0x12, 0x34});
+    HostCommand(Bytes{5, 0x10, 0xFF, 0xFF, 0x12, 0x34});
+    EXPECT_EQ(ReadWord(0x0100), 0xAAAA);
+    HostCommand(Bytes{255, 0x10, 0x01, 0x00, 0x12, 0x34}); // claims more than it holds
+    EXPECT_EQ(ReadWord(0x0100), 0x1234);
+    EXPECT_EQ(ReadWord(0x0101), 0xBBBB);
+}
+
+} // namespace
+} // namespace panel

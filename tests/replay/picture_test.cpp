@@ -1,0 +1,131 @@
+#include "replay_test.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+
+namespace {
+
+using namespace replay;
+
+class Pictures : public ReplayTest {
+protected:
+    void SetUp() override { load(colouredPages()); }
+
+    /// A picture of a page's colour with some other pixels in it.
+    void saveReference(const char* name, QSize size, std::initializer_list<QPoint> others = {}) const {
+        QImage picture(size, QImage::Format_RGB32);
+        picture.fill(Qt::red);
+        for (const QPoint at : others) picture.setPixel(at, qRgb(1, 2, 3));
+        ASSERT_TRUE(picture.save(file(name)));
+    }
+    QImage saved(const char* name) const { return QImage(file(name)).convertToFormat(QImage::Format_ARGB32); }
+};
+
+TEST_F(Pictures, AreSavedAsThePanelAndAsThePersonSeesThem) {
+    run("set 0x7001 31\nframe {}/frame.png\nview {}/view.png\nframe {}/slide.png SlideSurface");
+    EXPECT_EQ(saved("frame.png").size(), QSize(width, height));
+    EXPECT_EQ(saved("frame.png").pixel(9, 9), 0xFFFF0000u);
+    EXPECT_EQ(saved("view.png").pixel(9, 9), 0xFF7C0000u) << "level 31: a veil of alpha 131";
+    EXPECT_EQ(saved("slide.png").size(), QSize(3 * width, height));
+}
+
+TEST_F(Pictures, EqualTheirReferencesButForAllowedPixels) {
+    saveReference("same.png", {width, height});
+    saveReference("two.png", {width, height}, {{5, 1}, {3, 2}});
+    saveReference("part.png", {10, 8});
+    saveReference("part1.png", {10, 8}, {{9, 7}});
+    EXPECT_EQ(run("expect frame {}/same.png\nexpect frame {}/two.png 2\nexpect region 54 40 {}/part.png\n"
+                  "expect region 0 0 {}/part1.png 1\nawait 100 frame {}/same.png"),
+              Outcome::Passed)
+        << diagnostics();
+    EXPECT_EQ(run("expect frame {}/two.png 1\nexpect region 2 3 {}/part1.png"), Outcome::Failed);
+    EXPECT_EQ(
+        diagnostics(),
+        "test:1: expected frame {}/two.png but for 1 pixels, got 2 differing pixels, the first at (5, 1): "
+        "#ff010203 expected, #ffff0000 shown\n"
+        "test:2: expected region 2 3 {}/part1.png, got 1 differing pixels, the first at (9, 7): "
+        "#ff010203 expected, #ffff0000 shown\n");
+}
+
+TEST_F(Pictures, MayAppearInTime) {
+    EXPECT_EQ(
+        run("write 0x7000 1\nframe {}/green.png\nwrite 0x7000 0\nset 0x7000 1\nawait 100 frame {}/green.png"),
+        Outcome::Passed)
+        << diagnostics();
+    EXPECT_EQ(run("set 0x7000 0\nawait 60 frame {}/green.png"), Outcome::Passed) << "the first look finds it";
+    EXPECT_EQ(run("run 20\nawait 60 frame {}/green.png"), Outcome::Failed);
+}
+
+TEST_F(Pictures, ThatCannotBeComparedAreFailures) {
+    saveReference("small.png", {width, height - 1});
+    saveReference("large.png", {width + 1, height});
+    QFile garbage(file("garbage.png"));
+    ASSERT_TRUE(garbage.open(QIODevice::WriteOnly));
+    garbage.write("no picture");
+    garbage.close();
+    EXPECT_EQ(
+        run("expect frame {}/none.png\nexpect frame {}/small.png\nexpect frame {}/large.png\n"
+            "expect frame {}/garbage.png\nexpect region 1 0 {}/small.png\nexpect region 0 0 {}/none.png"),
+        Outcome::Failed);
+    EXPECT_EQ(diagnostics(), "test:1: expected frame {}/none.png, got no such file\n"
+                             "test:2: expected frame {}/small.png, got a panel of 64 x 48 pixels, and the "
+                             "file has 64 x 47 pixels\n"
+                             "test:3: expected frame {}/large.png, got a panel of 64 x 48 pixels, and the "
+                             "file has 65 x 48 pixels\n"
+                             "test:4: expected frame {}/garbage.png, got a file that is no PNG picture\n"
+                             "test:5: expected region 1 0 {}/small.png, got a panel of 64 x 48 pixels, and "
+                             "the file has 64 x 47 pixels\n"
+                             "test:6: expected region 0 0 {}/none.png, got no such file\n");
+    EXPECT_FALSE(QFile::exists(file("none.png")));
+}
+
+TEST_F(Pictures, AreBlessedOnlyWhenAsked) {
+    bench.pictures.bless = true;
+    saveReference("two.png", {width, height}, {{5, 1}, {3, 2}});
+    saveReference("part.png", {10, 8}, {{0, 0}});
+    EXPECT_EQ(run("expect frame {}/two.png\nexpect frame {}/new.png\nexpect region 2 2 {}/part.png"),
+              Outcome::Passed);
+    EXPECT_EQ(diagnostics(),
+              "test:1: blessed {}/two.png\ntest:2: blessed {}/new.png\ntest:3: blessed {}/part.png\n");
+    bench.pictures.bless = false;
+    EXPECT_EQ(run("expect frame {}/two.png\nexpect frame {}/new.png\nexpect region 2 2 {}/part.png"),
+              Outcome::Passed);
+
+    bench.pictures.bless = true;
+    EXPECT_EQ(run("expect page 1\nexpect region 0 0 {}/unknown.png"), Outcome::Failed)
+        << "neither a page nor a region of unknown size can be blessed";
+    EXPECT_FALSE(QFile::exists(file("unknown.png")));
+}
+
+TEST_F(Pictures, LeaveEvidenceWhenTheyFail) {
+    bench.pictures.evidence = file("kept/here");
+    saveReference("part.png", {10, 8}, {{0, 0}});
+    EXPECT_EQ(run("set 0x0009 0xabcd\nexpect page 1\n  expect region 2 2 {}/part.png # why\nexpect frame "
+                  "{}/none.png"),
+              Outcome::Failed);
+    EXPECT_EQ(QDir(file("kept/here")).entryList(QDir::Files).join(' ').toStdString(),
+              "test.3.actual.png test.3.difference.png test.3.line.txt test.3.words.txt "
+              "test.4.actual.png test.4.line.txt test.4.words.txt");
+    EXPECT_EQ(saved("kept/here/test.3.actual.png").size(), QSize(10, 8));
+    const QImage difference = saved("kept/here/test.3.difference.png");
+    EXPECT_EQ(difference.pixel(0, 0), 0xFFFF0000u);
+    EXPECT_EQ(difference.pixel(1, 0), 0xFF3F0000u);
+    QFile words(file("kept/here/test.3.words.txt"));
+    ASSERT_TRUE(words.open(QIODevice::ReadOnly));
+    const auto lines = words.readAll().split('\n');
+    EXPECT_EQ(lines[1], "0x0008: 0000 abcd 0000 0000 0000 0000 0000 0000");
+    EXPECT_TRUE(lines[lines.size() - 2].startsWith("0x70f8: ")
+                && lines[lines.size() - 2].size() == 7 + 7 * 5);
+    QFile line(file("kept/here/test.3.line.txt"));
+    ASSERT_TRUE(line.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(line.readAll().startsWith("  expect region 2 2 "));
+}
+
+TEST_F(Pictures, EndTheRunWhenEvidenceCannotBeKept) {
+    bench.pictures.evidence = writeImage(colouredPages()); // a file, not a directory
+    EXPECT_EQ(run("expect frame {}/none.png\nstate"), Outcome::Error);
+    EXPECT_EQ(answerStream.str(), "");
+}
+
+} // namespace

@@ -1,0 +1,143 @@
+// The program itself: arguments, streams, exit codes.
+#include "replay/commands.h"
+#include "replay_test.h"
+
+#include <QFile>
+#include <QProcess>
+
+namespace {
+
+class Program : public ReplayTest {
+protected:
+    struct Result {
+        int exitCode;
+        std::string answers;
+        std::string diagnostics;
+    };
+    void SetUp() override { image = writeImage(colouredPages()); }
+
+    Result start(const QStringList& arguments, const QByteArray& input = {}) const {
+        QProcess process;
+        process.start(REPLAY_PROGRAM, arguments);
+        process.write(input);
+        process.closeWriteChannel();
+        EXPECT_TRUE(process.waitForFinished()) << "does not end";
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+        return {process.exitCode(), process.readAllStandardOutput().toStdString(),
+                process.readAllStandardError().replace(directory.path().toUtf8(), "{}").toStdString()};
+    }
+    QString writeScript(const QByteArray& text) const {
+        QFile script(file("menu.txt"));
+        EXPECT_TRUE(script.open(QIODevice::WriteOnly) && script.write(text) == text.size());
+        return script.fileName();
+    }
+
+    QString image;
+};
+
+TEST_F(Program, TakesCommandsFromInputAndFromAFile) {
+    const QByteArray commands = "# two pages\nread 0x7000\n\nwrite 0x7000 2\nexpect page 2\n";
+    for (const QStringList& arguments :
+         {QStringList{image}, QStringList{image, "-"}, QStringList{image, writeScript(commands)}}) {
+        const Result result = start(arguments, commands);
+        EXPECT_EQ(result.exitCode, 0);
+        EXPECT_EQ(result.answers, "0x7000: 0000\n");
+        EXPECT_EQ(result.diagnostics, "");
+    }
+}
+
+TEST_F(Program, AnswersEachCommandAsItArrives) {
+    QProcess process;
+    process.start(REPLAY_PROGRAM, {image});
+    for (const char* answer : {"0x7000: 0000\n", "0x7000: 0001\n"}) {
+        process.write("read 0x7000\nwrite 0x7000 1\n");
+        ASSERT_TRUE(process.waitForReadyRead(10000));
+        EXPECT_EQ(process.readAllStandardOutput(), answer);
+    }
+    process.closeWriteChannel();
+    EXPECT_TRUE(process.waitForFinished());
+    EXPECT_EQ(process.exitCode(), 0);
+}
+
+TEST_F(Program, TellsByItsExitCodeHowItWent) {
+    const Result failed = start({image}, "expect page 1\nread 0x7000");
+    EXPECT_EQ(failed.exitCode, 1);
+    EXPECT_EQ(failed.answers, "0x7000: 0000\n");
+    EXPECT_EQ(failed.diagnostics, "stdin:1: expected page 1, got 0\n");
+
+    const Result wrong = start({image}, "read 0x7000\nraed 0x7000\nread 0x7000\n");
+    EXPECT_EQ(wrong.exitCode, 2);
+    EXPECT_EQ(wrong.answers, "0x7000: 0000\n") << "nothing behind the wrong line runs";
+    EXPECT_EQ(wrong.diagnostics, "stdin:2: there is no such command: raed\n");
+}
+
+TEST_F(Program, ChecksAFileWholeBeforeAnythingRuns) {
+    const Result result = start({image, writeScript("expect page 1\nread 0x7000\nread 0x70ff\n")});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.answers, "");
+    EXPECT_EQ(result.diagnostics, "{}/menu.txt:3: ADDR must be a word address below 0x70ff, not 0x70ff\n");
+}
+
+TEST_F(Program, RefusesBadUsage) {
+    const QString script = writeScript("state\n");
+    const QStringList refused[] = {{},
+                                   {image, script, "more"},
+                                   {"--nonsense", image},
+                                   {"--clock", "yesterday", image},
+                                   {"--clock", "2009-12-31 00:00:00", image},
+                                   {"--clock", "2026-02-30 00:00:00", image},
+                                   {"--evidence"},
+                                   {file("none.bin")},
+                                   {directory.path()},
+                                   {"/dev/zero"},
+                                   {image, file("none.txt")},
+                                   {image, directory.path()},
+                                   {image, "/dev/zero"},
+                                   {image, "/proc/self/mem"},
+                                   {image, image}};
+    for (const QStringList& arguments : refused) {
+        const Result result = start(arguments);
+        EXPECT_EQ(result.exitCode, 2) << arguments.join(' ').toStdString();
+        EXPECT_EQ(result.answers, "") << arguments.join(' ').toStdString();
+        EXPECT_NE(result.diagnostics, "") << arguments.join(' ').toStdString();
+    }
+}
+
+TEST_F(Program, ExplainsItself) {
+    const Result help = start({"--help"});
+    EXPECT_EQ(help.exitCode, 0);
+    for (const char* word : {"--clock", "--evidence", "--bless", "--version", "IMAGE.bin", "SCRIPT"})
+        EXPECT_NE(help.answers.find(word), std::string::npos) << word;
+    for (const replay::Command& command : replay::Commands())
+        EXPECT_NE(help.answers.find("\n  " + std::string(command.name) + ' '), std::string::npos)
+            << command.name;
+    EXPECT_EQ(start({"--version"}).answers, "vendaro-replay 1.20\n");
+}
+
+TEST_F(Program, StartsTheClockWhereItIsTold) {
+    const Result result =
+        start({"--clock", "2031-07-08 09:10:11", image}, "run 1000\nhost 05 03 70 02 00 06\nread 0x7002 6\n");
+    EXPECT_EQ(result.answers, "0x7002: 001f 0007 0008 0009 000a 000c\n");
+}
+
+TEST_F(Program, KeepsEvidenceAndBlessesByItsOptions) {
+    const QByteArray commands = "expect frame " + file("page.png").toUtf8() + "\n";
+    EXPECT_EQ(start({"--evidence", file("kept"), image}, commands).exitCode, 1);
+    EXPECT_TRUE(QFile::exists(file("kept/stdin.1.actual.png")));
+    EXPECT_EQ(start({"--bless", image}, commands).diagnostics, "stdin:1: blessed {}/page.png\n");
+    EXPECT_EQ(start({image}, commands).exitCode, 0);
+}
+
+TEST_F(Program, EndsAtGarbageOnItsInput) {
+    QByteArray garbage;
+    for (int i = 0; i < 100000; ++i) garbage += static_cast<char>(i * 7919 >> 3);
+    for (const QByteArray& input :
+         {garbage, QByteArray(1 << 20, '\0'), QByteArray(1 << 20, 'x'), QByteArray(1 << 20, '"')}) {
+        const Result result = start({image}, input);
+        EXPECT_EQ(result.exitCode, 2);
+        EXPECT_EQ(result.diagnostics.substr(0, 6), "stdin:");
+        EXPECT_LT(result.diagnostics.size(), 500u);
+    }
+}
+
+} // namespace

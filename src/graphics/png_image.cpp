@@ -1,0 +1,54 @@
+#include "graphics/png_image.h"
+
+#include "graphics/pixels.h"
+#include "graphics/zip_image.h"
+#include "host/flash_image.h"
+
+#include <QBuffer>
+#include <QByteArray>
+#include <QImageReader>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace panel {
+namespace {
+
+bool isLoadable(QSize size) {
+    return !size.isEmpty() && std::int64_t{size.width()} * size.height() <= LargestPicturePixels;
+}
+
+/// Qt premultiplies whole pictures with another rounding than single colours, so this is done here.
+QImage premultiplied(QImage picture) {
+    picture = std::move(picture).convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < picture.height(); ++y) {
+        auto* row = reinterpret_cast<Pixel*>(picture.scanLine(y));
+        PremultiplyRow(row, row, picture.width());
+    }
+    picture.reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied);
+    return picture;
+}
+
+} // namespace
+
+QImage DecodePng(std::uint32_t address, std::uint32_t length) {
+    const auto bytes = FlashBytes(address, length);
+    QByteArray file =
+        QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()), static_cast<int>(bytes.size()));
+    QBuffer buffer(&file);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer);
+    if (!isLoadable(reader.size())) return {}; // the head is looked at before any memory is taken
+    QImage picture = reader.read();
+    if (!isLoadable(picture.size())) return {};
+    if (picture.hasAlphaChannel()) return premultiplied(std::move(picture));
+    return std::move(picture).convertToFormat(QImage::Format_RGB32);
+}
+
+bool IsPngAt(std::uint32_t address) {
+    static constexpr std::array<std::uint8_t, 8> Signature{0x89, 'P', 'N', 'G', 0x0D, 0x0A, 0x1A, 0x0A};
+    return std::ranges::equal(FlashBytes(address, Signature.size()), Signature);
+}
+
+} // namespace panel

@@ -1,0 +1,220 @@
+// Every pixel format through every picture operation, held against the plain definition.
+#include "graphics/picture_cache.h"
+#include "graphics/surfaces.h"
+#include "host/config_block.h"
+#include "tests/graphics/flash_bytes.h"
+#include "tests/graphics/plain_pictures.h"
+
+#include <gtest/gtest.h>
+
+#include <QPainter>
+
+#include <functional>
+#include <random>
+
+namespace panel {
+namespace {
+
+constexpr QSize Screen(40, 30);
+
+struct Panel {
+    int format, colourMode, chip;
+    bool nand;
+};
+
+/// All that a picture operation can change.
+struct Scene {
+    std::vector<QImage> surfaces;
+    int lastZipMode = 0;
+    ImageRow current;
+
+    static std::vector<QImage*> all() {
+        return {&FrameSurface, &PageBackground, &WorkSurface,  &BaseSurface,        &TextSurface,
+                &ListSurfaceA, &ListSurfaceB,   &SlideSurface, &ImageScratchSurface};
+    }
+    static Scene take() {
+        Scene scene{{}, LastZipMode, CurrentImage};
+        for (const QImage* surface : all()) scene.surfaces.push_back(*surface);
+        return scene;
+    }
+    void restore() const {
+        for (std::size_t i = 0; i < surfaces.size(); ++i) *all()[i] = surfaces[i];
+        LastZipMode = static_cast<std::uint8_t>(lastZipMode);
+        CurrentImage = current;
+    }
+    bool operator==(const Scene&) const = default;
+};
+
+class Pictures : public ::testing::TestWithParam<Panel> {
+protected:
+    Pictures() {
+        ColourMode = static_cast<std::uint8_t>(GetParam().colourMode);
+        ICType = static_cast<std::uint8_t>(GetParam().chip);
+        NandFlash = GetParam().nand;
+        DisplayWidth = static_cast<std::uint16_t>(Screen.width());
+        DisplayHeight = static_cast<std::uint16_t>(Screen.height());
+        layOutFlash();
+    }
+
+    int random(int low, int high) { return std::uniform_int_distribution<>(low, high)(generator); }
+    template <class T>
+    T oneOf(const std::vector<T>& choices) {
+        return choices[static_cast<std::size_t>(random(0, static_cast<int>(choices.size()) - 1))];
+    }
+
+    QImage noise(QSize size, bool alpha) {
+        QImage picture(size, QImage::Format_ARGB32);
+        for (int y = 0; y < size.height(); ++y)
+            for (int x = 0; x < size.width(); ++x) {
+                const int opacity = alpha ? oneOf<int>({0, 255, random(0, 255)}) : 255;
+                picture.setPixel(x, y, qRgba(random(0, 255), random(0, 255), random(0, 255), opacity));
+            }
+        return picture.convertToFormat(alpha ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+    }
+
+    /// Colours of which many are 0, since some formats take that for transparent.
+    Bytes randomZip(int mode, QSize size) {
+        ZipBytes zip{.Size = size, .Mode = mode};
+        for (int segment = 0; segment < 3; ++segment) {
+            ZipSegment& made = zip.Segments.emplace_back();
+            made.Coding = oneOf<int>({0, 1, 1, 2});
+            for (auto& word : made.Palette)
+                word = static_cast<std::uint16_t>(random(0, 2) ? random(0, 0xFFFF) : 0);
+            made.Data.resize(static_cast<std::size_t>(random(0, 60)) * 2);
+            for (auto& byte : made.Data)
+                byte = static_cast<std::uint8_t>(random(0, 3) ? random(0, 20) : random(0, 255));
+        }
+        return zip.build();
+    }
+
+    void layOutFlash() {
+        Bytes flash(16000);
+        for (auto& byte : flash) byte = static_cast<std::uint8_t>(random(0, 255));
+        for (std::size_t i = 0; i < flash.size(); i += 12) std::fill_n(flash.begin() + i, random(0, 6), 0);
+        raw = {0, 4001, 15900, 0x7FFFFFF0};
+        for (const int mode : {3, 4, 5, 9})
+            zips.push_back(flash << randomZip(mode, {random(1, 50), random(1, 40)}));
+        zips.push_back(flash << randomZip(4, {5000, 9})); // too large for small chips
+        zips.push_back(flash << Bytes{'Z', 'S', 8, 0, 8, 0, 1, 3});
+        for (const bool alpha : {false, true})
+            pngs.push_back(appendPng(flash, PngBytes(noise({random(5, 50), random(5, 40)}, alpha))));
+        pngs.push_back(
+            appendPng(flash, PngBytes(noise({20, 20}, false).convertToFormat(QImage::Format_Indexed8))));
+        pngs.push_back(appendPng(flash, PngBytes(noise({20, 20}, true)).mid(0, 90)));
+        zips.push_back(flash << randomZip(3, {30, 20}).first(600)); // the image ends inside it
+        LoadBytes(flash);
+    }
+
+    ImageRow appendPng(Bytes& flash, const QByteArray& png) {
+        const std::uint32_t address = flash << Bytes(png.begin(), png.end());
+        return {.Address = address, .Extra = static_cast<std::uint32_t>(png.size())};
+    }
+
+    ImageRow randomRow(int format) {
+        ImageRow row{.Address = oneOf(raw), .Extra = static_cast<std::uint32_t>(random(0, 0xFFFFFF))};
+        if (format >= 3 && format <= 5) row.Address = oneOf(zips);
+        if (format == 7 || format == 10 || (format == 2 && random(0, 3) == 0)) row = oneOf(pngs);
+        const QSize size =
+            oneOf<QSize>({{random(0, 50), random(0, 40)}, Screen, {5000, 9}, {1, 1}, {60, 50}});
+        row.Width = static_cast<std::uint16_t>(size.width());
+        row.Height = static_cast<std::uint16_t>(size.height());
+        row.Format = static_cast<std::uint8_t>(format);
+        return row;
+    }
+
+    void randomScene() {
+        for (QImage* surface : Scene::all()) *surface = noise(Screen, surface != &FrameSurface);
+        ListSurfaceA = noise({55, 35}, true);
+        SlideSurface = noise({120, 30}, true);
+        for (QImage* surface : Scene::all()) surface->convertTo(QImage::Format_ARGB32_Premultiplied);
+        if (random(0, 1)) ListSurfaceB = QImage();
+        PopupActive = random(0, 3) == 0;
+        PopupOriginX = 5;
+        LastZipMode = static_cast<std::uint8_t>(random(0, 5));
+        CurrentImage = {};
+    }
+
+    QPoint randomPlace(int low) { return {random(low, 45), random(low, 35)}; }
+    QRect randomSource() {
+        const QSize size = oneOf<QSize>({{random(0, 45), random(0, 35)}, {1, 1}, {5000, 9}, {60, 50}});
+        return {oneOf<QPoint>({{0, 0}, randomPlace(0), {65535, 60000}}), size};
+    }
+
+    /// Runs the operation with cold and with warm cache and by the plain definition.
+    void expectSame(const std::function<int()>& fast, const std::function<int()>& slow,
+                    const std::string& what) {
+        const Scene before = Scene::take();
+        DropDecodedPictures();
+        const int coldResult = fast();
+        const Scene cold = Scene::take();
+        before.restore();
+        const int warmResult = fast();
+        const Scene warm = Scene::take();
+        before.restore();
+        const int plainResult = slow();
+        ASSERT_EQ(coldResult, plainResult) << what;
+        ASSERT_EQ(warmResult, plainResult) << what;
+        ASSERT_TRUE(cold == Scene::take()) << what;
+        ASSERT_TRUE(warm == cold) << what << " from the cache";
+    }
+
+    static constexpr int Trials = 30;
+    std::mt19937 generator{7};
+    std::vector<std::uint32_t> raw, zips;
+    std::vector<ImageRow> pngs;
+};
+
+std::string describe(const ImageRow& row, QPoint at, QRect source) {
+    return "address " + std::to_string(row.Address) + " " + std::to_string(row.Width) + "x"
+           + std::to_string(row.Height) + " at " + std::to_string(at.x()) + "," + std::to_string(at.y())
+           + " from " + std::to_string(source.x()) + "," + std::to_string(source.y()) + " "
+           + std::to_string(source.width()) + "x" + std::to_string(source.height()) + " page format "
+           + std::to_string(PageImage.Format);
+}
+
+TEST_P(Pictures, EqualThePlainDefinition) {
+    for (int trial = 0; trial < Trials && !HasFatalFailure(); ++trial) {
+        randomScene();
+        const ImageRow row = randomRow(GetParam().format);
+        PageImage = randomRow(oneOf<int>({0, 1, 2, 3, 4, 6, 7, 8, 10, 16, 0xFF}));
+        if (random(0, 1)) PageImage.Address = row.Address;
+        if (random(0, 1)) PageImage.Extra = row.Extra;
+        QImage& target = *oneOf<QImage*>({&FrameSurface, &WorkSurface, &ListSurfaceA, &ImageScratchSurface});
+        const QPoint at = randomPlace(-20);
+        const QRect source = randomSource();
+        const int stride = oneOf<int>({row.Width, 33, 40});
+        const int selector = random(0, 6);
+        const std::string what = describe(row, at, source);
+
+        expectSame([&] { return static_cast<int>(BlitImage(target, at, row, source, stride)); },
+                   [&] { return static_cast<int>(plain::BlitImage(target, at, row, source, stride)); },
+                   "BlitImage " + what);
+        expectSame([&] { return DrawImage(target, at, row, static_cast<Backdrop>(selector)), 0; },
+                   [&] { return plain::DrawImage(target, at, row, selector), 0; },
+                   "DrawImage " + what + " selector " + std::to_string(selector));
+        expectSame([&] { return RestoreFrameRect(at, row, source, stride), 0; },
+                   [&] { return plain::RestoreFrameRect(at, row, source, stride), 0; },
+                   "RestoreFrameRect " + what);
+        PageImage.Format = row.Format;
+        expectSame([&] { return RestoreWorkRect(at, source), 0; },
+                   [&] { return plain::RestoreWorkRect(at, source), 0; }, "RestoreWorkRect " + what);
+    }
+}
+
+std::vector<Panel> allPanels() {
+    std::vector<Panel> panels;
+    for (const int format : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 16, 0xFF})
+        for (const int colourMode : {0, 1})
+            for (const int chip : {0, 3, 5})
+                for (const bool nand : {false, true}) panels.push_back({format, colourMode, chip, nand});
+    return panels;
+}
+
+INSTANTIATE_TEST_SUITE_P(AllFormats, Pictures, ::testing::ValuesIn(allPanels()), [](const auto& row) {
+    const Panel& p = row.param;
+    return "Format" + std::to_string(p.format) + "Mode" + std::to_string(p.colourMode) + "Chip"
+           + std::to_string(p.chip) + (p.nand ? "Nand" : "");
+});
+
+} // namespace
+} // namespace panel

@@ -1,0 +1,33 @@
+#include "host/frame_presenter.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QPixmap>
+
+QImage VeiledFrame(const QImage& frame, std::uint8_t veil) {
+    if (veil == 0) return frame;
+    QImage veiled = frame.copy();
+    QPainter(&veiled).fillRect(veiled.rect(), QColor(0, 0, 0, veil));
+    return veiled;
+}
+
+QSize ZoomedSize(QSize frame, float zoom) {
+    return {qRound(static_cast<float>(frame.width()) * zoom),
+            qRound(static_cast<float>(frame.height()) * zoom)};
+}
+
+void FramePresenter::show(const QImage& frame, std::uint8_t veil, float zoom) {
+    const Shown now{
+        .frame = frame.cacheKey(), .veil = veil, .zoom = zoom, .deviceRatio = view_.devicePixelRatioF()};
+    if (now == shown_) return;
+    shown_ = now;
+    frame_ = frame;
+
+    // On a dense screen the picture is scaled once, straight to the screen's own pixels.
+    const QSize deviceSize = QSizeF(ZoomedSize(frame.size(), zoom) * now.deviceRatio).toSize();
+    QPixmap pixmap = QPixmap::fromImage(
+        VeiledFrame(frame, veil).scaled(deviceSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    pixmap.setDevicePixelRatio(now.deviceRatio);
+    view_.setPixmap(pixmap);
+    view_.resize(ZoomedSize(frame.size(), zoom));
+}

@@ -1,0 +1,59 @@
+#include "host/command_line.h"
+#include "host/main_window.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QPixmap>
+#include <QTimer>
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+namespace {
+
+std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
+    if (AsksForTextOnly(argc, argv)) return std::make_unique<QCoreApplication>(argc, argv);
+    return std::make_unique<QApplication>(argc, argv);
+}
+
+QIcon programIcon() {
+    QIcon icon;
+    for (const int size : {16, 32, 48, 128}) icon.addFile(QStringLiteral(":/Icon/vendaro-%1.png").arg(size));
+    return icon;
+}
+
+/// No box in a run that nobody watches: a message ends it.
+void failWithMessage(const QString& text) {
+    std::fprintf(stderr, "vendaro: %s\n", qPrintable(text));
+    QCoreApplication::exit(EXIT_FAILURE);
+}
+
+void planScreenshot(MainWindow& window, const CommandLine& line) {
+    window.setMessageSink(failWithMessage);
+    QTimer::singleShot(line.afterMs, &window, [&window, file = line.screenshot] {
+        if (window.grab().save(file, "PNG"))
+            QCoreApplication::quit();
+        else
+            failWithMessage(QStringLiteral("Cannot write %1.").arg(file));
+    });
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QCoreApplication::setApplicationName(QStringLiteral("vendaro"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(VENDARO_VERSION));
+    const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);
+    const CommandLine line = ReadCommandLine(*application);
+
+    MainWindow window;
+    QApplication::setWindowIcon(programIcon());
+    if (!line.screenshot.isEmpty()) planScreenshot(window, line);
+    if (!line.image.isEmpty())
+        QTimer::singleShot(0, &window, [&window, &line] { window.openImage(line.image); });
+    window.show();
+    return QCoreApplication::exec();
+}

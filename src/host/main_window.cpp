@@ -1,0 +1,229 @@
+#include "host/main_window.h"
+
+#include "host/config_block.h"
+#include "host/engine_loop.h"
+#include "host/flash_image.h"
+#include "host/image_file.h"
+#include "host/media_requests.h"
+#include "host/work_thread.h"
+#include "store/backlight.h"
+#include "ui_main_window.h"
+#include "widgets/touch/encoder.h"
+#include "widgets/touch/pointer.h"
+
+#include <QCoreApplication>
+#include <QCursor>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QKeyEvent>
+#include <QMimeData>
+
+#include <optional>
+#include <utility>
+
+using namespace std::chrono_literals;
+
+/// The pictures lie in a static library, which links them only when asked for.
+static void linkPictures() { Q_INIT_RESOURCE(resources); }
+
+namespace {
+
+constexpr auto TickPeriod = 10ms;
+constexpr auto StartDelay = 1000ms;
+constexpr QSize PlaceholderSize(800, 480);
+constexpr float ZoomStep = 0.2F;
+constexpr float SmallestZoom = 0.6F;
+constexpr float LargestZoom = 3.0F;
+
+std::optional<panel::EncoderKey> encoderKeyOf(int key) {
+    switch (key) {
+    case Qt::Key_Right: return panel::EncoderKey::Clockwise;
+    case Qt::Key_Left: return panel::EncoderKey::CounterClockwise;
+    case Qt::Key_1: return panel::EncoderKey::Key1;
+    case Qt::Key_2: return panel::EncoderKey::Key2;
+    case Qt::Key_3: return panel::EncoderKey::Key3;
+    default: return std::nullopt;
+    }
+}
+
+/// The image among the files dragged onto the window, or an empty path.
+QString draggedImage(const QMimeData& data) {
+    for (const QUrl& url : data.urls())
+        if (const QString path = url.toLocalFile(); path.endsWith(".bin", Qt::CaseInsensitive)) return path;
+    return {};
+}
+
+std::unique_ptr<Ui::MainWindow> makeForm(QMainWindow* window) {
+    linkPictures();
+    auto form = std::make_unique<Ui::MainWindow>();
+    form->setupUi(window);
+    return form;
+}
+
+} // namespace
+
+MainWindow::MainWindow(PathFiles pathFiles, QWidget* parent)
+    : QMainWindow(parent), ui_(makeForm(this)), pathFiles_(std::move(pathFiles)), information_(*ui_),
+      presenter_(*ui_->label_Show), workThread_(std::make_unique<WorkThread>()) {
+    setUpView();
+    setUpEngine();
+    if (QFileInfo(pathFiles_.startImage()).isFile()) information_.logLoading();
+}
+
+MainWindow::~MainWindow() { stopEngine(); }
+
+void MainWindow::setUpView() {
+    ui_->actionZoomIn->setShortcuts({QKeySequence::ZoomIn, QKeySequence(QStringLiteral("Ctrl+="))});
+    ui_->actionZoomOut->setShortcut(QKeySequence::ZoomOut);
+
+    ui_->scrollArea->setBackgroundRole(QPalette::Midlight);
+    QImage placeholder(PlaceholderSize, QImage::Format_ARGB32_Premultiplied);
+    placeholder.fill(Qt::black);
+    presenter_.show(placeholder, panel::DimValue, zoom_);
+    ui_->label_Show->installEventFilter(this);
+    ui_->label_Show->setFocus();
+}
+
+void MainWindow::setUpEngine() {
+    timer1_.setTimerType(Qt::PreciseTimer);
+    connect(&timer1_, &QTimer::timeout, this, &MainWindow::Timer1_Out_Event);
+    connect(&timer2_, &QTimer::timeout, this, &MainWindow::Timer2_Out_Event);
+    timer2_.start(StartDelay);
+    workThread_->setCommunity(this);
+    connect(workThread_.get(), &WorkThread::Update_to_MainWindow, this, &MainWindow::Update_From_Thread);
+}
+
+// --- Loading ---
+
+void MainWindow::openImage(const QString& path) {
+    timer2_.stop();
+    information_.clearLog();
+    information_.clearImage();
+    panel::IllegalImage = 0;
+    panel::VideoOnPage = 0;
+    panel::CameraOnPage = 0;
+    panel::CameraResetPending = 0;
+    LoadImage(path);
+}
+
+void MainWindow::LoadImage(const QString& path) {
+    zoom_ = 1.0F;
+    stopEngine();
+    panel::FlashImage.replace(nullptr, 0);
+    if (path.isEmpty()) return;
+    if (!panel::ReadImageFile(path)) {
+        showMessage_(QStringLiteral("Read fail,please check the path!"));
+        return;
+    }
+    if (!panel::IllegalImage) {
+        information_.showPath(path);
+        information_.showImage();
+    }
+    ui_->label_Show->setFocus();
+    pathFiles_.SaveLastPath(DirectoryOf(path));
+    startEngine();
+    emit Update_to_DialogInfo();
+}
+
+void MainWindow::stopEngine() {
+    timer1_.stop();
+    workThread_->stop();
+}
+
+void MainWindow::startEngine() {
+    timer1_.start(TickPeriod);
+    workThread_->start();
+}
+
+void MainWindow::Timer1_Out_Event() { panel::CountTick(tickCount_); }
+
+void MainWindow::Timer2_Out_Event() {
+    timer2_.stop();
+    const QString path = pathFiles_.startImage();
+    if (!panel::IllegalImage) information_.showPath(path);
+    if (!QFileInfo(path).isFile()) return;
+    information_.clearLog();
+    LoadImage(path);
+}
+
+void MainWindow::on_actionLoad_triggered() {
+    QString directory = pathFiles_.lastDirectory();
+    if (directory.isEmpty()) directory = QCoreApplication::applicationDirPath();
+    information_.logLoading();
+    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Select Flash Code"), directory,
+                                                      QStringLiteral("file(*.bin)"));
+    if (path.isEmpty())
+        information_.clearLog();
+    else
+        openImage(path);
+}
+
+void MainWindow::on_actionInfo_triggered() { ui_->tabWidget->setCurrentWidget(ui_->tabInformation); }
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!draggedImage(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    // Only after the drop has ended: a message box would hold up the program that the file comes from.
+    QTimer::singleShot(0, this, [this, path = draggedImage(*event->mimeData())] { openImage(path); });
+}
+
+// --- The view ---
+
+void MainWindow::Update_From_Thread(QImage image) {
+    presenter_.show(workThread_->takeFrame().value_or(image), panel::DimValue, zoom_);
+}
+
+void MainWindow::refreshFrame() {
+    QMetaObject::invokeMethod(this, &MainWindow::redraw, Qt::QueuedConnection);
+}
+
+void MainWindow::redraw() { presenter_.showAgain(panel::DimValue, zoom_); }
+
+void MainWindow::setZoom(float zoom) {
+    zoom_ = zoom;
+    redraw();
+}
+
+void MainWindow::on_actionZoomIn_triggered() { setZoom(zoom_ < LargestZoom ? zoom_ + ZoomStep : zoom_); }
+
+void MainWindow::on_actionZoomOut_triggered() { setZoom(zoom_ > SmallestZoom ? zoom_ - ZoomStep : zoom_); }
+
+void MainWindow::on_actionOriginal_triggered() { setZoom(1.0F); }
+
+// --- Mouse and keys ---
+
+QPoint MainWindow::cursorOnPanel() const {
+    const QPoint inView = QCursor::pos() - ui_->label_Show->mapToGlobal(QPoint());
+    return {static_cast<int>(static_cast<float>(inView.x()) / zoom_),
+            static_cast<int>(static_cast<float>(inView.y()) / zoom_)};
+}
+
+bool MainWindow::cursorInView() const {
+    const QWidget* viewport = ui_->scrollArea->viewport();
+    return viewport->rect().contains(viewport->mapFromGlobal(QCursor::pos()));
+}
+
+void MainWindow::mousePressEvent(QMouseEvent* /*event*/) {
+    pressOutsideView_ = !cursorInView();
+    if (!pressOutsideView_) panel::PressPointer(cursorOnPanel());
+}
+
+void MainWindow::mouseMoveEvent(QMouseEvent* /*event*/) {
+    if (!pressOutsideView_) panel::MovePointer(cursorOnPanel());
+}
+
+void MainWindow::mouseReleaseEvent(QMouseEvent* /*event*/) {
+    pressOutsideView_ = false;
+    panel::ReleasePointer();
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress)
+        panel::PressKey(encoderKeyOf(static_cast<QKeyEvent*>(event)->key()));
+    return QMainWindow::eventFilter(watched, event);
+}

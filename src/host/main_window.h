@@ -1,0 +1,90 @@
+// The program's window: loads images, runs the engine thread over them, shows the panel's frames and turns
+// mouse and keys into the panel's input.
+#pragma once
+
+#include "host/community.h"
+#include "host/frame_presenter.h"
+#include "host/information_panel.h"
+#include "host/message_box.h"
+#include "host/path_files.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+#include <utility>
+
+class WorkThread;
+
+namespace Ui {
+class MainWindow;
+}
+
+/// Main thread. One at a time, since the panel behind it is one.
+class MainWindow : public QMainWindow, public panel::community {
+    Q_OBJECT
+
+public:
+    explicit MainWindow(PathFiles pathFiles = PathFiles(), QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    /// Loads the image that the user chose, in place of whatever runs and of the image that the start would
+    /// load.
+    void openImage(const QString& path);
+
+    /// Where messages for the user go: ShowMessage() unless a run without a user sets something else.
+    void setMessageSink(std::function<void(const QString&)> sink) { showMessage_ = std::move(sink); }
+
+    /// From the engine thread; done on the main thread.
+    void refreshFrame() override;
+
+signals:
+    /// A newly loaded image can be described.
+    void Update_to_DialogInfo();
+
+public slots:
+    void Update_From_Thread(QImage image);
+    void Timer1_Out_Event();
+    void Timer2_Out_Event();
+    void on_actionLoad_triggered();
+    void on_actionInfo_triggered();
+    void on_actionZoomIn_triggered();
+    void on_actionZoomOut_triggered();
+    void on_actionOriginal_triggered();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void setUpView();
+    void setUpEngine();
+
+    void LoadImage(const QString& path);
+    void stopEngine();
+    void startEngine();
+
+    void setZoom(float zoom);
+    void redraw();
+    /// Where the mouse cursor is, in panel pixels.
+    QPoint cursorOnPanel() const;
+    bool cursorInView() const;
+
+    std::unique_ptr<Ui::MainWindow> ui_;
+    PathFiles pathFiles_;
+    InformationPanel information_;
+    FramePresenter presenter_;
+    std::function<void(const QString&)> showMessage_ = ShowMessage;
+    QTimer timer1_; // the panel's tick
+    QTimer timer2_; // the start by path file
+    std::unique_ptr<WorkThread> workThread_;
+    int tickCount_ = 0; // ticks of the running second, 0..99
+    float zoom_ = 1.0F;
+    bool pressOutsideView_ =
+        false; // the mouse button went down beside the view; such a drag is not the panel's
+};

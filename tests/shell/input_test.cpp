@@ -1,0 +1,210 @@
+#include "shell/window_fixture.h"
+
+#include "store/backlight.h"
+#include "store/system_words.h"
+#include "store/variable_store.h"
+#include "widgets/touch/encoder.h"
+#include "widgets/touch/pointer.h"
+
+#include <QCursor>
+#include <QScrollBar>
+#include <QWindow>
+
+#include <string>
+#include <tuple>
+
+namespace {
+
+/// How dense the screen is and how often ZoomIn is pressed.
+using Scale = std::tuple<std::string, int>;
+
+class PointerTest : public WindowTest, public ::testing::WithParamInterface<Scale> {
+protected:
+    PointerTest() : WindowTest(std::get<0>(GetParam()).c_str()) {}
+
+    void SetUp() override {
+        openWindow();
+        window_->openImage(writeImage("a.bin", Qt::green, {.Width = 200, .Height = 120}));
+        ASSERT_TRUE(shows(Qt::green));
+        for (int i = 0; i < std::get<1>(GetParam()); ++i) {
+            trigger("actionZoomIn");
+            zoom_ += 0.2F;
+        }
+    }
+
+    QPoint moveCursor(QPoint inView) {
+        QCursor::setPos(view().mapToGlobal(inView));
+        return view().mapTo(window_.get(), inView);
+    }
+    QWindow* windowHandle() const { return window_->windowHandle(); }
+    void press(QPoint inView) {
+        QTest::mousePress(windowHandle(), Qt::LeftButton, Qt::NoModifier, moveCursor(inView));
+    }
+    void move(QPoint inView) { QTest::mouseMove(windowHandle(), moveCursor(inView)); }
+    void release() { QTest::mouseRelease(windowHandle(), Qt::LeftButton); }
+
+    static QPoint touched() { return {panel::TouchX, panel::TouchY}; }
+    QPoint onPanel(QPoint inView) const {
+        return {static_cast<int>(static_cast<float>(inView.x()) / zoom_),
+                static_cast<int>(static_cast<float>(inView.y()) / zoom_)};
+    }
+
+    float zoom_ = 1.0F;
+};
+
+TEST_P(PointerTest, FollowsTheMouseInPanelPixels) {
+    const QPoint start(101, 63);
+    const QPoint end(150, 99);
+    press(start);
+    EXPECT_EQ(panel::TouchPressed, 1);
+    EXPECT_EQ(touched(), onPanel(start));
+    move(end);
+    EXPECT_EQ(touched(), onPanel(end));
+    EXPECT_EQ(QPoint(panel::TouchStartX, panel::TouchStartY), onPanel(start));
+    EXPECT_EQ(panel::TouchStartLatched, 1);
+    release();
+    EXPECT_EQ(panel::TouchPressed, 0);
+    EXPECT_EQ(panel::TouchStartLatched, 0);
+}
+
+TEST_P(PointerTest, DraggingOffThePanelEndsThePress) {
+    const QPoint farCorner(qRound(200 * zoom_), qRound(120 * zoom_));
+    for (const QPoint outside :
+         {QPoint(-10, 20), QPoint(20, -10), farCorner + QPoint(1, -20), farCorner + QPoint(-20, 1)}) {
+        press({20, 20});
+        EXPECT_EQ(panel::TouchPressed, 1);
+        move(outside);
+        EXPECT_EQ(panel::TouchPressed, 0) << outside.x() << ',' << outside.y();
+        release();
+    }
+}
+
+TEST_P(PointerTest, APressBesideTheViewIsNotThePanels) {
+    panel::ReleasePointer();
+    auto& information = find<QWidget>("tabInformation");
+    QCursor::setPos(information.mapToGlobal(QPoint(4, 4)));
+    QTest::mousePress(windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                      information.mapTo(window_.get(), QPoint(4, 4)));
+    move({20, 20});
+    EXPECT_EQ(panel::TouchPressed, 0);
+    release();
+    press({20, 20});
+    EXPECT_EQ(panel::TouchPressed, 1);
+    release();
+}
+
+TEST_P(PointerTest, AgreesWithThePictureWhenTheViewIsScrolled) {
+    window_->resize(560, 300);
+    auto& area = find<QScrollArea>("scrollArea");
+    area.ensureVisible(view().width() - 1, view().height() - 1, 0, 0);
+    const QPoint nearFarCorner(view().width() - 8, view().height() - 8);
+    press(nearFarCorner);
+    EXPECT_EQ(panel::TouchPressed, 1);
+    EXPECT_EQ(touched(), onPanel(nearFarCorner));
+    release();
+}
+
+INSTANTIATE_TEST_SUITE_P(Scales, PointerTest,
+                         ::testing::Combine(::testing::Values("1", "1.5", "2"), ::testing::Values(0, 2, 10)),
+                         [](const auto& row) {
+                             const std::string density = std::get<0>(row.param);
+                             return "Density" + density.substr(0, 1) + (density.size() > 1 ? "AndHalf" : "")
+                                    + "ZoomIn" + std::to_string(std::get<1>(row.param));
+                         });
+
+class ViewTest : public WindowTest {};
+
+TEST_F(ViewTest, ZoomsInFloatStepsBetweenItsLimits) {
+    openWindow();
+    float zoom = 1.0F;
+    const auto expectZoom = [&] {
+        EXPECT_EQ(view().size(), QSize(qRound(800 * zoom), qRound(480 * zoom))) << zoom;
+        EXPECT_EQ(view().pixmap(Qt::ReturnByValue).size(), view().size());
+    };
+    for (int i = 0; i < 13; ++i) {
+        trigger("actionZoomIn");
+        if (zoom < 3.0F) zoom += 0.2F;
+        expectZoom();
+    }
+    EXPECT_GE(zoom, 3.0F);
+    for (int i = 0; i < 15; ++i) {
+        trigger("actionZoomOut");
+        if (zoom > 0.6F) zoom -= 0.2F;
+        expectZoom();
+    }
+    EXPECT_LE(zoom, 0.6F);
+    trigger("actionOriginal");
+    zoom = 1.0F;
+    expectZoom();
+}
+
+TEST_F(ViewTest, ALoadReturnsToTheOriginalSize) {
+    openWindow();
+    trigger("actionZoomIn");
+    window_->openImage(writeImage("a.bin", Qt::green));
+    EXPECT_TRUE(shows(Qt::green));
+    EXPECT_EQ(view().size(), QSize(800, 480));
+}
+
+TEST_F(ViewTest, TheVeilDarkensTheShownFrame) {
+    openWindow();
+    window_->openImage(writeImage("a.bin", QColor(200, 100, 50)));
+    ASSERT_TRUE(shows(QColor(200, 100, 50)));
+    panel::DimValue = 0x80;
+    EXPECT_TRUE(shows(QColor(100, 50, 25)));
+    panel::DimValue = 255;
+    EXPECT_TRUE(shows(Qt::black));
+}
+
+TEST_F(ViewTest, AnUnchangedFrameIsNotUploadedAgain) {
+    QLabel label;
+    FramePresenter presenter(label);
+    QImage frame(40, 30, QImage::Format_ARGB32_Premultiplied);
+    frame.fill(Qt::red);
+    auto uploads = [&, last = qint64{0}](const QImage& image, std::uint8_t veil, float zoom) mutable {
+        presenter.show(image, veil, zoom);
+        return std::exchange(last, label.pixmap(Qt::ReturnByValue).cacheKey()) != last;
+    };
+    EXPECT_TRUE(uploads(frame, 10, 1.0F));
+    EXPECT_FALSE(uploads(frame, 10, 1.0F));
+    EXPECT_FALSE(uploads(QImage(frame), 10, 1.0F));
+    EXPECT_TRUE(uploads(frame, 11, 1.0F));
+    EXPECT_TRUE(uploads(frame, 11, 1.4F));
+    frame.setPixel(0, 0, 0xff00ff00);
+    EXPECT_TRUE(uploads(frame, 11, 1.4F));
+    presenter.showAgain(0, 1.0F);
+    EXPECT_EQ(label.pixmap(Qt::ReturnByValue).toImage().pixel(0, 0), 0xff00ff00);
+}
+
+TEST_F(ViewTest, KeysAreTheRotaryEncoder) {
+    openWindow();
+    view().setFocus();
+    const std::pair<Qt::Key, int> keys[] = {
+        {Qt::Key_Right, 0}, {Qt::Key_Left, 1}, {Qt::Key_1, 2}, {Qt::Key_2, 3}, {Qt::Key_3, 4}};
+    for (const auto& [key, event] : keys) {
+        panel::IdleTicks = 1000;
+        QTest::keyClick(window_->windowHandle(), key);
+        EXPECT_EQ(panel::EncoderEvent, event);
+        EXPECT_EQ(panel::IdleTicks, 0U);
+    }
+    QTest::keyClick(window_->windowHandle(), Qt::Key_A);
+    EXPECT_EQ(panel::EncoderEvent, 4);
+}
+
+TEST_F(ViewTest, AKeyOnADimmedPanelOnlyWakesIt) {
+    openWindow();
+    view().setFocus();
+    panel::StoreLowByte(panel::word::AutoDimming, 1);
+    panel::StoreLowByte(panel::word::Brightness, 63);
+    panel::ScreenBright = 0;
+    panel::DimValue = 200;
+    panel::EncoderEvent = panel::NoEncoderEvent;
+    QTest::keyClick(window_->windowHandle(), Qt::Key_1);
+    EXPECT_EQ(panel::EncoderEvent, panel::NoEncoderEvent);
+    EXPECT_EQ(panel::ScreenBright, 1);
+    EXPECT_EQ(panel::DimValue, 0);
+    QTest::keyClick(window_->windowHandle(), Qt::Key_1);
+    EXPECT_EQ(panel::EncoderEvent, 2);
+}
+
+} // namespace

@@ -1,0 +1,108 @@
+// Opens the real window on files of its own, for tests that use it as a person does.
+#pragma once
+
+#include "host/flash_image.h"
+#include "host/main_window.h"
+#include "host/media_requests.h"
+#include "imagekit/image_builder.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QScrollArea>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextEdit>
+#include <QTimer>
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <memory>
+
+class WindowTest : public ::testing::Test {
+protected:
+    explicit WindowTest(const char* scale = "1") {
+        qputenv("QT_SCALE_FACTOR", scale);
+        application_ = std::make_unique<QApplication>(argc_, argv_);
+    }
+
+    void openWindow() {
+        window_.reset(); // there is one panel
+        window_ = std::make_unique<MainWindow>(PathFiles(directory_.path()));
+        window_->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
+    }
+
+    // Files
+
+    QString path(const QString& name) const { return directory_.filePath(name); }
+
+    QString writeFile(const QString& name, const QByteArray& bytes) const {
+        QFile file(path(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+        return file.fileName();
+    }
+
+    QByteArray readFile(const QString& name) const {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
+    }
+
+    /// An image of one page in one colour.
+    QString writeImage(const QString& name, const QColor& colour, imagekit::PanelConfig config = {}) const {
+        config.ColourMode = 1;
+        imagekit::ImageBuilder image(config);
+        image.addPage(imagekit::Solid{.Width = config.Width, .Height = config.Height, .Colour = colour});
+        return writeFile(name, image.build());
+    }
+
+    // The window
+
+    template <class Widget>
+    Widget& find(const char* name) const {
+        return *window_->findChild<Widget*>(name);
+    }
+    QString text(const char* label) const { return find<QLabel>(label).text(); }
+    QString log() const { return find<QTextEdit>("textEdit").toPlainText(); }
+    QLabel& view() const { return find<QLabel>("label_Show"); }
+    void trigger(const char* action) const { find<QAction>(action).trigger(); }
+
+    QColor shownColour() const {
+        const QImage picture = view().pixmap(Qt::ReturnByValue).toImage();
+        return picture.pixelColor(picture.rect().center());
+    }
+    bool shows(const QColor& colour) const {
+        return QTest::qWaitFor([&] { return shownColour() == colour; }, 3000);
+    }
+
+    /// Whether there is an engine that serves its requests.
+    static bool engineRuns() {
+        panel::MusicStopRequest = 1;
+        return QTest::qWaitFor([] { return panel::MusicStopRequest == 0; }, 300);
+    }
+
+    /// Does something with the next modal window, as soon as it is there.
+    template <class Dialog>
+    static void whenOpen(std::function<void(Dialog&)> act) {
+        QTimer::singleShot(10, qApp, [act] {
+            if (auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget()))
+                act(*dialog);
+            else
+                whenOpen<Dialog>(act);
+        });
+    }
+
+    QTemporaryDir directory_;
+    std::unique_ptr<MainWindow> window_;
+
+private:
+    char name_[6] = "tests";
+    char* argv_[2] = {name_, nullptr};
+    int argc_ = 1;
+    std::unique_ptr<QApplication> application_;
+
+public:
+    ~WindowTest() override { window_.reset(); } // before the application
+};

@@ -1,0 +1,151 @@
+// Where things stand on the demo's pages: the painted cards and keys, and the places that the live widgets
+// fill. All in px of the panel; places on a pop-up count from the top left corner of its picture.
+#pragma once
+
+#include <QPoint>
+#include <QRect>
+
+namespace demo::layout {
+
+inline constexpr QSize Screen{800, 480};
+
+inline constexpr int Left = 108, Right = 780, Top = 66, Bottom = 464; // of the content
+inline constexpr int Gap = 12;
+inline constexpr int Width = Right - Left;
+inline constexpr int Height = Bottom - Top;
+
+/// The rectangle from one corner to the other, the far edges not included.
+constexpr QRect Span(int left, int top, int right, int bottom) {
+    return QRect(left, top, right - left, bottom - top);
+}
+/// Cell `index` of `count` equal cells side by side (or one above the other) with a gap between them.
+constexpr QRect Column(const QRect& area, int index, int count, int gap = Gap) {
+    const int width = (area.width() - gap * (count - 1)) / count;
+    return QRect(area.x() + index * (width + gap), area.y(), width, area.height());
+}
+constexpr QRect Row(const QRect& area, int index, int count, int gap = Gap) {
+    const int height = (area.height() - gap * (count - 1)) / count;
+    return QRect(area.x(), area.y() + index * (height + gap), area.width(), height);
+}
+
+inline constexpr QRect Content = Span(Left, Top, Right, Bottom);
+
+// On every page.
+inline constexpr int NavigationItems = 7;
+inline constexpr QRect Rail{0, 0, 88, 480};
+constexpr QRect NavigationKey(int index) { return QRect(8, 12 + 65 * index, 72, 62); }
+inline constexpr QRect Title{Left, 14, 380, 40};
+inline constexpr QRect Wifi{612, 22, 24, 24};
+inline constexpr QRect Bell{648, 22, 24, 24};
+inline constexpr QRect Clock{688, 18, 92, 32};
+
+namespace home {
+inline constexpr QRect RoomCard = Span(Left, Top, 464, 368);
+inline constexpr QPoint DialCentre{286, 222};
+inline constexpr int DialRadius = 102; // to the middle of the ring
+inline constexpr int DialWidth = 14;
+inline constexpr QRect RoomValue{226, 182, 120, 58};
+inline constexpr QRect TargetValue{254, 266, 64, 28};
+inline constexpr QRect ColderKey{208, 312, 44, 44};
+inline constexpr QRect WarmerKey{320, 312, 44, 44};
+inline constexpr QRect WeatherCard = Span(476, Top, Right, 211);
+inline constexpr QRect OutdoorValue{610, 98, 152, 50};
+inline constexpr QRect HumidityValue{520, 172, 94, 28};
+inline constexpr QRect WindValue{668, 172, 94, 28};
+inline constexpr QRect HeatPumpCard = Span(476, 223, Right, 368);
+inline constexpr QRect SupplyValue{600, 266, 77, 32};
+inline constexpr QRect ReturnValue{685, 266, 77, 32};
+inline constexpr QRect PowerBar{600, 334, 162, 10};
+inline constexpr QRect SceneRow = Span(Left, 380, Right, Bottom);
+constexpr QRect SceneKey(int index) { return Column(SceneRow, index, 4); }
+} // namespace home
+
+namespace heating {
+inline constexpr QRect PlantCard = Span(Left, Top, Right, 272);
+inline constexpr QRect SupplyValue{330, 118, 84, 30};
+inline constexpr QRect ReturnValue{330, 214, 84, 30};
+inline constexpr QRect BufferValue{456, 166, 60, 30};
+inline constexpr QRect FlowValue{590, 118, 86, 30};
+inline constexpr QRect PressureValue{590, 214, 86, 30};
+inline constexpr QRect CurveCard = Span(Left, 284, 464, Bottom);
+inline constexpr QRect CurvePlot{150, 330, 296, 104};
+inline constexpr QRect SlopeCard = Span(476, 284, Right, 368);
+inline constexpr QRect SlopeSlider{494, 338, 268, 8};
+inline constexpr QRect SlopeValue{698, 298, 64, 26};
+inline constexpr QRect ShiftCard = Span(476, 380, Right, Bottom);
+inline constexpr QRect ShiftSlider{494, 434, 268, 8};
+inline constexpr QRect ShiftValue{698, 394, 64, 26};
+} // namespace heating
+
+namespace water {
+inline constexpr QRect TankCard = Span(Left, Top, 398, Bottom);
+inline constexpr QRect Tank{176, 108, 118, 334};
+inline constexpr QRect TankTopValue{308, 136, 74, 32};
+inline constexpr QRect TankBottomValue{308, 338, 74, 32};
+inline constexpr QRect TargetCard = Span(410, Top, Right, 228);
+inline constexpr QRect TargetValue{500, 110, 190, 56};
+inline constexpr QRect LessKey{430, 112, 52, 52};
+inline constexpr QRect MoreKey{708, 112, 52, 52};
+inline constexpr QRect TargetSlider{436, 190, 318, 8};
+inline constexpr QRect ModeRow = Span(410, 240, Right, 332);
+constexpr QRect ModeKey(int index) { return Column(ModeRow, index, 3); }
+inline constexpr QRect OptionCard = Span(410, 344, Right, Bottom);
+constexpr QRect OptionRow(int index) { return Row(OptionCard, index, 2, 0); }
+constexpr QRect OptionSwitch(int index) { return QRect(708, OptionRow(index).y() + 17, 52, 28); }
+} // namespace water
+
+namespace energy {
+inline constexpr QRect FigureRow = Span(Left, Top, Right, 168);
+constexpr QRect FigureCard(int index) { return Column(FigureRow, index, 4); }
+constexpr QRect FigureValue(int index) { return QRect(FigureCard(index).x() + 14, 120, 131, 36); }
+inline constexpr QRect WeekCard = Span(Left, 180, 566, Bottom);
+inline constexpr QRect WeekPlot{152, 228, 396, 196};
+constexpr QRect DayBar(int day) {
+    return QRect(WeekPlot.x() + 19 + day * 54, WeekPlot.y(), 34, WeekPlot.height());
+}
+inline constexpr QRect ShareCard = Span(578, 180, Right, Bottom);
+inline constexpr QPoint ShareCentre{679, 290};
+inline constexpr int ShareRadius = 60;
+inline constexpr QRect ShareValue{639, 270, 80, 36};
+} // namespace energy
+
+namespace schedule {
+inline constexpr QRect WeekCard = Span(Left, Top, Right, 398);
+inline constexpr QRect Hours{168, 104, 594, 280};
+constexpr QRect DayTrack(int day) { return QRect(Hours.x(), Hours.y() + 8 + day * 39, Hours.width(), 26); }
+inline constexpr QRect KeyRow = Span(Left, 410, Right, Bottom);
+constexpr QRect ProgramKey(int index) { return Column(KeyRow, index, 4); }
+} // namespace schedule
+
+namespace settings {
+constexpr QRect Tile(int column, int row) { return Row(Column(Content, column, 2), row, 4); }
+constexpr QRect TileSlider(const QRect& tile) {
+    return QRect(tile.x() + 68, tile.y() + 60, tile.width() - 88, 8);
+}
+constexpr QRect TileValue(const QRect& tile) { return QRect(tile.right() - 121, tile.y() + 31, 78, 30); }
+constexpr QRect TileSwitch(const QRect& tile) { return QRect(tile.right() - 67, tile.y() + 32, 52, 28); }
+} // namespace settings
+
+namespace service {
+inline constexpr QRect ReadingCard = Span(Left, Top, 474, Bottom);
+inline constexpr int Readings = 8;
+constexpr QRect ReadingRow(int index) { return QRect(ReadingCard.x() + 16, 106 + index * 43, 334, 43); }
+constexpr QRect ReadingValue(int index) { return QRect(342, ReadingRow(index).y() + 8, 70, 28); }
+inline constexpr QRect CircuitCard = Span(486, Top, Right, 296);
+inline constexpr QRect SupportCard = Span(486, 308, Right, Bottom);
+inline constexpr QRect QrCode{504, 326, 120, 120};
+} // namespace service
+
+namespace popup {
+inline constexpr int Shadow = 28; // px of shadow around the window
+inline constexpr QSize Picture{452, 316};
+inline constexpr QPoint Origin{218, 82}; // on the screen
+inline constexpr QRect Window{Shadow, Shadow, 396, 260};
+inline constexpr QRect LessKey{Shadow + 92, Shadow + 124, 48, 48};
+inline constexpr QRect Value{Shadow + 148, Shadow + 126, 100, 44};
+inline constexpr QRect MoreKey{Shadow + 256, Shadow + 124, 48, 48};
+inline constexpr QRect CancelKey{Shadow + 20, Shadow + 192, 172, 48};
+inline constexpr QRect ConfirmKey{Shadow + 204, Shadow + 192, 172, 48};
+} // namespace popup
+
+} // namespace demo::layout

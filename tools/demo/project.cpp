@@ -1,0 +1,121 @@
+#include "demo/project.h"
+
+#include "demo/dither.h"
+#include "demo/layout.h"
+#include "demo/pages/pages.h"
+#include "demo/theme.h"
+#include "demo/words.h"
+
+namespace demo {
+namespace {
+
+namespace format = imagekit::format;
+
+QImage paintStandby() {
+    QImage image(layout::Screen, QImage::Format_RGB32);
+    image.fill(colour::Rail);
+    return image;
+}
+
+imagekit::Picture pictureOf(const PaintedPage& page) {
+    if (page.format != format::SolidColour) return imagekit::Pixels{page.image, page.format};
+    return imagekit::Solid{static_cast<std::uint16_t>(page.image.width()),
+                           static_cast<std::uint16_t>(page.image.height()), page.image.pixelColor(0, 0)};
+}
+
+/// What a scene sets, and that its choice leads back to the home page.
+imagekit::PagePreset scenePreset(words::SceneId scene, std::uint16_t roomTarget, std::uint16_t waterTarget,
+                                 std::uint16_t waterMode) {
+    return {.Id = static_cast<std::uint16_t>(scene + 1),
+            .Items = {{words::Scene, scene},
+                      {words::RoomTarget, roomTarget},
+                      {words::WaterTarget, waterTarget},
+                      {words::WaterMode, waterMode},
+                      {words::Page, HomePage}}};
+}
+
+void addScenes(imagekit::Page& page) {
+    page.add(scenePreset(words::Comfort, 215, 500, 1));
+    page.add(scenePreset(words::Eco, 195, 450, 0));
+    page.add(scenePreset(words::Night, 175, 450, 0));
+    page.add(scenePreset(words::Away, 150, 400, 0));
+}
+
+void setMeasurements(imagekit::ImageBuilder& image) {
+    image.setWord(words::RoomTemperature, 212);
+    image.setWord(words::OutdoorTemperature, 74);
+    image.setWord(words::Humidity, 48);
+    image.setWord(words::WindSpeed, 31);
+    image.setWord(words::SupplyTemperature, 348);
+    image.setWord(words::ReturnTemperature, 296);
+    image.setWord(words::BufferTemperature, 341);
+    image.setWord(words::TankUpperTemperature, 518);
+    image.setWord(words::TankLowerTemperature, 436);
+    image.setWord(words::FlowRate, 920);
+    image.setWord(words::WaterPressure, 17);
+    image.setWord(words::PowerLevel, 42);
+    image.setWord(words::CompressorSpeed, 46);
+    image.setWord(words::FanSpeed, 610);
+    image.setWord(words::HighPressure, 243);
+    image.setWord(words::LowPressure, 78);
+    image.setWord(words::DischargeTemperature, 687);
+    image.setWord(words::SuctionTemperature, 53);
+    image.setWord(words::ValveOpening, 37);
+    image.setWord(words::OperatingHours, 4318);
+}
+
+void setEnergy(imagekit::ImageBuilder& image) {
+    image.setWord(words::ElectricityToday, 83);
+    image.setWord(words::HeatToday, 341);
+    image.setWord(words::SolarToday, 56);
+    image.setWord(words::Efficiency, 411);
+    image.setWord(words::ShareHeating, 68);
+    image.setWord(words::ShareHotWater, 27);
+    image.setWord(words::ShareStandby, 5);
+    image.setWords(words::WeekEnergy, {212, 187, 243, 201, 176, 264, 83});
+}
+
+void setChoices(imagekit::ImageBuilder& image) {
+    image.setWord(words::RoomTarget, 215);
+    image.setWord(words::Scene, words::Comfort);
+    image.setWord(words::CurveSlope, 90);
+    image.setWord(words::WaterTarget, 500);
+    image.setWord(words::WaterMode, 1);
+    image.setWord(words::Circulation, 1);
+    image.setWord(words::Hygiene, 1);
+    image.setWord(words::AwayDays, 7);
+    image.setWord(words::BoostMinutes, 45);
+}
+
+} // namespace
+
+std::vector<PaintedPage> PaintPages() {
+    // Art with gradients goes into formats that keep them; flat pages compress well.
+    return {{"home", PaintHome(), format::PngOpaque},
+            {"heating", DitherTo565(PaintHeating()), format::RGB565},
+            {"hot-water", PaintHotWater(), format::aRGB8888},
+            {"energy", PaintEnergy(), format::ZipImage},
+            {"schedule", PaintSchedule(), format::ZipImage},
+            {"settings", PaintSettings(), format::ZipImage},
+            {"service", PaintService(), format::RGB565},
+            {"away", PaintAwayPopup(), format::PngAlpha},
+            {"boost", PaintBoostPopup(), format::aRGB8888},
+            {"standby", paintStandby(), format::SolidColour}};
+}
+
+imagekit::ImageBuilder BuildProject(const std::vector<PaintedPage>& pages) {
+    imagekit::ImageBuilder image({.Width = layout::Screen.width(),
+                                  .Height = layout::Screen.height(),
+                                  .EditorVersion = "V1.20",
+                                  .UserVER = "Demo 1",
+                                  .StartPage = HomePage});
+    for (const PaintedPage& page : pages) image.addPage(pictureOf(page));
+    addScenes(image.page(HomePage));
+    addScenes(image.page(AwayPopup));
+    setMeasurements(image);
+    setEnergy(image);
+    setChoices(image);
+    return image;
+}
+
+} // namespace demo

@@ -1,0 +1,38 @@
+// The demo project as a whole: which page has which picture, the presets, and the values at start.
+#pragma once
+
+#include "imagekit/image_builder.h"
+
+#include <QImage>
+
+#include <cstdint>
+#include <vector>
+
+namespace demo {
+
+/// In the order of the image's pages; the first seven are those of the navigation rail.
+enum PageId : std::uint16_t {
+    HomePage,
+    HeatingPage,
+    HotWaterPage,
+    EnergyPage,
+    SchedulePage,
+    SettingsPage,
+    ServicePage,
+    AwayPopup,
+    BoostPopup,
+    StandbyPage,
+};
+
+struct PaintedPage {
+    const char* name; // of its file, without ending
+    QImage image;
+    std::uint8_t format;
+};
+
+/// All pages, painted, in the order of PageId.
+std::vector<PaintedPage> PaintPages();
+
+imagekit::ImageBuilder BuildProject(const std::vector<PaintedPage>& pages);
+
+} // namespace demo

@@ -1,15 +1,9 @@
 #include "host/frame_presenter.h"
 
-#include <QLabel>
-#include <QPainter>
-#include <QPixmap>
+#include "graphics/veil.h"
 
-QImage VeiledFrame(const QImage& frame, std::uint8_t veil) {
-    if (veil == 0) return frame;
-    QImage veiled = frame.copy();
-    QPainter(&veiled).fillRect(veiled.rect(), QColor(0, 0, 0, veil));
-    return veiled;
-}
+#include <QLabel>
+#include <QPixmap>
 
 QSize ZoomedSize(QSize frame, float zoom) {
     return {qRound(static_cast<float>(frame.width()) * zoom),
@@ -26,7 +20,7 @@ void FramePresenter::show(const QImage& frame, std::uint8_t veil, float zoom) {
     // On a dense screen the picture is scaled once, straight to the screen's own pixels.
     const QSize deviceSize = QSizeF(ZoomedSize(frame.size(), zoom) * now.deviceRatio).toSize();
     QPixmap pixmap = QPixmap::fromImage(
-        VeiledFrame(frame, veil).scaled(deviceSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+        panel::VeiledFrame(frame, veil).scaled(deviceSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
     pixmap.setDevicePixelRatio(now.deviceRatio);
     view_.setPixmap(pixmap);
     view_.resize(ZoomedSize(frame.size(), zoom));

@@ -35,8 +35,5 @@ private:
     Shown shown_;
 };
 
-/// The frame as the eye sees it under the veil. A veil of 0 costs nothing.
-QImage VeiledFrame(const QImage& frame, std::uint8_t veil);
-
 /// Size of the view of a frame, in the window's pixels.
 QSize ZoomedSize(QSize frame, float zoom);

@@ -67,6 +67,12 @@ TEST_P(PointerTest, FollowsTheMouseInPanelPixels) {
     EXPECT_EQ(panel::TouchStartLatched, 0);
 }
 
+TEST_P(PointerTest, ThePictureHasThePixelsOfTheScreen) {
+    const QSize size(qRound(200 * zoom_), qRound(120 * zoom_));
+    EXPECT_EQ(view().size(), size);
+    EXPECT_EQ(view().pixmap(Qt::ReturnByValue).size(), (QSizeF(size) * view().devicePixelRatioF()).toSize());
+}
+
 TEST_P(PointerTest, DraggingOffThePanelEndsThePress) {
     const QPoint farCorner(qRound(200 * zoom_), qRound(120 * zoom_));
     for (const QPoint outside :

@@ -61,7 +61,7 @@ int turned(int degrees) {
 const SinCos& row(int degrees) { return SinCosTable[static_cast<std::size_t>(degrees)]; }
 
 /// Ends further away than this lie on no panel, and lines to them are not drawn.
-constexpr int FarthestPixel = 1 << 24;
+constexpr int FarthestPixel = 1 << 17;
 
 bool isNear(int coordinate) { return coordinate >= -FarthestPixel && coordinate <= FarthestPixel; }
 

@@ -90,7 +90,8 @@ protected:
     void layOutFlash() {
         Bytes flash(16000);
         for (auto& byte : flash) byte = static_cast<std::uint8_t>(random(0, 255));
-        for (std::size_t i = 0; i < flash.size(); i += 12) std::fill_n(flash.begin() + i, random(0, 6), 0);
+        for (std::size_t i = 0; i + 12 < flash.size(); i += 12)
+            std::fill_n(flash.begin() + i, random(0, 6), 0);
         raw = {0, 4001, 15900, 0x7FFFFFF0};
         for (const int mode : {3, 4, 5, 9})
             zips.push_back(flash << randomZip(mode, {random(1, 50), random(1, 40)}));

@@ -1,4 +1,5 @@
-// The pictures that the engine paints on. All are Format_ARGB32_Premultiplied and belong to the engine thread.
+// The pictures that the engine paints on. All are Format_ARGB32_Premultiplied and belong to the engine
+// thread.
 #pragma once
 
 #include <QImage>
@@ -15,7 +16,7 @@ inline QImage BaseSurface;         // PageBackground with the page's background 
 inline QImage SlideSurface;        // three pages side by side during a slide
 inline QImage TextSurface;         // underlay of the text engine
 inline QImage PopupSaveSurface;    // the frame as it was under a pop-up
-inline QImage ImageScratchSurface; // picture of image format 11
+inline QImage ImageScratchSurface; // picture of image format 11, 32 bits a pixel, as PngPicture() gives it
 inline QImage OverlaySurface;      // laid over the camera picture
 inline QImage ListSurfaceA;        // the sliding list: null until a page has one
 inline QImage ListSurfaceB;

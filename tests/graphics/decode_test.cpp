@@ -13,7 +13,8 @@
 namespace panel {
 namespace {
 
-constexpr QRgb Black = 0xFF000000, Red = 0xFFFF0000, Green = 0xFF00FF00, White = 0xFFFFFFFF;
+constexpr QRgb Black = 0xFF000000, Red = 0xFFFF0000, Green = 0xFF00FF00, Blue = 0xFF0000FF,
+               White = 0xFFFFFFFF;
 constexpr ImageRow Zip{.Address = 0, .Width = 3, .Height = 2, .Format = format::ZipImage};
 
 class Decoding : public ::testing::Test {
@@ -91,6 +92,15 @@ TEST_F(Decoding, SegmentsFollowTheirRules) {
     EXPECT_EQ(pixels(PageBackground), std::vector(6, White)) << "whatever the target, it lands on the frame";
 }
 
+TEST_F(Decoding, BytesBeyondTheImageAreZero) {
+    ZipSegment made = segment(1, {0, 1, 2}); // the index of the second run is missing, and three more pairs
+    made.Palette[0] = 0x001F;
+    made.Length = 8;
+    load(3, {made}, {4, 2});
+    EXPECT_EQ(BlitImage(WorkSurface, {0, 0}, Zip, {0, 0, 4, 2}, 4), BlitResult::Done);
+    EXPECT_EQ(pixels(WorkSurface, {4, 2}), (std::vector{Red, Blue, Blue, Blue, Blue, Blue, Black, Black}));
+}
+
 TEST_F(Decoding, LongRunsOfEveryLengthFillThePicture) {
     for (int last = 0; last < 600; ++last) { // so the end of the picture cuts runs at every place
         std::vector<QRgb> expected;
@@ -121,6 +131,18 @@ TEST_F(Decoding, HugeClaimsCostNoTime) {
         DrawImage(FrameSurface, {0, 0}, Zip, Backdrop::Page);
     }
     EXPECT_EQ(pixels(FrameSurface), std::vector<QRgb>(6, White));
+}
+
+TEST_F(Decoding, TheLastRowOfAnImageIsReadToItsLastByte) {
+    for (const int imageFormat : {0, 1, 2, 6, 8})
+        for (int width = 1; width < 20; ++width) {
+            const int bytes = imageFormat == 6 ? 4 : imageFormat == 8 ? 3 : 2;
+            LoadBytes(Bytes(static_cast<std::size_t>(width * bytes), 0xFF));
+            FrameSurface.fill(Qt::black);
+            BlitImage(FrameSurface, {0, 0}, {.Address = 0, .Format = static_cast<std::uint8_t>(imageFormat)},
+                      {0, 0, width, 1}, width);
+            EXPECT_EQ(pixels(FrameSurface, {width, 1}), std::vector(static_cast<std::size_t>(width), White));
+        }
 }
 
 TEST_F(Decoding, AnythingCanBeAPicture) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <vector>
 
 namespace demo {
@@ -9,19 +10,21 @@ namespace {
 
 constexpr std::array<int, 3> LargestStep{31, 63, 31}; // red, green, blue
 
-using Errors = std::vector<std::array<int, 3>>; // of a row, in sixteenths, one pixel more at each end
+using Channels = std::array<float, 3>;
+using Errors = std::vector<Channels>; // of a row, one pixel more at each end
 
 /// Floyd and Steinberg's shares of a rounding error.
-void spread(Errors& thisRow, Errors& nextRow, std::size_t at, std::size_t channel, int error) {
-    thisRow[at + 1][channel] += error * 7;
-    nextRow[at - 1][channel] += error * 3;
-    nextRow[at][channel] += error * 5;
-    nextRow[at + 1][channel] += error;
+void spread(Errors& thisRow, Errors& nextRow, std::size_t at, std::size_t channel, float error) {
+    thisRow[at + 1][channel] += error * 7 / 16;
+    nextRow[at - 1][channel] += error * 3 / 16;
+    nextRow[at][channel] += error * 5 / 16;
+    nextRow[at + 1][channel] += error / 16;
 }
 
 /// The nearest value that a channel with that many steps can hold.
-int nearest(int value, int largestStep) {
-    const int step = (std::clamp(value, 0, 255) * largestStep + 127) / 255;
+int nearest(float value, int largestStep) {
+    const auto step = static_cast<int>(
+        std::lround(std::clamp(value, 0.0f, 255.0f) * static_cast<float>(largestStep) / 255));
     return (step * 255 + largestStep / 2) / largestStep;
 }
 
@@ -38,14 +41,14 @@ QImage DitherTo565(const QImage& picture) {
             const std::array<int, 3> wanted{qRed(row[x]), qGreen(row[x]), qBlue(row[x])};
             std::array<int, 3> held{};
             for (std::size_t channel = 0; channel < held.size(); ++channel) {
-                const int value = wanted[channel] + thisRow[x + 1][channel] / 16;
+                const float value = static_cast<float>(wanted[channel]) + thisRow[x + 1][channel];
                 held[channel] = nearest(value, LargestStep[channel]);
-                spread(thisRow, nextRow, x + 1, channel, value - held[channel]);
+                spread(thisRow, nextRow, x + 1, channel, value - static_cast<float>(held[channel]));
             }
             row[x] = qRgb(held[0], held[1], held[2]);
         }
         thisRow.swap(nextRow);
-        std::fill(nextRow.begin(), nextRow.end(), std::array<int, 3>{});
+        std::fill(nextRow.begin(), nextRow.end(), Channels{});
     }
     return result;
 }

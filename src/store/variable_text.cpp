@@ -71,13 +71,15 @@ EncodedText EncodeText(const QString& text, TextEncoding encoding) {
     return encoded;
 }
 
-bool WriteVariableText(std::uint16_t address, const EncodedText& text) {
-    const std::size_t offset = 2 * std::size_t{address};
-    const auto size = static_cast<std::size_t>(text.bytes.size());
+bool VariableTextFits(std::uint16_t address, const EncodedText& text) {
     const bool empty = std::ranges::all_of(text.bytes, [](char byte) { return byte == 0; });
-    if (empty || offset + size > 2 * std::size_t{HandWrittenWordCount}) return false;
-    StoreBytes(offset, {reinterpret_cast<const std::uint8_t*>(text.bytes.constData()), size});
-    return true;
+    return !empty && 2 * address + text.bytes.size() <= 2 * HandWrittenWordCount;
+}
+
+void WriteVariableText(std::uint16_t address, const EncodedText& text) {
+    if (!VariableTextFits(address, text)) return;
+    StoreBytes(2 * std::size_t{address}, {reinterpret_cast<const std::uint8_t*>(text.bytes.constData()),
+                                          static_cast<std::size_t>(text.bytes.size())});
 }
 
 QString ReadVariableText(std::uint16_t address, TextEncoding encoding) {

@@ -22,9 +22,11 @@ EncodedText EncodeText(const QString& text, TextEncoding encoding);
 /// User words from here on are out of reach of writes by hand.
 inline constexpr std::uint16_t HandWrittenWordCount = 0x6000;
 
-/// Writes an encoded text from a word address on. False, and nothing is written, when it holds nothing but
-/// its end mark or does not end below HandWrittenWordCount. Any thread.
-bool WriteVariableText(std::uint16_t address, const EncodedText& text);
+/// Whether a text can be written from a word address on: it holds more than its end mark and ends below
+/// HandWrittenWordCount.
+bool VariableTextFits(std::uint16_t address, const EncodedText& text);
+/// Writes a text that fits; any other is dropped. Any thread.
+void WriteVariableText(std::uint16_t address, const EncodedText& text);
 
 /// The text from a word address on, up to its end mark. One without an end mark ends after 0x2000 bytes or
 /// with the store. Any thread.

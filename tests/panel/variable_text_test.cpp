@@ -10,6 +10,13 @@ namespace {
 
 using namespace panel;
 
+/// Writes a text if it fits, and tells whether.
+bool write(std::uint16_t address, const char* text, TextEncoding encoding) {
+    const EncodedText encoded = EncodeText(QString::fromUtf8(text), encoding);
+    WriteVariableText(address, encoded);
+    return VariableTextFits(address, encoded);
+}
+
 struct TextCase {
     const char* name;
     TextEncoding encoding;
@@ -46,27 +53,28 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(VariableText, ReadsBackWhatWasWritten) {
     QString hanzi;
     for (ushort unit = 0x4E00; unit < 0x4F00; ++unit) hanzi += QChar(unit);
+    const QByteArray utf8 = hanzi.toUtf8();
     for (const auto encoding : {TextEncoding::GBK, TextEncoding::Unicode, TextEncoding::Utf8}) {
-        ASSERT_TRUE(WriteVariableText(0x1234, EncodeText(hanzi, encoding)));
+        ASSERT_TRUE(write(0x1234, utf8.constData(), encoding));
         EXPECT_EQ(ReadVariableText(0x1234, encoding), hanzi) << static_cast<int>(encoding);
     }
     for (const auto encoding : {TextEncoding::GB2312, TextEncoding::Big5}) {
-        ASSERT_TRUE(WriteVariableText(0x1234, EncodeText("中文 text", encoding)));
+        ASSERT_TRUE(write(0x1234, "中文 text", encoding));
         EXPECT_EQ(ReadVariableText(0x1234, encoding), "中文 text") << static_cast<int>(encoding);
     }
 }
 
 TEST(VariableText, IsWrittenWholeAndWithinReachOrNotAtAll) {
-    EXPECT_TRUE(WriteVariableText(0x5FFE, EncodeText("abc", TextEncoding::GBK)));
-    EXPECT_FALSE(WriteVariableText(0x5FFE, EncodeText("wxyz", TextEncoding::GBK)));
+    EXPECT_TRUE(write(0x5FFE, "abc", TextEncoding::GBK));
+    EXPECT_FALSE(write(0x5FFE, "wxyz", TextEncoding::GBK));
     EXPECT_EQ(ReadVariableText(0x5FFE, TextEncoding::GBK), "abc") << "nothing is written in part";
-    EXPECT_TRUE(WriteVariableText(0x5FFE, EncodeText("a", TextEncoding::Unicode)));
-    EXPECT_FALSE(WriteVariableText(0x5FFF, EncodeText("a", TextEncoding::Unicode)));
-    EXPECT_FALSE(WriteVariableText(0x5FFE, EncodeText("", TextEncoding::GBK)));
-    EXPECT_FALSE(WriteVariableText(0x5FFE, EncodeText("", TextEncoding::Unicode)));
+    EXPECT_TRUE(write(0x5FFE, "a", TextEncoding::Unicode));
+    EXPECT_FALSE(write(0x5FFF, "a", TextEncoding::Unicode));
+    EXPECT_FALSE(write(0x5FFE, "", TextEncoding::GBK));
+    EXPECT_FALSE(write(0x5FFE, "", TextEncoding::Unicode));
     EXPECT_EQ(ReadWord(0x5FFE), 0x0061);
-    EXPECT_FALSE(WriteVariableText(0x7000, EncodeText("a", TextEncoding::Utf8)));
-    EXPECT_FALSE(WriteVariableText(0xFFFF, EncodeText("a", TextEncoding::Utf8)));
+    EXPECT_FALSE(write(0x7000, "a", TextEncoding::Utf8));
+    EXPECT_FALSE(write(0xFFFF, "a", TextEncoding::Utf8));
 }
 
 TEST(VariableText, WithoutAnEndMarkEndsAfterAWhileOrWithTheStore) {

@@ -183,11 +183,12 @@ Action PrepareText(Arguments& arguments) {
     if (encoded.replaced != 0)
         throw CommandError(
             QString("%1 cannot hold %2 characters of the text").arg(encoding.name).arg(encoded.replaced));
+    if (!panel::VariableTextFits(address, encoded))
+        throw CommandError("the text does not end within reach of the inspector, below "
+                           + AddressText(panel::HandWrittenWordCount));
     return [address, encoded](Bench& bench) {
         bench.panel.requireRunning();
-        if (!panel::WriteVariableText(address, encoded))
-            throw CommandError("the text does not end within reach of the inspector, below "
-                               + AddressText(panel::HandWrittenWordCount));
+        panel::WriteVariableText(address, encoded);
     };
 }
 

@@ -4,7 +4,6 @@
 #include "host/engine_loop.h"
 #include "host/flash_image.h"
 #include "host/image_file.h"
-#include "host/media_requests.h"
 #include "host/work_thread.h"
 #include "store/backlight.h"
 #include "ui_main_window.h"
@@ -101,20 +100,14 @@ void MainWindow::openImage(const QString& path) {
     timer2_.stop();
     information_.clearLog();
     information_.clearImage();
-    panel::IllegalImage = 0;
-    panel::VideoOnPage = 0;
-    panel::CameraOnPage = 0;
-    panel::CameraResetPending = 0;
     LoadImage(path);
 }
 
 void MainWindow::LoadImage(const QString& path) {
     zoom_ = 1.0F;
     stopEngine();
-    panel::FlashImage.replace(nullptr, 0);
-    if (path.isEmpty()) return;
     if (!panel::ReadImageFile(path)) {
-        showMessage_(QStringLiteral("Read fail,please check the path!"));
+        if (!path.isEmpty()) showMessage_(QStringLiteral("Read fail,please check the path!"));
         return;
     }
     if (!panel::IllegalImage) {

@@ -25,7 +25,7 @@ QImage PictureCache::picture(const PictureKey& key, const std::function<QImage()
         entries_.splice(entries_.begin(), entries_, found->second);
         return found->second->picture;
     }
-    const QImage decoded = decode();
+    QImage decoded = decode();
     keep(key, decoded);
     return decoded;
 }

@@ -76,8 +76,7 @@ void CopyPiece(QImage& target, QPoint at, const QImage& picture, QRect source) {
 }
 
 void BlendPiece(QImage& target, QPoint at, const QImage& picture, QRect source) {
-    const QImage held = picture; // when it is the target, the target detaches from it
-    const PictureRows rows(held);
+    const PictureRows rows(picture);
     ForEachRow(target, at, source.size(), [&](Pixel* row, int x, int y, int count) {
         rows.over(row, std::int64_t{source.x()} + x, std::int64_t{source.y()} + y, count);
     });

@@ -56,7 +56,7 @@ private:
 
 /// Copies the rectangle `source` of a picture to the target; alpha is carried over.
 void CopyPiece(QImage& target, QPoint at, const QImage& picture, QRect source);
-/// Lays it over what is on the target.
+/// Lays it over what is on the target, which is another image.
 void BlendPiece(QImage& target, QPoint at, const QImage& picture, QRect source);
 /// Copies it as it looks on black.
 void CopyPieceOnBlack(QImage& target, QPoint at, const QImage& picture, QRect source);

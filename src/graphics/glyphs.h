@@ -1,0 +1,42 @@
+// Paints the glyphs of bitmap fonts, a row at a time. Engine thread.
+#pragma once
+
+#include "graphics/font.h"
+
+#include <QImage>
+#include <QPoint>
+
+#include <array>
+#include <cstdint>
+
+namespace panel {
+
+/// What a text looks like: font, colours and spacing.
+struct TextStyle {
+    TextFont font{};
+    std::uint8_t anchor = 0;  // see text.h
+    std::uint32_t colour = 0; // words of the image, in its colour mode
+    std::uint32_t backColour = 0;
+    bool opaque = false; // whether the box is filled with backColour; what lies behind shows through if not
+    std::uint8_t charSpacing = 0; // px added to the width of every character
+    std::uint8_t lineSpacing = 0; // px between two lines
+};
+
+/// Paints glyphs of one font in one style: the full pixel value in the text colour, those between blended
+/// with what is there or, in an opaque style, mixed with the background colour.
+class GlyphPainter {
+public:
+    GlyphPainter(const TextStyle& style, std::uint8_t depthCode);
+
+    /// Paints the glyph at address `glyph` of the image, no wider than its cell, on a surface. What is not in
+    /// the image has no set pixels.
+    void paint(QImage& surface, QPoint at, int cellWidth, std::uint32_t glyph) const;
+
+private:
+    std::uint8_t width_, height_; // px
+    int depth_;                   // bits per pixel
+    int rowBytes_;
+    std::array<std::uint32_t, 16> palette_; // premultiplied, by pixel value
+};
+
+} // namespace panel

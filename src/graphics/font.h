@@ -20,6 +20,15 @@ enum class Encoding : std::uint16_t {
     Sparse = 9,       // the same, by a list of the codes that the font has
 };
 
+constexpr bool IsKnownEncoding(Encoding encoding) {
+    const auto number = static_cast<std::uint16_t>(encoding);
+    return number <= 4 || encoding == Encoding::Proportional || encoding == Encoding::Sparse;
+}
+/// Whether every character takes two bytes.
+constexpr bool HasWideUnits(Encoding encoding) {
+    return encoding == Encoding::Wide || encoding == Encoding::Proportional || encoding == Encoding::Sparse;
+}
+
 /// A font of the image, as the text entries take it.
 struct TextFont {
     Encoding encoding = Encoding::Gb2312;
@@ -33,8 +42,14 @@ TextFont FontAt(std::uint32_t address);
 /// The font of a row of the font table.
 TextFont TableFont(std::uint8_t index);
 
-/// Bits per pixel of a depth code 0..2. Other codes are undefined and count as 1 bit.
-constexpr int GlyphDepth(std::uint8_t depthCode) { return depthCode <= 2 ? 1 << depthCode : 1; }
+constexpr bool IsKnownDepth(std::uint8_t depthCode) { return depthCode <= 2; }
+/// Bits per pixel of a depth code; an unknown one counts as 1 bit.
+constexpr int GlyphDepth(std::uint8_t depthCode) { return IsKnownDepth(depthCode) ? 1 << depthCode : 1; }
+
+/// Bytes of a row of a glyph.
+constexpr std::uint32_t GlyphRowBytes(std::uint8_t width, std::uint8_t depthCode) {
+    return (static_cast<std::uint32_t>(GlyphDepth(depthCode)) * width + 7) / 8;
+}
 
 /// A character of a text, or what stands in its place.
 struct TextUnit {
@@ -54,10 +69,7 @@ class FontReader {
 public:
     explicit FontReader(const TextFont& font);
 
-    /// Whether texts in the font's encoding can be drawn at all.
-    bool knowsEncoding() const;
-    /// Whether a character takes two bytes in any case.
-    bool hasWideUnits() const;
+    Encoding encoding() const { return font_.encoding; }
     std::uint8_t depthCode() const { return depthCode_; }
     /// The width of a character 0x20..0x7E in px; 0 for other codes.
     std::uint8_t asciiWidth(std::uint16_t code) const;
@@ -69,8 +81,10 @@ private:
     TextUnit wideUnit(std::uint16_t code) const;
     TextUnit sparseUnit(std::uint16_t code) const;
     TextUnit asciiUnit(std::uint16_t code, std::uint8_t bytes) const;
-    TextUnit pairUnit(std::uint8_t lead, std::uint8_t second) const;
-    std::uint32_t glyphAt(std::uint32_t index) const; // of the block whose glyphs have no width byte
+    /// An entry of one byte for the width and the bitmap behind it.
+    TextUnit entryUnit(std::uint32_t entries, std::uint32_t index) const;
+    /// The address of a bitmap in the block that starts with the ASCII characters.
+    std::uint32_t blockGlyph(std::uint32_t index) const;
 
     TextFont font_;
     std::uint16_t firstCode_; // in a sparse font: the number of codes

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "graphics/font.h"
+#include "graphics/pixels.h"
 
 #include <QImage>
 #include <QPoint>
@@ -33,10 +34,14 @@ public:
     void paint(QImage& surface, QPoint at, int cellWidth, std::uint32_t glyph) const;
 
 private:
+    /// The pixels of `count` columns of a row of 2 or 4 bits a pixel.
+    void expandRow(const std::uint8_t* line, int first, int count, Pixel* pixels) const;
+
     std::uint8_t width_, height_; // px
     int depth_;                   // bits per pixel
     int rowBytes_;
-    std::array<std::uint32_t, 16> palette_; // premultiplied, by pixel value
+    bool coversAll_;                // every pixel value replaces what is there
+    std::array<Pixel, 16> palette_; // by pixel value
 };
 
 } // namespace panel

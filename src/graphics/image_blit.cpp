@@ -205,6 +205,12 @@ BlitResult BlitImage(QImage& target, QPoint at, const ImageRow& image, QRect sou
     return BlitResult::Done;
 }
 
+void BlitPage(QPoint at, QRect source) {
+    ImageRow page = PageImage;
+    page.Format = format::RGB565;
+    BlitImage(WorkSurface, at, page, source, DisplayWidth);
+}
+
 void DrawImage(QImage& target, QPoint at, const ImageRow& image, Backdrop backdrop) {
     const QRect whole(0, 0, image.Width, image.Height);
     const QImage* behind = servesBackdrop(image.Format, backdrop) ? backdropSurface(backdrop) : nullptr;

@@ -25,6 +25,9 @@ enum class BlitResult : int { BadData = -1, Nothing = 0, Done = 1 };
 /// RGB565 with the address of PageImage asks for a piece of the page's background, whatever format that has.
 BlitResult BlitImage(QImage& target, QPoint at, const ImageRow& image, QRect source, int stride);
 
+/// Draws the rectangle `source` (panel coordinates) of the page's background at `at` on the WorkSurface.
+void BlitPage(QPoint at, QRect source);
+
 /// The surface that DrawImage() takes as backdrop of pictures with transparency.
 enum class Backdrop : std::uint8_t { Page = 0, Frame = 1, Base = 2, Text = 3, ListB = 5 };
 

@@ -1,5 +1,6 @@
 #include "host/engine_loop.h"
 
+#include "graphics/ascii_fonts.h"
 #include "graphics/image_blit.h"
 #include "graphics/surfaces.h"
 #include "host/config_block.h"
@@ -18,7 +19,12 @@ namespace panel {
 namespace {
 
 constexpr QRgb ErrorColour = qRgb(0x00, 0xA2, 0xFF);
+/// The same colour and red, as words of an image in colour mode 0 and in any other.
+constexpr std::uint32_t ErrorColourWords[] = {0x051F, 0x00A2FF};
+constexpr std::uint32_t RedWords[] = {0xF800, 0xFF0000};
 constexpr std::uint8_t ErrorBrightness = 56;
+constexpr QPoint ErrorTextAt(0, 10);
+constexpr int ErrorTextHeight = 24;
 constexpr QSize ErrorPanelSize(800, 480); // where the image names no size that can be
 constexpr int PlayerSteps = 6;            // of the player's 0..96 for one of the panel's 0..16
 constexpr std::uint8_t RefreshPeriod = 20;
@@ -30,6 +36,10 @@ bool panelSizeCanBe() {
 
 StartResult showError(PanelOutputs& outputs) {
     FrameSurface.fill(ErrorColour);
+    const int mode = ColourMode == 0 ? 0 : 1;
+    const auto background = PageImage.hasPicture() ? AsciiBackground::Page : AsciiBackground::Colour;
+    DrawAsciiText(ErrorTextAt, ErrorTextHeight, background, RedWords[mode], ErrorColourWords[mode],
+                  "Illegal UI file");
     DimValue = DimValueOf(ErrorBrightness);
     outputs.showFrame(FrameSurface);
     return StartResult::Illegal;
@@ -39,6 +49,7 @@ StartResult showImpossiblePanel(PanelOutputs& outputs) {
     DisplayWidth = static_cast<std::uint16_t>(ErrorPanelSize.width());
     DisplayHeight = static_cast<std::uint16_t>(ErrorPanelSize.height());
     MakeSurfaces(ErrorPanelSize);
+    PageImage = {};
     return showError(outputs);
 }
 

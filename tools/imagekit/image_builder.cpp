@@ -12,7 +12,10 @@
 namespace imagekit {
 namespace {
 
-constexpr std::size_t LargestCount = 0xFFFF; // 0xFFFF as an index means none
+constexpr std::size_t LargestCount = 0xFFFF;    // 0xFFFF as an index means none
+constexpr std::size_t LargestFontCount = 0x100; // records name a font in one byte
+constexpr std::size_t LargestString = 1024;     // bytes
+constexpr std::uint32_t NoString = 0xFFFFFFFF;
 constexpr std::size_t VariableBytes = panel::UserByteCount;
 
 /// Stores a picture's data and gives its row.
@@ -58,6 +61,7 @@ void placeLanguagePresets(const std::vector<Bytes>& presets, ImageLayout& layout
     layout.placeTable(SectionWord::LanguagePresetTable, table.data(), presets.size());
 }
 
+std::string stringName(std::size_t index) { return "string " + std::to_string(index); }
 std::string pictureName(std::size_t index) { return "picture " + std::to_string(index); }
 
 } // namespace
@@ -84,6 +88,48 @@ void ImageBuilder::setPicture(std::uint16_t index, std::uint8_t language, const 
     if (index >= pictures_.size()) throw ImageError(where, "there is no such picture");
     checkLanguage(language, where);
     pictures_[index].ofLanguage[language] = EncodePicture(picture, layout_, where);
+}
+
+std::uint8_t ImageBuilder::addFont(StoredFont font) {
+    if (fonts_.size() == LargestFontCount)
+        throw ImageError("font table", AtMost(fonts_.size() + 1, "fonts", LargestFontCount));
+    fonts_.push_back(std::move(font));
+    return static_cast<std::uint8_t>(fonts_.size() - 1);
+}
+
+const StoredFont& ImageBuilder::font(std::uint8_t index, const std::string& where) const {
+    if (index >= fonts_.size()) throw ImageError(where, "there is no font " + std::to_string(index));
+    return fonts_[index];
+}
+
+Bytes ImageBuilder::encodeString(const LanguageText& text, const std::string& where) const {
+    const Bytes bytes = EncodeText(text.Text, font(text.Font, where).Kind);
+    if (bytes.size() > LargestString) throw ImageError(where, AtMost(bytes.size(), "bytes", LargestString));
+    ByteWriter record;
+    record.u24(OpaqueColourWord(text.Colour, config_.ColourMode)).u8(text.Font);
+    return record.u16(static_cast<std::uint32_t>(bytes.size())).bytes(bytes).take();
+}
+
+std::uint16_t ImageBuilder::addString(const LanguageText& text) {
+    const std::size_t index = strings_.size() + 1;
+    if (index > LargestCount) throw ImageError(stringName(index), AtMost(index, "strings", LargestCount));
+    strings_.push_back({.common = encodeString(text, stringName(index)), .ofLanguage = {}});
+    return static_cast<std::uint16_t>(index);
+}
+
+void ImageBuilder::setString(std::uint16_t index, std::uint8_t language,
+                             const std::optional<LanguageText>& text) {
+    const std::string where = stringName(index) + " in language " + std::to_string(language);
+    if (index == 0 || index > strings_.size()) throw ImageError(where, "there is no such string");
+    checkLanguage(language, where);
+    StoredString stored;
+    if (text) stored = encodeString(*text, where);
+    strings_[index - 1u].ofLanguage[language] = std::move(stored);
+}
+
+void ImageBuilder::setText(std::uint16_t address, const QString& text, std::uint8_t fontIndex) {
+    const auto where = "initial word " + std::to_string(address);
+    setBytes(address, EncodeText(text, font(fontIndex, where).Kind));
 }
 
 void ImageBuilder::setWord(std::uint16_t address, std::uint16_t value) { setWords(address, {value}); }
@@ -152,6 +198,27 @@ void ImageBuilder::placePictures(ImageLayout& layout) const {
     layout.placeTable(SectionWord::ImageTable, table.data(), pictures_.size());
 }
 
+void ImageBuilder::placeFonts(ImageLayout& layout) const {
+    ByteWriter table;
+    for (const StoredFont& stored : fonts_) table.u32(layout.place(stored.Data)).zeros(4);
+    layout.placeTable(SectionWord::FontTable, table.data(), fonts_.size());
+}
+
+void ImageBuilder::placeStrings(ImageLayout& layout) const {
+    const auto place = [&](const StoredString& text) { return text ? layout.place(*text) : NoString; };
+    std::vector<std::uint32_t> common;
+    for (const LanguageStrings& strings : strings_) common.push_back(place(strings.common));
+    ByteWriter table;
+    for (std::size_t language = 0; language < languageCount(); ++language) {
+        for (std::size_t i = 0; i < strings_.size(); ++i) {
+            const auto& own = strings_[i].ofLanguage;
+            const auto found = own.find(static_cast<std::uint8_t>(language));
+            table.u32(found == own.end() ? common[i] : place(found->second));
+        }
+    }
+    layout.placeTable(SectionWord::StringTable, table.data(), strings_.size());
+}
+
 void ImageBuilder::applyPatches(Bytes& image) const {
     for (const Patch& patch : patches_) {
         const std::size_t end = patch.offset + patch.bytes.size();
@@ -169,6 +236,8 @@ QByteArray ImageBuilder::build() const {
     }
     placePages(pages_, layout);
     placePictures(layout);
+    placeFonts(layout);
+    placeStrings(layout);
     placeLanguagePresets(languagePresets_, layout);
     Bytes image = layout.finish(EncodeConfig(config_));
     applyPatches(image);

@@ -3,6 +3,7 @@
 // place.
 #pragma once
 
+#include "imagekit/font.h"
 #include "imagekit/page.h"
 #include "imagekit/panel_config.h"
 #include "imagekit/picture.h"
@@ -14,6 +15,7 @@
 #include <deque>
 #include <initializer_list>
 #include <map>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -49,6 +51,13 @@ enum class SectionWord : std::uint8_t {
 };
 inline constexpr std::size_t SectionWordCount = 30;
 
+/// A text of the string table, in the encoding of its font.
+struct LanguageText {
+    QString Text{}; // 1024 bytes at most
+    std::uint8_t Font = 0;
+    QColor Colour{Qt::black};
+};
+
 class ImageLayout;
 
 class ImageBuilder {
@@ -67,11 +76,22 @@ public:
     /// Another picture at an index in one language.
     void setPicture(std::uint16_t index, std::uint8_t language, const Picture& picture);
 
+    /// Appends a font to the font table and gives its index.
+    std::uint8_t addFont(StoredFont font);
+
+    /// Appends a text to the string table, the same one in all languages, and gives its index, from 1 on. Its
+    /// font must have been added.
+    std::uint16_t addString(const LanguageText& text);
+    /// Another text at an index in one language; nullopt: no text in this language.
+    void setString(std::uint16_t index, std::uint8_t language, const std::optional<LanguageText>& text);
+
     // What the user words 0..0x6FFF hold at start, if the settings have InitVar; 0 at first. Text and bytes
     // begin with the high byte of their first word.
     void setWord(std::uint16_t address, std::uint16_t value);
     void setWords(std::uint16_t address, std::initializer_list<std::uint16_t> values);
     void setBytes(std::uint16_t address, std::span<const std::uint8_t> bytes);
+    /// A text in the encoding of a font.
+    void setText(std::uint16_t address, const QString& text, std::uint8_t font);
 
     /// Bytes that a change to the language copies to the store from a word on.
     void addLanguagePreset(std::uint8_t language, std::uint16_t address, std::span<const std::uint8_t> bytes);
@@ -97,7 +117,18 @@ private:
         std::map<std::uint8_t, StoredPicture> ofLanguage;
     };
 
+    /// A string record: nothing for a language that has none.
+    using StoredString = std::optional<Bytes>;
+    struct LanguageStrings {
+        StoredString common;
+        std::map<std::uint8_t, StoredString> ofLanguage;
+    };
+
     std::size_t languageCount() const;
+    const StoredFont& font(std::uint8_t index, const std::string& where) const;
+    Bytes encodeString(const LanguageText& text, const std::string& where) const;
+    void placeFonts(ImageLayout& layout) const;
+    void placeStrings(ImageLayout& layout) const;
     void checkLanguage(std::uint8_t language, const std::string& where) const;
     void placePictures(ImageLayout& layout) const;
     void applyPatches(Bytes& image) const;
@@ -106,6 +137,8 @@ private:
     PixelLayout layout_;
     std::deque<Page> pages_;
     std::vector<LanguagePictures> pictures_;
+    std::vector<StoredFont> fonts_;
+    std::vector<LanguageStrings> strings_;
     Bytes variables_;                    // empty as long as all words are zero
     std::vector<Bytes> languagePresets_; // by language; empty when no language has any
     std::vector<Patch> patches_;

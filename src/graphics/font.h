@@ -71,7 +71,8 @@ public:
 
     Encoding encoding() const { return font_.encoding; }
     std::uint8_t depthCode() const { return depthCode_; }
-    /// The width of a character 0x20..0x7E in px; 0 for other codes.
+    /// The width of a character 0x20..0x7E in px; 0 for other codes. A sparse font has no such widths: what
+    /// stands in their place there is taken, as the panel takes it.
     std::uint8_t asciiWidth(std::uint16_t code) const;
     /// What stands at text[position]. A character that the end of the text cuts in two ends it.
     TextUnit unitAt(std::span<const std::uint8_t> text, std::size_t position) const;

@@ -57,9 +57,10 @@ void check(const FontShape& shape) {
     if (different.contains(0) || different.contains('\n')) refuse("codes 0 and 10 end texts and lines");
 }
 
-std::vector<std::uint16_t> pairs(int firstLead, std::initializer_list<std::pair<int, int>> seconds) {
+std::vector<std::uint16_t> pairs(int firstLead, int lastLead,
+                                 std::initializer_list<std::pair<int, int>> seconds) {
     std::vector<std::uint16_t> codes;
-    for (int lead = firstLead; lead <= 0xFE; ++lead)
+    for (int lead = firstLead; lead <= lastLead; ++lead)
         for (const auto& [first, last] : seconds)
             for (int second = first; second <= last; ++second)
                 codes.push_back(static_cast<std::uint16_t>(lead << 8 | second));
@@ -69,9 +70,9 @@ std::vector<std::uint16_t> pairs(int firstLead, std::initializer_list<std::pair<
 /// The codes behind the ASCII characters, in the order of their glyphs.
 std::vector<std::uint16_t> codesOf(const FontShape& shape) {
     switch (shape.Kind) {
-    case FontKind::Gb2312: return pairs(0xA1, {{0xA1, 0xFE}});
-    case FontKind::Gbk: return pairs(0x81, {{0x40, 0x7E}, {0x80, 0xFE}});
-    case FontKind::Big5: return pairs(0xA1, {{0x40, 0x7F}, {0xA0, 0xFF}});
+    case FontKind::Gb2312: return pairs(0xA1, 0xFE, {{0xA1, 0xFE}});
+    case FontKind::Gbk: return pairs(0x81, 0xFE, {{0x40, 0x7E}, {0x80, 0xFE}});
+    case FontKind::Big5: return pairs(0xA1, 0xFF, {{0x40, 0x7F}, {0xA0, 0xFF}});
     case FontKind::Sparse: return shape.Codes;
     case FontKind::Ascii: return {};
     case FontKind::Wide:

@@ -17,7 +17,7 @@ namespace imagekit {
 enum class FontKind : std::uint8_t {
     Gb2312, // all pairs A1..FE x A1..FE
     Gbk,    // all pairs 81..FE x 40..FE without 7F; 766 KB at 16 x 16 pixels of one bit
-    Big5,   // all pairs A1..FE x 40..FF, with 80..9F in one place
+    Big5,   // all pairs A1..FF x 40..FF without 80..9F
     Ascii,  // no more characters
     Wide,   // a range of 16-bit codes, all as wide as the cell; the panel uses it for rolling texts alone
     Proportional, // the same, each with a width of its own

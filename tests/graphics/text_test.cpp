@@ -1,0 +1,479 @@
+// The three text entries against the plain definition, and the places where they differ from each other.
+#include "tests/graphics/plain_text.h"
+#include "tests/panel_test.h"
+
+#include "graphics/primitives.h"
+#include "host/config_block.h"
+
+#include <chrono>
+#include <random>
+
+namespace panel {
+namespace {
+
+using imagekit::SyntheticAdvance;
+
+constexpr QSize Screen(72, 60);
+constexpr std::uint16_t FirstWide = 0x4E00, LastWide = 0x4E40;
+
+FontShape shapeOf(FontKind kind, int depth, int width = 7, int height = 6) {
+    FontShape shape{.Kind = kind,
+                    .Width = static_cast<std::uint8_t>(width),
+                    .Height = static_cast<std::uint8_t>(height),
+                    .Depth = static_cast<std::uint8_t>(depth),
+                    .FirstCode = FirstWide,
+                    .LastCode = LastWide};
+    if (kind == FontKind::Sparse) {
+        for (std::uint16_t code = 0x20; code < 0x7F; ++code) shape.Codes.push_back(code);
+        for (int i = 0; i < 300; ++i) shape.Codes.push_back(static_cast<std::uint16_t>(0x9000 + 7 * i));
+    }
+    return shape;
+}
+
+class TextTest : public PanelTest {
+protected:
+    /// A panel with one font, number 0, and noise on its page and on everything that can lie behind a text.
+    void bootWithFont(const FontShape& shape, int colourMode = 1) {
+        shape_ = shape;
+        imagekit::ImageBuilder image({.Width = static_cast<std::uint16_t>(Screen.width()),
+                                      .Height = static_cast<std::uint16_t>(Screen.height()),
+                                      .ColourMode = static_cast<std::uint8_t>(colourMode)});
+        image.addPage(imagekit::Pixels{noise(false), imagekit::format::RGB565});
+        for (const int format : {0, 1, 6})
+            image.addPicture(imagekit::Pixels{noise(format == 6), static_cast<std::uint8_t>(format)});
+        image.addPicture(imagekit::Solid{40, 40, Qt::magenta});
+        image.addFont(imagekit::SyntheticFont(shape));
+        ASSERT_EQ(boot(image), StartResult::Running);
+        TextSurface = noise(true);
+        ListSurfaceA = noise(true);
+        ListSurfaceB = noise(true);
+    }
+
+    int random(int low, int high) { return std::uniform_int_distribution<>(low, high)(random_); }
+    std::uint8_t byte(int low, int high) { return static_cast<std::uint8_t>(random(low, high)); }
+
+    QImage noise(bool alpha) {
+        QImage picture(Screen, QImage::Format_ARGB32_Premultiplied);
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                picture.setPixelColor(
+                    x, y,
+                    QColor(random(0, 255), random(0, 255), random(0, 255), alpha ? random(0, 255) : 255));
+        return picture;
+    }
+
+    PlainText plain(std::vector<std::uint8_t> text = {}) const {
+        PlainText made{
+            .shape = shape_, .style = {.font = TableFont(0)}, .background = {}, .text = std::move(text)};
+        made.style.font.encoding = EncodingOf(shape_.Kind);
+        made.style.colour = 0xF81F;
+        made.style.backColour = 0x07E0;
+        return made;
+    }
+
+    void append(std::vector<std::uint8_t>& text, std::uint16_t code) const {
+        const bool byteCode = code < 0x100 && !HasWideUnits(EncodingOf(shape_.Kind));
+        if (!byteCode) text.push_back(static_cast<std::uint8_t>(code >> 8));
+        text.push_back(static_cast<std::uint8_t>(code));
+    }
+
+    std::uint16_t randomCode() {
+        if (random(0, 9) == 0) return 10;
+        if (random(0, 2) == 0) return byte(0x20, 0x7E);
+        const auto pair = [&](int lead, int second) {
+            return static_cast<std::uint16_t>(lead << 8 | second);
+        };
+        switch (shape_.Kind) {
+        case FontKind::Gb2312: return pair(random(0xA1, 0xFE), random(0xA1, 0xFE));
+        case FontKind::Gbk: {
+            const int second = random(0x40, 0xFE);
+            return pair(random(0x81, 0xFE), second == 0x7F ? 0x80 : second);
+        }
+        case FontKind::Big5: return pair(random(0xA1, 0xFE), random(0x40, 0xFF));
+        case FontKind::Wide:
+        case FontKind::Proportional: return static_cast<std::uint16_t>(random(FirstWide, LastWide));
+        case FontKind::Sparse: return shape_.Codes[static_cast<std::size_t>(random(0, 394))];
+        case FontKind::Ascii: break;
+        }
+        return byte(0x20, 0x7E);
+    }
+
+    /// Mostly sound, now and then with something in it that ends it.
+    std::vector<std::uint8_t> randomText() {
+        std::vector<std::uint8_t> text;
+        for (int left = random(0, 24); left > 0; --left) append(text, randomCode());
+        const std::vector<std::vector<std::uint8_t>> breaks = {{0},          {0, 0},       {0x80, 0x41},
+                                                               {0xFF, 0x40}, {0xFF, 0x20}, {0xA0, 0xA1},
+                                                               {0xFE},       {0x4E, 0x41}, {0x80}};
+        if (random(0, 2) == 0) {
+            const auto& broken = breaks[static_cast<std::size_t>(random(0, 8))];
+            text.insert(text.end(), broken.begin(), broken.end());
+        }
+        return text;
+    }
+
+    PlainText randomPlain() {
+        PlainText made = plain(randomText());
+        made.mode = random(0, 3) == 0 ? TextMode::Masked : TextMode::Draw;
+        made.style.anchor = byte(0, 8);
+        made.style.opaque = random(0, 1) == 1;
+        made.style.colour = static_cast<std::uint32_t>(random(0, 0xFFFFFF));
+        made.style.backColour = static_cast<std::uint32_t>(random(0, 0xFFFFFF));
+        made.style.charSpacing = byte(0, 3);
+        made.style.lineSpacing = byte(0, 4);
+        Rotation = random(0, 2) == 0 ? byte(0, 3) : std::uint8_t{0};
+        made.background.source = static_cast<BackSource>(random(0, 2));
+        static_cast<ImageRow&>(made.background.image) = TableImageRow(byte(0, 3));
+        made.background.image.OriginX = byte(0, 9);
+        made.background.image.OriginY = byte(0, 9);
+        return made;
+    }
+
+    /// Both ways on the same surfaces; the pictures and widths must be the same.
+    template <class Draw, class DrawPlainly>
+    void compare(const Draw& draw, const DrawPlainly& drawPlainly) {
+        const std::vector<QImage*> surfaces = {&FrameSurface, &ListSurfaceA, &WorkSurface};
+        const std::size_t compared = workMatters_ ? 3 : 2;
+        const auto take = [&] { return std::vector<QImage>{FrameSurface, ListSurfaceA, WorkSurface}; };
+        const auto before = take();
+        LastTextWidth = 0xFFFF;
+        const int result = draw();
+        const std::uint16_t width = LastTextWidth;
+        const auto drawn = take();
+        for (std::size_t i = 0; i < surfaces.size(); ++i) *surfaces[i] = before[i];
+        LastTextWidth = 0xFFFF;
+        EXPECT_EQ(result, drawPlainly());
+        EXPECT_EQ(width, LastTextWidth);
+        for (std::size_t i = 0; i < compared; ++i) EXPECT_EQ(drawn[i], *surfaces[i]) << "surface " << i;
+    }
+
+    std::mt19937 random_{20261122};
+    FontShape shape_;
+    bool workMatters_ = false;
+};
+
+struct FontCase {
+    FontKind kind;
+    int depth, colourMode;
+};
+std::string Name(const FontCase& font) {
+    static constexpr const char* names[] = {"Gb2312", "Gbk",          "Big5",  "Ascii",
+                                            "Wide",   "Proportional", "Sparse"};
+    return std::string(names[static_cast<int>(font.kind)]) + "Depth" + std::to_string(font.depth) + "Mode"
+           + std::to_string(font.colourMode);
+}
+std::vector<FontCase> allFonts() {
+    std::vector<FontCase> fonts;
+    for (const FontKind kind : {FontKind::Gb2312, FontKind::Gbk, FontKind::Big5, FontKind::Ascii,
+                                FontKind::Wide, FontKind::Proportional, FontKind::Sparse})
+        for (const int depth : {1, 2, 4}) fonts.push_back({kind, depth, depth == 4 ? 0 : depth % 2});
+    fonts.push_back({FontKind::Ascii, 4, 1});
+    fonts.push_back({FontKind::Ascii, 2, 1});
+    return fonts;
+}
+
+class TextOf : public TextTest, public ::testing::WithParamInterface<FontCase> {
+protected:
+    void SetUp() override { bootWithFont(shapeOf(GetParam().kind, GetParam().depth), GetParam().colourMode); }
+};
+
+TEST_P(TextOf, EqualsThePlainDefinitionOnFrameAndList) {
+    for (int round = 0; round < 400 && !HasFailure(); ++round) {
+        const PlainText made = randomPlain();
+        TextBox box{random(-5, 40), random(-5, 30), 0, 0};
+        box.x2 = box.x1 + random(-1, 50);
+        box.y2 = box.y1 + random(-1, 40);
+        const bool list = random(0, 1) == 1;
+        SCOPED_TRACE(round);
+        compare(
+            [&] {
+                return (list ? DrawTextList : DrawTextFrame)(made.style, made.background, box, made.text,
+                                                             made.mode);
+            },
+            [&] { return PlainText(made).drawInBox(box, list); });
+    }
+}
+
+TEST_P(TextOf, EqualsThePlainDefinitionOnTheWorkSurface) {
+    workMatters_ = true;
+    for (int round = 0; round < 400 && !HasFailure(); ++round) {
+        PlainText made = randomPlain();
+        made.style.anchor = byte(0, 11);
+        made.style.lineSpacing = 9; // plays no part
+        const QRect box(random(-5, 40), random(-5, 40), random(0, 50), random(0, 50));
+        SCOPED_TRACE(round);
+        const bool masked = made.mode == TextMode::Masked;
+        compare([&] { return DrawTextWork(made.style, box, made.text, masked), 0; },
+                [&] { return PlainText(made).drawOnWork(box), 0; });
+    }
+}
+
+TEST_P(TextOf, MeasuringDrawsNothing) {
+    PlainText made = plain();
+    for (const char c : std::string("width")) append(made.text, static_cast<std::uint8_t>(c));
+    int width = 0;
+    for (const char c : std::string("width")) width += SyntheticAdvance(shape_, static_cast<std::uint8_t>(c));
+    const QImage before = FrameSurface;
+    EXPECT_EQ(DrawTextFrame(made.style, {}, {0, 0, 300, 5}, made.text, TextMode::Measure), width);
+    EXPECT_EQ(LastTextWidth, width);
+    EXPECT_EQ(DrawTextFrame(made.style, {}, {0, 0, 300, 4}, made.text, TextMode::Measure), 0)
+        << "no line fits";
+    EXPECT_EQ(FrameSurface, before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Fonts, TextOf, ::testing::ValuesIn(allFonts()),
+                         [](const auto& row) { return Name(row.param); });
+
+class Text : public TextTest {
+protected:
+    QRgb work(int x, int y) const { return WorkSurface.pixel(x, y); }
+
+    /// A font all of whose glyphs are filled and `width` wide.
+    imagekit::StoredFont filled(FontShape shape, std::uint8_t width) {
+        shape_ = shape;
+        return imagekit::EncodeFont(shape, [=](std::uint16_t) {
+            return imagekit::Glyph{width,
+                                   std::vector<std::uint8_t>(std::size_t{shape.Width} * shape.Height, 0xFF)};
+        });
+    }
+    TextStyle bootFilled(const FontShape& shape, std::uint8_t width, std::uint8_t anchor = 3) {
+        imagekit::ImageBuilder image({.Width = 72, .Height = 60, .ColourMode = 1});
+        image.addPage(imagekit::Solid{72, 60, Qt::white});
+        image.addFont(filled(shape, width));
+        EXPECT_EQ(boot(image), StartResult::Running);
+        FrameSurface.fill(Qt::red); // what is neither drawn nor cleaned stays red
+        TextStyle style{.font = TableFont(0), .anchor = anchor, .colour = 0x0000FF};
+        style.font.encoding = EncodingOf(shape.Kind);
+        return style;
+    }
+    /// The rows of a column of the frame: b(lue) text, w(hite) page, r(ed) untouched.
+    static std::string column(int x, int fromY, int toY) {
+        std::string rows;
+        for (int y = fromY; y <= toY; ++y) rows += letter(FrameSurface.pixel(x, y));
+        return rows;
+    }
+    static std::string row(int y, int fromX, int toX) {
+        std::string columns;
+        for (int x = fromX; x <= toX; ++x) columns += letter(FrameSurface.pixel(x, y));
+        return columns;
+    }
+    static char letter(QRgb pixel) {
+        if (pixel == qRgb(0, 0, 255)) return 'b';
+        return pixel == qRgb(255, 255, 255) ? 'w' : pixel == qRgb(255, 0, 0) ? 'r' : '?';
+    }
+    /// "w3r" for "wwwr".
+    static std::string runs(const std::string& brief) {
+        std::string expanded;
+        for (std::size_t i = 0; i < brief.size();) {
+            const char letter = brief[i++];
+            int count = 0;
+            while (i < brief.size() && std::isdigit(brief[i])) count = 10 * count + brief[i++] - '0';
+            expanded.append(static_cast<std::size_t>(std::max(count, 1)), letter);
+        }
+        return expanded;
+    }
+    static TextBytes bytes(std::string_view text) {
+        return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+    }
+};
+
+TEST_F(Text, GlyphsLieWhereTheEncodingPutsThem) {
+    const auto glyph = [](Encoding encoding, std::vector<std::uint8_t> text) {
+        return FontReader({encoding, 0, 16, 16}).unitAt(text, 0).glyph; // 32 bytes a glyph, no image
+    };
+    EXPECT_EQ(glyph(Encoding::Gb2312, {0xB0, 0xA1}), 48264u);
+    EXPECT_EQ(glyph(Encoding::Gbk, {0x81, 0x40}), 0x68 + 95 * 32u);
+    EXPECT_EQ(glyph(Encoding::Gbk, {0x82, 0x80}), 0x68 + (95 + 190 + 63) * 32u);
+    EXPECT_EQ(glyph(Encoding::Big5, {0xA2, 0xA0}), 0x68 + (95 + 160 + 64) * 32u);
+    EXPECT_EQ(glyph(Encoding::Big5, {0xA2, 0x93}), 0x68 + (95 + 160) * 32u);
+    for (const auto encoding : {Encoding::Gb2312, Encoding::Gbk, Encoding::Big5, Encoding::Ascii})
+        EXPECT_EQ(glyph(encoding, {'A'}), 0x68 + 33 * 32u);
+    EXPECT_EQ(glyph(Encoding::Wide, {0, 'A'}), 0x68 + 33 * 32u);
+}
+
+TEST_F(Text, EndsAtWhatTheEncodingDoesNotKnow) {
+    struct Case {
+        Encoding encoding;
+        std::vector<std::uint8_t> text;
+        int bytes; // of the first character; 0: the text ends
+    };
+    for (const Case& one : std::vector<Case>{{Encoding::Gb2312, {0xA0, 0xA1}, 0},
+                                             {Encoding::Gb2312, {0xA1, 0x01}, 2},
+                                             {Encoding::Gb2312, {0xFF, 0xA1}, 0},
+                                             {Encoding::Gb2312, {0xA1}, 0},
+                                             {Encoding::Gbk, {0x80, 0x40}, 0},
+                                             {Encoding::Gbk, {0x81, 0x3F}, 0},
+                                             {Encoding::Gbk, {0x81, 0x40}, 2},
+                                             {Encoding::Gbk, {0xFF, 0x40}, 0},
+                                             {Encoding::Big5, {0xFF, 0x40}, 2},
+                                             {Encoding::Big5, {0xA1, 0x3F}, 0},
+                                             {Encoding::Ascii, {0x7F}, 1},
+                                             {Encoding::Ascii, {0x80}, 0},
+                                             {Encoding::Ascii, {0}, 0},
+                                             {Encoding::Wide, {0, 0}, 0},
+                                             {Encoding::Wide, {0, 0x7F}, 2},
+                                             {Encoding::Wide, {0, 0x81}, 0},
+                                             {Encoding::Sparse, {0, 'A'}, 0},
+                                             {Encoding::Sparse, {0, 10}, 2},
+                                             {static_cast<Encoding>(5), {'A', 'A'}, 0},
+                                             {static_cast<Encoding>(7), {'A', 'A'}, 0}})
+        EXPECT_EQ(FontReader({one.encoding, 0, 16, 16}).unitAt(one.text, 0).bytes, one.bytes)
+            << static_cast<int>(one.encoding) << ' ' << static_cast<int>(one.text[0]);
+}
+
+TEST_F(Text, AnEmptyTextWipesItsBox) {
+    const TextStyle style = bootFilled(shapeOf(FontKind::Ascii, 1), 5);
+    DrawTextFrame(style, {}, {10, 10, 29, 39}, {});
+    EXPECT_EQ(row(10, 9, 30), runs("rw20r"));
+    EXPECT_EQ(column(20, 9, 40), runs("rw30r"));
+}
+
+TEST_F(Text, AZeroByteEndsTheTextAndTheRestIsCleaned) {
+    const TextStyle style = bootFilled(shapeOf(FontKind::Ascii, 1, 5), 5);
+    DrawTextFrame(style, {}, {10, 10, 29, 15}, bytes(std::string_view("A\0AA", 4)));
+    EXPECT_EQ(row(12, 9, 30), runs("rb5w15r"));
+}
+
+TEST_F(Text, LinesBeyondTheHeightAreDropped) {
+    const TextStyle style = bootFilled(shapeOf(FontKind::Ascii, 1, 5), 5);
+    DrawTextFrame(style, {}, {10, 10, 14, 22}, bytes("AAAAA")); // 13 rows, of which two lines take 12
+    EXPECT_EQ(column(10, 9, 23), runs("rb12r2")) << "a last row alone is not cleaned";
+    DrawTextFrame(style, {}, {30, 10, 34, 23}, bytes("AAAAA"));
+    EXPECT_EQ(column(30, 9, 24), runs("rb12w2r"));
+}
+
+TEST_F(Text, TheBottomAnchorStandsOneRowHigherThanTheBox) {
+    const TextStyle style = bootFilled(shapeOf(FontKind::Ascii, 1, 5), 5, 6);
+    DrawTextFrame(style, {}, {10, 10, 14, 25}, bytes("A"));
+    EXPECT_EQ(column(10, 9, 26), "rwwwwwwwwwbbbbbbwr") << "the strip above the line is cleaned with it";
+}
+
+TEST_F(Text, SpacingBetweenLinesIsNotCleaned) {
+    TextStyle style = bootFilled(shapeOf(FontKind::Ascii, 1, 5), 5);
+    style.lineSpacing = 2;
+    DrawTextFrame(style, {}, {10, 10, 14, 23}, bytes("A\nA"));
+    EXPECT_EQ(column(10, 10, 23), "bbbbbbrrbbbbbb");
+}
+
+TEST_F(Text, EachLineIsCentredByItself) {
+    const TextStyle style = bootFilled(shapeOf(FontKind::Ascii, 1, 4), 4, 4);
+    DrawTextFrame(style, {}, {10, 10, 21, 21}, bytes("AA\nA"));
+    EXPECT_EQ(row(10, 9, 22), "rwwbbbbbbbbwwr");
+    EXPECT_EQ(row(16, 9, 22), "rwwwwbbbbwwwwr");
+}
+
+TEST_F(Text, ProportionalLinesMayBeTwoPixelsTooWide) {
+    TextStyle style = bootFilled(shapeOf(FontKind::Proportional, 1, 5), 5);
+    const std::vector<std::uint8_t> two = {0x4E, 0x00, 0x4E, 0x01};
+    const auto lineWidth = [&](int width) {
+        return DrawTextFrame(style, {}, {0, 0, width - 1, 5}, two, TextMode::Measure);
+    };
+    EXPECT_EQ(lineWidth(8), 10);
+    EXPECT_EQ(lineWidth(7), 5);
+    DrawTextWork(style, {0, 0, 9, 6}, two);
+    EXPECT_EQ(LastTextWidth, 5) << "not on the work surface";
+}
+
+TEST_F(Text, MaskedWidthsDifferByEntry) {
+    TextStyle style = bootFilled(shapeOf(FontKind::Ascii, 1, 8), 8);
+    style.charSpacing = 1;
+    DrawTextFrame(style, {}, {0, 0, 71, 9}, bytes("12345"), TextMode::Masked);
+    EXPECT_EQ(LastTextWidth, 55);
+    DrawTextList(style, {}, {0, 0, 71, 9}, bytes("12345"), TextMode::Masked);
+    EXPECT_EQ(LastTextWidth, 45);
+    DrawTextWork(style, {0, 0, 71, 9}, bytes("12345"), true);
+    EXPECT_EQ(LastTextWidth, 45);
+}
+
+TEST_F(Text, CellsOfSparseCharactersAreWiderOnLists) {
+    const TextStyle style = bootFilled(shapeOf(FontKind::Sparse, 1, 7), 5);
+    ListSurfaceA = ListSurfaceB = QImage(72, 60, QImage::Format_ARGB32_Premultiplied);
+    ListSurfaceA.fill(Qt::red);
+    ListSurfaceB.fill(Qt::white);
+    const std::vector<std::uint8_t> one = {0, 'A'};
+    DrawTextFrame(style, {}, {10, 10, 30, 15}, one);
+    DrawTextList(style, {}, {10, 10, 30, 15}, one);
+    EXPECT_EQ(row(12, 10, 17), "bbbbbwww");
+    EXPECT_EQ(ListSurfaceA.pixel(16, 12), qRgb(0, 0, 255));
+    EXPECT_EQ(ListSurfaceA.pixel(17, 12), qRgb(255, 255, 255));
+}
+
+TEST_F(Text, AnUnknownDepthLeavesCellsEmptyOnTheFrameAndCountsAsOneBitInGroups) {
+    TextStyle style = bootFilled(shapeOf(FontKind::Ascii, 1, 8), 8);
+    FlashImage.data[style.font.address + 8] = 3;
+    DrawTextFrame(style, {}, {10, 10, 30, 15}, bytes("A"));
+    EXPECT_EQ(row(12, 9, 20), "rwwwwwwwwwww");
+    DrawTextWork({.font = style.font, .anchor = 9, .colour = 0x0000FF}, {10, 10, 30, 30}, bytes("A"));
+    EXPECT_EQ(work(17, 12), qRgb(0, 0, 255));
+}
+
+TEST_F(Text, TextsWithoutWidthOrHeightEnd) {
+    TextStyle style = bootFilled(shapeOf(FontKind::Ascii, 1, 5), 0);
+    const std::vector<std::uint8_t> longText(0xFFFF, 'A');
+    for (const std::uint8_t height : {0, 1, 255})
+        for (const int width : {-1, 0, 1, 70, 0x10000})
+            for (const std::uint8_t spacing : {0, 255}) {
+                style.font.height = height;
+                style.charSpacing = spacing;
+                DrawTextFrame(style, {}, {0, 0, width - 1, 0xFFFF}, longText);
+                DrawTextWork(style, {0, 0, width, 0xFFFF}, longText, true);
+            }
+    EXPECT_EQ(DrawTextFrame({}, {}, {0, 0, 50, 50}, longText), 0) << "a font without height";
+}
+
+TEST_F(Text, TheLargestSparseFontIsSearchedInTime) {
+    FontShape shape{.Kind = FontKind::Sparse, .Width = 1, .Height = 1};
+    for (int code = 0xFFFF; code > 10; --code) shape.Codes.push_back(static_cast<std::uint16_t>(code));
+    const TextStyle style = bootFilled(shape, 0);
+    std::vector<std::uint8_t> text;
+    for (int i = 0; i < 0x7000; ++i) append(text, static_cast<std::uint16_t>(11 + i)); // the last of the list
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(DrawTextFrame(style, {}, {0, 0, 71, 1}, text, TextMode::Measure), 0);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20)); // 0.1 s when not hindered
+}
+
+/// Random bytes at an address, with a head that names a font there.
+void scribbleFont(std::uint32_t address, std::mt19937& random) {
+    static constexpr const char* kinds[] = {"GB", "GK", "BG", "AS", "un", "SS", "??"};
+    const std::size_t size = static_cast<std::size_t>(FlashImage.size);
+    for (std::size_t i = address; i < std::min<std::size_t>(size, address + std::size_t{300}); ++i)
+        FlashImage.data[i] = static_cast<std::uint8_t>(random());
+    if (address + std::size_t{9} > size) return;
+    std::memcpy(&FlashImage.data[address], kinds[random() % 7], 2);
+    FlashImage.data[address + 8] = static_cast<std::uint8_t>(random() % 4);
+}
+
+TEST_F(Text, HostileFontsAndTextsDoNoHarm) {
+    imagekit::ImageBuilder builder({.Width = 72, .Height = 60, .ColourMode = 1});
+    builder.addPage(imagekit::Pixels{noise(false), imagekit::format::RGB565});
+    ASSERT_EQ(boot(builder), StartResult::Running);
+    ListSurfaceA = ListSurfaceB = noise(true);
+    for (int round = 0; round < 3000; ++round) {
+        auto address = static_cast<std::uint32_t>(random(0, FlashImage.size + 50));
+        if (random(0, 20) == 0) address = 0xFFFFFFFF - byte(0, 200);
+        scribbleFont(address, random_);
+        TextStyle style{.font = FontAt(address),
+                        .anchor = byte(0, 14),
+                        .opaque = random(0, 1) == 1,
+                        .charSpacing = byte(0, 2),
+                        .lineSpacing = byte(0, 2)};
+        if (random(0, 2) == 0) style.font.encoding = static_cast<Encoding>(random(0, 10));
+        if (random(0, 1) == 0) style.font.height = byte(0, 9);
+        Rotation = byte(0, 5);
+        std::vector<std::uint8_t> text(static_cast<std::size_t>(random(0, 60)));
+        for (auto& b : text) b = byte(random(0, 3) == 0 ? 0 : 0x20, 255);
+        TextBackground background{.source = static_cast<BackSource>(random(0, 2)), .image = {}};
+        background.image.Address = address;
+        background.image.Width = byte(0, 255);
+        background.image.Format = byte(0, 17);
+        const TextBox box{random(-90, 90), random(-90, 90), random(-90, 0xFFFF), random(-90, 200)};
+        const auto mode = static_cast<TextMode>(random(0, 2));
+        DrawTextFrame(style, background, box, text, mode);
+        DrawTextList(style, background, box, text, mode);
+        DrawTextWork(style, {box.x1, box.y1, box.x2, box.y2}, text, mode == TextMode::Masked);
+        ASSERT_EQ(FrameSurface.size(), Screen);
+    }
+}
+
+} // namespace
+} // namespace panel

@@ -7,6 +7,7 @@
 #include "host/flash_image.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace panel {
 namespace {
@@ -42,7 +43,7 @@ Pixel blendedPixel(std::uint32_t word, std::uint32_t value, int depth) {
 Pixel paletteEntry(const TextStyle& style, std::uint32_t value, int depth) {
     const std::uint32_t full = (1u << depth) - 1;
     if (value == full) return ExpandPixel(style.colour, ColourKind::Opaque);
-    if (depth == 1 || value > full) return 0;
+    if (depth == 1) return 0;
     if (!style.opaque) return blendedPixel(style.colour, value, depth);
     return ExpandPixel(mixedWord(style.backColour, style.colour, value, depth), ColourKind::Opaque);
 }
@@ -66,14 +67,29 @@ private:
     std::span<const std::uint8_t> bytes_;
 };
 
-/// Sets the pixels of up to eight set bits; the highest is bit 7.
-void paintByte(Pixel* row, std::uint8_t bits, int count, Pixel pixel) {
-    static constexpr std::uint32_t bitOf[8] = {0x80, 0x40, 0x20, 0x10, 8, 4, 2, 1};
+/// Four pixels by the bits of a nibble, the highest first.
+constexpr Pixel NibbleMasks[16][4] = {
+    {0, 0, 0, 0},     {0, 0, 0, ~0u},     {0, 0, ~0u, 0},     {0, 0, ~0u, ~0u},
+    {0, ~0u, 0, 0},   {0, ~0u, 0, ~0u},   {0, ~0u, ~0u, 0},   {0, ~0u, ~0u, ~0u},
+    {~0u, 0, 0, 0},   {~0u, 0, 0, ~0u},   {~0u, 0, ~0u, 0},   {~0u, 0, ~0u, ~0u},
+    {~0u, ~0u, 0, 0}, {~0u, ~0u, 0, ~0u}, {~0u, ~0u, ~0u, 0}, {~0u, ~0u, ~0u, ~0u},
+};
+
+void paintNibble(Pixel* row, int nibble, Pixel pixel) {
+    const Pixel* mask = NibbleMasks[nibble];
+    for (int i = 0; i < 4; ++i) row[i] = (row[i] & ~mask[i]) | (pixel & mask[i]);
+}
+
+/// Sets the pixels of the first `count` bits, up to eight, that are set; the highest is the first.
+void paintSomeBits(Pixel* row, std::uint8_t bits, int count, Pixel pixel) {
+    for (int i = 0; i < count; ++i)
+        if ((bits & 0x80 >> i) != 0) row[i] = pixel;
+}
+
+void paintByte(Pixel* row, std::uint8_t bits, Pixel pixel) {
     if (bits == 0) return;
-    for (int i = 0; i < count; ++i) {
-        const Pixel kept = row[i];
-        row[i] = (bits & bitOf[i]) != 0 ? pixel : kept;
-    }
+    paintNibble(row, bits >> 4, pixel);
+    paintNibble(row + 4, bits & 15, pixel);
 }
 
 /// A row of one bit a pixel, from column `first` on.
@@ -81,12 +97,31 @@ void paintBits(Pixel* row, const std::uint8_t* bytes, int first, int count, Pixe
     const std::uint8_t* byte = bytes + first / 8;
     if (const int skipped = first % 8; skipped != 0) {
         const int part = std::min(8 - skipped, count);
-        paintByte(row, static_cast<std::uint8_t>(*byte++ << skipped), part, pixel);
+        paintSomeBits(row, static_cast<std::uint8_t>(*byte++ << skipped), part, pixel);
         row += part;
         count -= part;
     }
-    for (; count >= 8; row += 8, count -= 8) paintByte(row, *byte++, 8, pixel);
-    if (count > 0) paintByte(row, *byte, count, pixel);
+    for (; count >= 8; row += 8, count -= 8) paintByte(row, *byte++, pixel);
+    if (count > 0) paintSomeBits(row, *byte, count, pixel);
+}
+
+/// The place of a pair of pixels in the table of pairs: its values, the left one in the higher bits.
+template <int Depth>
+std::size_t pairAt(const std::uint8_t* line, int pair) {
+    if constexpr (Depth == 4) return line[pair];
+    return line[pair / 2] >> (pair % 2 == 0 ? 4 : 0) & 15;
+}
+
+/// The pixels of a row of values from column `first` on, two at a time where there are two.
+template <int Depth>
+void expandValues(const std::uint8_t* line, int first, int count, Pixel* pixels,
+                  const GlyphPainter::Pair* pairs) {
+    int column = first;
+    const int end = first + count;
+    if (column % 2 != 0 && column < end) *pixels++ = pairs[pairAt<Depth>(line, column++ / 2)][1];
+    for (; column + 2 <= end; column += 2, pixels += 2)
+        std::memcpy(pixels, &pairs[pairAt<Depth>(line, column / 2)], sizeof(GlyphPainter::Pair));
+    if (column < end) *pixels = pairs[pairAt<Depth>(line, column / 2)][0];
 }
 
 } // namespace
@@ -94,8 +129,15 @@ void paintBits(Pixel* row, const std::uint8_t* bytes, int first, int count, Pixe
 GlyphPainter::GlyphPainter(const TextStyle& style, std::uint8_t depthCode)
     : width_(style.font.width), height_(style.font.height), depth_(GlyphDepth(depthCode)),
       rowBytes_(static_cast<int>(GlyphRowBytes(width_, depthCode))), coversAll_(style.opaque && depth_ > 1) {
-    for (std::uint32_t value = 0; value < palette_.size(); ++value)
-        palette_[value] = paletteEntry(style, value, depth_);
+    const std::uint32_t values = 1u << depth_;
+    std::array<Pixel, 16> palette;
+    for (std::uint32_t value = 0; value < values; ++value)
+        palette[value] = paletteEntry(style, value, depth_);
+    colour_ = palette[values - 1];
+    if (depth_ == 1) return;
+    for (std::uint32_t left = 0; left < values; ++left)
+        for (std::uint32_t right = 0; right < values; ++right)
+            pairs_[left * values + right] = {palette[left], palette[right]};
 }
 
 void GlyphPainter::paint(QImage& surface, QPoint at, int cellWidth, std::uint32_t glyph) const {
@@ -103,22 +145,22 @@ void GlyphPainter::paint(QImage& surface, QPoint at, int cellWidth, std::uint32_
     const QSize size(std::min<int>(width_, cellWidth), height_);
     ForEachRow(surface, at, size, [&](Pixel* row, int x, int y, int count) {
         const std::uint8_t* line = bytes.from(y * rowBytes_);
-        if (depth_ == 1) return paintBits(row, line, x, count, palette_[1]);
+        if (depth_ == 1) return paintBits(row, line, x, count, colour_);
+        if (coversAll_) return expandRow(line, x, count, row);
+        if (isEmpty(line)) return;
         std::array<Pixel, LargestSide> source;
-        Pixel* pixels = coversAll_ ? row : source.data();
-        expandRow(line, x, count, pixels);
-        if (!coversAll_) OverRow(row, pixels, count);
+        expandRow(line, x, count, source.data());
+        OverRow(row, source.data(), count);
     });
 }
 
+bool GlyphPainter::isEmpty(const std::uint8_t* line) const {
+    return std::all_of(line, line + rowBytes_, [](std::uint8_t byte) { return byte == 0; });
+}
+
 void GlyphPainter::expandRow(const std::uint8_t* line, int first, int count, Pixel* pixels) const {
-    const int perByte = 8 / depth_;
-    const std::uint32_t full = (1u << depth_) - 1;
-    for (int i = 0; i < count; ++i) {
-        const int column = first + i;
-        const int shift = (perByte - 1 - column % perByte) * depth_;
-        pixels[i] = palette_[line[column / perByte] >> shift & full];
-    }
+    depth_ == 4 ? expandValues<4>(line, first, count, pixels, pairs_.data())
+                : expandValues<2>(line, first, count, pixels, pairs_.data());
 }
 
 } // namespace panel

@@ -27,6 +27,8 @@ struct TextStyle {
 /// with what is there or, in an opaque style, mixed with the background colour.
 class GlyphPainter {
 public:
+    using Pair = std::array<Pixel, 2>;
+
     GlyphPainter(const TextStyle& style, std::uint8_t depthCode);
 
     /// Paints the glyph at address `glyph` of the image, no wider than its cell, on a surface. What is not in
@@ -34,14 +36,17 @@ public:
     void paint(QImage& surface, QPoint at, int cellWidth, std::uint32_t glyph) const;
 
 private:
+    /// Whether a row has no set pixels.
+    bool isEmpty(const std::uint8_t* line) const;
     /// The pixels of `count` columns of a row of 2 or 4 bits a pixel.
     void expandRow(const std::uint8_t* line, int first, int count, Pixel* pixels) const;
 
     std::uint8_t width_, height_; // px
     int depth_;                   // bits per pixel
     int rowBytes_;
-    bool coversAll_;                // every pixel value replaces what is there
-    std::array<Pixel, 16> palette_; // by pixel value
+    bool coversAll_;              // every pixel value replaces what is there
+    Pixel colour_;                // of the full value
+    std::array<Pair, 256> pairs_; // by two values side by side; of 2 and 4 bits a pixel
 };
 
 } // namespace panel

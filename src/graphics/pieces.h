@@ -24,8 +24,9 @@ void ForEachRow(QImage& target, QPoint at, QSize piece, PaintRow paintRow) {
     const QRect part = VisiblePart(target.size(), at, piece);
     if (part.isEmpty()) return;
     std::uint8_t* bits = target.bits();
+    const qsizetype bytesPerLine = target.bytesPerLine();
     for (int y = part.top(); y <= part.bottom(); ++y) {
-        std::uint8_t* line = bits + static_cast<qsizetype>(at.y() + y) * target.bytesPerLine();
+        std::uint8_t* line = bits + (at.y() + y) * bytesPerLine;
         paintRow(reinterpret_cast<Pixel*>(line) + (at.x() + part.left()), part.left(), y, part.width());
     }
 }

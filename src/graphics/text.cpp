@@ -15,10 +15,11 @@ constexpr int ProportionalTolerance = 2; // px
 /// What differs between texts on the frame and texts on a sliding list.
 struct BoxTarget {
     void (*fill)(QRect rect, std::uint32_t word);
-    void (*restorePage)(QRect rect); // the first strip
-    void (*restoreCell)(QRect cell); // from the page to the WorkSurface
-    void (*land)(QRect cell);        // from the WorkSurface
-    const QImage& surface;
+    void (*restorePage)(QRect rect);    // the first strip
+    void (*restoreCell)(QRect cell);    // from the page to the WorkSurface
+    void (*land)(QRect cell);           // from the WorkSurface
+    bool (*restoreInPlace)(QRect cell); // from the page; false where that needs the WorkSurface
+    QImage& surface;
     int maskedExtra;     // px that each asterisk adds to the width of a masked text
     int sparseCellExtra; // px that the cell of a sparse character is wider than its advance
 };
@@ -35,10 +36,28 @@ void landOnList(QRect cell) {
     CopySurfaceRect(WorkSurface, {{0, 0}, cell.size()}, ListSurfaceA, cell.topLeft());
 }
 
+/// A page that replaces every pixel of a cell looks the same wherever it is put first.
+bool restoreFrameInPlace(QRect cell) {
+    if (PopupActive == 1 || PageImage.Format == format::ZipImage) {
+        CopySurfaceRect(PageBackground, cell, FrameSurface, cell.topLeft());
+        return true;
+    }
+    if (PageImage.Format != format::RGB565 && PageImage.Format != format::PngOpaque
+        && PageImage.Format != format::SolidColour)
+        return false;
+    BlitImage(FrameSurface, cell.topLeft(), PageImage, cell, DisplayWidth);
+    return true;
+}
+bool restoreListInPlace(QRect cell) {
+    CopySurfaceRect(ListSurfaceB, cell, ListSurfaceA, cell.topLeft());
+    return true;
+}
+
 const BoxTarget FrameTarget{.fill = FillFrameRect,
                             .restorePage = restorePageOnFrame,
                             .restoreCell = restoreFrameCell,
                             .land = landOnFrame,
+                            .restoreInPlace = restoreFrameInPlace,
                             .surface = FrameSurface,
                             .maskedExtra = 2,
                             .sparseCellExtra = 0};
@@ -46,6 +65,7 @@ const BoxTarget ListTarget{.fill = FillListRect,
                            .restorePage = restoreListStrip,
                            .restoreCell = restoreListCell,
                            .land = landOnList,
+                           .restoreInPlace = restoreListInPlace,
                            .surface = ListSurfaceA,
                            .maskedExtra = 0,
                            .sparseCellExtra = 2};
@@ -62,7 +82,8 @@ void restoreImageCell(const TextBackground& background, QRect cell) {
     BlitImage(WorkSurface, {0, 0}, image, inImage(background, cell), image.Width);
 }
 
-/// Draws characters with the background of their cells, by way of the WorkSurface.
+/// Draws characters with the background of their cells. A cell is composed on the WorkSurface and lands from
+/// there; where the outcome is the same it is composed in its place, which saves two copies of it.
 class CellPainter {
 public:
     CellPainter(const TextStyle& style, std::uint8_t depthCode, const TextBackground& background,
@@ -73,12 +94,29 @@ public:
     void draw(QPoint at, int width, std::uint32_t glyph) const {
         const QRect cell(at, QSize(width, style_.font.height));
         if (!cell.intersects(target_.surface.rect())) return;
+        if (composesInPlace(cell)) return paintGlyph(target_.surface, cell, glyph);
         composeBackground(cell);
-        if (drawsPixels_) painter_.paint(WorkSurface, {0, 0}, width, glyph);
+        paintGlyph(WorkSurface, {{0, 0}, cell.size()}, glyph);
         target_.land(cell);
     }
 
 private:
+    void paintGlyph(QImage& surface, QRect cell, std::uint32_t glyph) const {
+        if (drawsPixels_) painter_.paint(surface, cell.topLeft(), cell.width(), glyph);
+    }
+
+    /// Puts the background where the cell lies; false, and nothing is done, where that would make a
+    /// difference: small chips cut large cells, and so does a small WorkSurface.
+    bool composesInPlace(QRect cell) const {
+        if (SmallChip() || cell.width() > WorkSurface.width() || cell.height() > WorkSurface.height())
+            return false;
+        if (style_.opaque) {
+            target_.fill(cell, style_.backColour);
+            return true;
+        }
+        return background_.source == BackSource::Page && target_.restoreInPlace(cell);
+    }
+
     void composeBackground(QRect cell) const {
         if (style_.opaque) return FillWorkRect({{0, 0}, cell.size()}, style_.backColour);
         switch (background_.source) {

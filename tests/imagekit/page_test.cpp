@@ -2,6 +2,7 @@
 
 #include "imagekit/image_builder.h"
 #include "imagekit/image_error.h"
+#include "imagekit/value_widgets.h"
 
 #include <gtest/gtest.h>
 
@@ -101,6 +102,42 @@ TEST(Records, ThatCannotBeHeldAreRefusedByNameAndLeaveThePageAsItWas) {
     EXPECT_NE(refusal(page, TouchRecord{.Family = 0x8001, .InList = 16}), "taken");
     EXPECT_EQ(page.bytes(Stream::Display).size(), 3072u);
     EXPECT_TRUE(page.bytes(Stream::Touch).empty());
+}
+
+TEST(Records, ThatThePanelHasNoRowForAreRefused) {
+    ImageBuilder builder;
+    Page& page = builder.addPage();
+    const std::pair<DisplayRecord, std::string> kinds[] = {
+        {Encode(Number{}), "31 numbers, at most 30"},
+        {Encode(ImageAnimation{}), "16 animations, at most 15"},
+        {Encode(UiTimer{}), "11 timers, at most 10"}};
+    std::size_t records = 0;
+    for (const auto& [record, message] : kinds) {
+        std::string answer;
+        while ((answer = refusal(page, record)) == "taken") ++records;
+        EXPECT_EQ(answer, "page 0, display record " + std::to_string(records) + ": " + message);
+    }
+    EXPECT_EQ(records, 55u);
+    EXPECT_EQ(refusal(page, Label{}), "taken") << "a label takes no row";
+    EXPECT_NE(refusal(page, Number{.Unit = std::string(109, 'm')}), "taken") << "a unit that no record holds";
+}
+
+TEST(Sequences, AreRunsOfFrameRecords) {
+    ImageBuilder builder({.ColourMode = 1});
+    builder.addSequence({StoredPicture{.Data = {9}}});
+    const StoredPicture first{
+        .Width = 0x0102, .Height = 0x0304, .Extra = 0x050607, .Format = 7, .Data = {1, 2, 3}};
+    const StoredPicture second{.Width = 1, .Height = 1, .Format = 0, .Address = 0x11223344};
+    EXPECT_EQ(builder.addSequence({first, second}), 1);
+    const ImageReader image(builder.build());
+    EXPECT_EQ(image.section(11), 2u);
+    const std::uint32_t row = image.section(10) + 8;
+    EXPECT_EQ(image.u32(row + 4) & 0xFFFFFF, 2u);
+    const std::uint32_t frames = image.u32(row);
+    EXPECT_EQ(image.bytes(image.u32(frames), 3), (Bytes{1, 2, 3}));
+    EXPECT_EQ(image.bytes(frames + 4, 12), (Bytes{2, 1, 4, 3, 0, 0, 0, 0, 7, 6, 5, 7}));
+    EXPECT_EQ(image.bytes(frames + 16, 16),
+              (Bytes{0x44, 0x33, 0x22, 0x11, 1, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
 }
 
 TEST(Streams, EndAtTheirCapacity) {

@@ -18,11 +18,16 @@ constexpr std::size_t LargestString = 1024;     // bytes
 constexpr std::uint32_t NoString = 0xFFFFFFFF;
 constexpr std::size_t VariableBytes = panel::UserByteCount;
 
+/// Stores a picture's data and gives the address that its row is to name.
+std::uint32_t placeData(const StoredPicture& picture, ImageLayout& layout) {
+    const std::uint32_t address = picture.Data.empty() ? 0 : layout.place(picture.Data);
+    return picture.Address.value_or(address);
+}
+
 /// Stores a picture's data and gives its row.
 Bytes placePicture(const StoredPicture& picture, ImageLayout& layout) {
-    const std::uint32_t address = picture.Data.empty() ? 0 : layout.place(picture.Data);
     ByteWriter row;
-    row.u32(picture.Address.value_or(address));
+    row.u32(placeData(picture, layout));
     return row.u16(picture.Width).u16(picture.Height).u24(picture.Extra).u8(picture.Format).take();
 }
 
@@ -49,6 +54,20 @@ void placePages(const std::deque<Page>& pages, ImageLayout& layout) {
     layout.placeTable(SectionWord::GroupStreamTable, groups.data(), pages.size());
     layout.placeTable(SectionWord::PagePresetTable, presets.data(), pages.size());
     layout.placeTable(SectionWord::PageImageTable, backgrounds.data(), pages.size());
+}
+
+/// A sequence is a run of frame records; its row tells where they lie and how many there are.
+void placeSequences(const std::vector<std::vector<StoredPicture>>& sequences, ImageLayout& layout) {
+    ByteWriter table;
+    for (const auto& frames : sequences) {
+        ByteWriter records;
+        for (const StoredPicture& frame : frames) {
+            records.u32(placeData(frame, layout)).u16(frame.Width).u16(frame.Height).zeros(4);
+            records.u24(frame.Extra).u8(frame.Format);
+        }
+        table.u32(layout.place(records.data())).u24(static_cast<std::uint32_t>(frames.size())).u8(0);
+    }
+    layout.placeTable(SectionWord::ImageSequenceTable, table.data(), sequences.size());
 }
 
 void placeLanguagePresets(const std::vector<Bytes>& presets, ImageLayout& layout) {
@@ -130,6 +149,17 @@ void ImageBuilder::setString(std::uint16_t index, std::uint8_t language,
 void ImageBuilder::setText(std::uint16_t address, const QString& text, std::uint8_t fontIndex) {
     const auto where = "initial word " + std::to_string(address);
     setBytes(address, EncodeText(text, font(fontIndex, where).Kind));
+}
+
+std::uint16_t ImageBuilder::addSequence(const std::vector<Picture>& frames) {
+    const std::size_t index = sequences_.size();
+    const std::string where = "sequence " + std::to_string(index);
+    if (index == LargestCount) throw ImageError(where, AtMost(index + 1, "sequences", LargestCount));
+    std::vector<StoredPicture> stored;
+    for (const Picture& frame : frames)
+        stored.push_back(EncodePicture(frame, layout_, where + ", frame " + std::to_string(stored.size())));
+    sequences_.push_back(std::move(stored));
+    return static_cast<std::uint16_t>(index);
 }
 
 void ImageBuilder::setWord(std::uint16_t address, std::uint16_t value) { setWords(address, {value}); }
@@ -238,6 +268,7 @@ QByteArray ImageBuilder::build() const {
     placePictures(layout);
     placeFonts(layout);
     placeStrings(layout);
+    placeSequences(sequences_, layout);
     placeLanguagePresets(languagePresets_, layout);
     Bytes image = layout.finish(EncodeConfig(config_));
     applyPatches(image);

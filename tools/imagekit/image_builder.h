@@ -85,6 +85,13 @@ public:
     /// Another text at an index in one language; nullopt: no text in this language.
     void setString(std::uint16_t index, std::uint8_t language, const std::optional<LanguageText>& text);
 
+    /// Appends a sequence of pictures for animations and gives its id. Frames are drawn in the size of the
+    /// widget, which should be theirs.
+    std::uint16_t addSequence(const std::vector<Picture>& frames);
+
+    /// The word of an opaque colour in this image.
+    std::uint32_t colour(const QColor& colour) const { return OpaqueColourWord(colour, config_.ColourMode); }
+
     // What the user words 0..0x6FFF hold at start, if the settings have InitVar; 0 at first. Text and bytes
     // begin with the high byte of their first word.
     void setWord(std::uint16_t address, std::uint16_t value);
@@ -139,6 +146,7 @@ private:
     std::vector<LanguagePictures> pictures_;
     std::vector<StoredFont> fonts_;
     std::vector<LanguageStrings> strings_;
+    std::vector<std::vector<StoredPicture>> sequences_;
     Bytes variables_;                    // empty as long as all words are zero
     std::vector<Bytes> languagePresets_; // by language; empty when no language has any
     std::vector<Patch> patches_;

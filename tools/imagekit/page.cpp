@@ -2,6 +2,8 @@
 
 #include "imagekit/image_error.h"
 
+#include <algorithm>
+
 namespace imagekit {
 namespace {
 
@@ -19,6 +21,27 @@ constexpr std::array<StreamTraits, StreamCount> Traits{{
 
 constexpr std::size_t LongestStream = 0xFFFF;
 
+/// Kinds of which the panel keeps something for each widget of a page, in tables of fixed size.
+struct KindLimit {
+    std::uint16_t kind;
+    const char* widgets;
+    std::size_t limit;
+};
+constexpr KindLimit KindLimits[] = {
+    {0x02, "numbers", 30}, {0x04, "picture numbers", 30}, {0x05, "animations", 15}, {0x10, "timers", 10}};
+
+/// Counts a record in; throws when the panel has no room for one more of its kind.
+void countKind(const DisplayRecord& record, std::map<std::uint16_t, std::size_t>& counts,
+               const std::string& where) {
+    const auto* found = std::ranges::find(KindLimits, record.Kind, &KindLimit::kind);
+    if (found == std::end(KindLimits)) return;
+    if (counts[record.Kind] == found->limit)
+        throw ImageError(where, AtMost(found->limit + 1, found->widgets, found->limit));
+    ++counts[record.Kind];
+}
+template <class OtherRecord>
+void countKind(const OtherRecord&, std::map<std::uint16_t, std::size_t>&, const std::string&) {}
+
 } // namespace
 
 Page::Page(std::uint16_t index, StoredPicture background)
@@ -34,6 +57,7 @@ void Page::append(Stream stream, const Record& record) {
     const std::size_t size = target.bytes.size() + encoded.size();
     if (size > traits.capacity)
         throw ImageError(where, "makes the stream " + AtMost(size, "bytes", traits.capacity));
+    countKind(record, kindCounts_, where);
     target.bytes.insert(target.bytes.end(), encoded.begin(), encoded.end());
     ++target.recordCount;
 }

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <utility>
 
@@ -65,6 +66,7 @@ private:
     std::uint16_t index_;
     StoredPicture background_;
     std::array<StreamBytes, StreamCount> streams_;
+    std::map<std::uint16_t, std::size_t> kindCounts_; // of kinds that a page can hold only so many of
 };
 
 /// A plain record is its own encoding, so that records and widgets can be added in the same ways.

@@ -7,11 +7,14 @@
 #include "host/flash_image.h"
 #include "host/media_requests.h"
 #include "pages/page_switch.h"
+#include "pages/refresh.h"
 #include "store/backlight.h"
 #include "store/clock.h"
 #include "store/pending_writes.h"
 #include "store/system_words.h"
 #include "store/variable_store.h"
+#include "widgets/display/image_animation.h"
+#include "widgets/display/uitimer.h"
 
 #include <QColor>
 
@@ -67,7 +70,9 @@ void applyPendingWrite(PanelOutputs&) {
 }
 
 void refreshVariables(PanelOutputs&) {
-    if (RefreshTicks > RefreshPeriod) RefreshTicks = 0;
+    if (RefreshTicks <= RefreshPeriod) return;
+    RefreshTicks = 0;
+    RefreshPageWidgets(CurrentPage);
 }
 
 /// Each request is taken back before it is passed on, so the main thread hears of it once.
@@ -95,6 +100,9 @@ void passVolume(PanelOutputs& outputs) {
     outputs.setPlayerVolume(VolumeApplied * PlayerSteps);
 }
 
+void tickAnimations(PanelOutputs&) { AnimationTick(); }
+void tickUiTimers(PanelOutputs&) { UiTimerTick(); }
+
 void serveInspector(PanelOutputs&) { ServeInspectorRequests(); }
 
 void sendFrame(PanelOutputs& outputs) { outputs.showFrame(FrameSurface); }
@@ -112,10 +120,10 @@ constexpr CycleStep CycleSteps[] = {
     {"BacklightTask", dimPanel},
     {"CameraWatch", nullptr},
     {"camera requests", requestCamera},
-    {"AnimationTick", nullptr},
+    {"AnimationTick", tickAnimations},
     {"AnalogClockTick", nullptr},
     {"ClockTick", nullptr},
-    {"UiTimerTick", nullptr},
+    {"UiTimerTick", tickUiTimers},
     {"TextrollTick", nullptr},
     {"CurveTick", nullptr},
     {"AutoStepTick", nullptr},
@@ -156,7 +164,7 @@ struct TickCounter {
     void (*count)(); // null: as in CycleSteps
 };
 constexpr TickCounter TickCounters[] = {
-    {"autoStep", nullptr},     {"needleMeter", nullptr},     {"imageAnimation", nullptr},
+    {"autoStep", nullptr},     {"needleMeter", nullptr},     {"imageAnimation", CountAnimationTicks},
     {"step repeat", nullptr},  {"text cursor", nullptr},     {"textroll", nullptr},
     {"curve", nullptr},        {"idle time", countIdleTime}, {"MultiKey", nullptr},
     {"refresh", countRefresh},

@@ -1,6 +1,7 @@
 #include "pages/display_kinds.h"
 
-#include "pages/value_copy.h"
+#include "widgets/display/image_animation.h"
+#include "widgets/display/uitimer.h"
 
 #include <algorithm>
 
@@ -8,24 +9,76 @@ namespace panel {
 namespace {
 
 constexpr DisplayKind Kinds[] = {
-    {.code = 0x01, .name = "label", .syncValue = SyncLabel, .inGroups = true},
-    {.code = 0x02, .name = "number", .syncValue = SyncNumber, .inGroups = true},
-    {.code = 0x03, .name = "valueIcon", .syncValue = SyncValueWord, .inGroups = true, .onTop = true},
-    {.code = 0x04, .name = "pngNumber", .syncValue = SyncPngNumber, .inGroups = true},
-    {.code = 0x05, .name = "imageAnimation", .syncValue = SyncValueWord},
-    {.code = 0x06, .name = "pngClock"},
-    {.code = 0x07, .name = "qrcode", .syncValue = SyncQrText},
-    {.code = 0x08, .name = "AnalogClock"},
-    {.code = 0x09, .name = "textroll", .syncValue = SyncTextroll},
+    {.code = 0x01,
+     .name = "label",
+     .dependsOn = LabelText,
+     .inGroups = true,
+     .refresh = Refresh::ByValue,
+     .afterTouch = true},
+    {.code = 0x02,
+     .name = "number",
+     .dependsOn = NumberValue,
+     .inGroups = true,
+     .refresh = Refresh::ByValue,
+     .afterTouch = true},
+    {.code = 0x03,
+     .name = "valueIcon",
+     .dependsOn = ValueWord,
+     .inGroups = true,
+     .onTop = true,
+     .refresh = Refresh::ByValue,
+     .afterTouch = true,
+     .groupAt = 0x14},
+    {.code = 0x04,
+     .name = "pngNumber",
+     .dependsOn = PngNumberValue,
+     .inGroups = true,
+     .refresh = Refresh::ByValue,
+     .afterTouch = true},
+    {.code = 0x05,
+     .name = "imageAnimation",
+     .dependsOn = ValueWord,
+     .display = AddAnimation,
+     .forget = ForgetAnimations,
+     .cursor = &AnimationCursor,
+     .refresh = Refresh::ByRow,
+     .afterTouch = true,
+     .refreshRow = RefreshAnimation},
+    {.code = 0x06, .name = "pngClock", .inGroups = true, .refresh = Refresh::ByRow},
+    {.code = 0x07, .name = "qrcode", .dependsOn = QrText, .refresh = Refresh::ByValue},
+    {.code = 0x08, .name = "AnalogClock", .refresh = Refresh::ByRow},
+    {.code = 0x09, .name = "textroll", .dependsOn = TextrollText, .refresh = Refresh::ByValue},
     {.code = 0x0A, .name = "musicPlayer", .hasBlock = false},
-    {.code = 0x0B, .name = "imageBar", .syncValue = SyncValueWord},
-    {.code = 0x0C, .name = "ringGauge", .syncValue = SyncValueWord},
+    {.code = 0x0B,
+     .name = "imageBar",
+     .dependsOn = ValueWord,
+     .refresh = Refresh::ByValue,
+     .afterTouch = true},
+    {.code = 0x0C,
+     .name = "ringGauge",
+     .dependsOn = ValueWord,
+     .refresh = Refresh::ByValue,
+     .afterTouch = true,
+     .groupAt = 0x27},
     {.code = 0x0D, .name = "curve"},
     {.code = 0x0E, .name = "encoderMenu", .hasBlock = false, .background = true},
-    {.code = 0x0F, .name = "bitIcon", .syncValue = SyncValueWord, .inGroups = true},
-    {.code = 0x10, .name = "uitimer", .syncValue = SyncValueWord},
-    {.code = 0x11, .name = "autoStep", .syncValue = SyncValueWord},
-    {.code = 0x12, .name = "needleMeter", .syncValue = SyncValueWord},
+    {.code = 0x0F,
+     .name = "bitIcon",
+     .dependsOn = ValueWord,
+     .inGroups = true,
+     .refresh = Refresh::ByValue,
+     .afterTouch = true,
+     .groupAt = 0x11},
+    {.code = 0x10,
+     .name = "uitimer",
+     .dependsOn = ValueWord,
+     .display = AddUiTimer,
+     .cursor = &UiTimerCursor,
+     .refresh = Refresh::ByRow,
+     .refreshRow = RefreshUiTimer,
+     .refreshedWords = UiTimerWords},
+    {.code = 0x11, .name = "autoStep", .dependsOn = ValueWord, .refresh = Refresh::ByRow},
+    {.code = 0x12, .name = "needleMeter", .dependsOn = ValueWord, .refresh = Refresh::ByRow},
     {.code = 0x13, .name = "encoderEntry", .hasBlock = false, .background = true},
     {.code = 0x14, .name = "encoderPages", .hasBlock = false, .background = true},
     {.code = 0x20, .name = "cameraView", .hasBlock = false},
@@ -41,6 +94,17 @@ std::span<const DisplayKind> DisplayKinds() { return Kinds; }
 const DisplayKind* FindDisplayKind(std::uint16_t code) {
     const auto* found = std::ranges::lower_bound(Kinds, code, {}, &DisplayKind::code);
     return found != std::end(Kinds) && found->code == code ? found : nullptr;
+}
+
+void ForgetDisplayKinds() {
+    for (const DisplayKind& kind : Kinds)
+        if (kind.forget) kind.forget();
+    ResetCursors();
+}
+
+void ResetCursors() {
+    for (const DisplayKind& kind : Kinds)
+        if (kind.cursor) *kind.cursor = 0;
 }
 
 } // namespace panel

@@ -4,7 +4,7 @@
 #include "pages/display_kinds.h"
 #include "pages/page_table.h"
 #include "pages/stream_walker.h"
-#include "pages/value_copy.h"
+#include "pages/value_runs.h"
 
 namespace panel {
 namespace {
@@ -12,7 +12,7 @@ namespace {
 /// The sync comes first, so that a widget shown now does not count as changed at the next refresh.
 void displayRecord(const DisplayKind& kind, const Parameters& p) {
     if (kind.hasBlock) SyncBlock(p);
-    if (kind.syncValue) kind.syncValue(p);
+    if (kind.dependsOn) SyncRuns(kind.dependsOn(p));
     if (kind.display) kind.display(p);
 }
 
@@ -29,16 +29,21 @@ void displayBackground() {
 
 void displayWidgets() {
     StreamWalker walker(DisplayStream.bytes(), Framing::DisplayByKind);
-    while (const auto record = walker.next())
-        if (const DisplayKind* kind = FindDisplayKind(record->kind()))
-            displayRecord(*kind, Parameters(record->bytes));
+    while (const auto record = walker.next()) {
+        const DisplayKind* kind = FindDisplayKind(record->kind());
+        if (!kind) continue;
+        displayRecord(*kind, Parameters(record->bytes));
+        if (kind->cursor) ++*kind->cursor;
+    }
 }
 
 void displayIconsOnTop() {
     StreamWalker walker(DisplayStream.bytes(), Framing::DisplayByTypeWord);
     while (const auto record = walker.next()) {
         const DisplayKind* kind = FindDisplayKind(record->typeWord);
-        if (kind && kind->onTop) displayRecord(*kind, Parameters(record->bytes));
+        if (!kind || !kind->onTop) continue;
+        IconPass = 1;
+        displayRecord(*kind, Parameters(record->bytes));
     }
 }
 
@@ -55,6 +60,7 @@ void DisplayPage(std::uint16_t page) {
     displayWidgets();
     displayIconsOnTop();
     PrepareGroupStream(page);
+    ResetCursors();
 }
 
 void PrepareGroupStream(std::uint16_t page) {
@@ -63,7 +69,7 @@ void PrepareGroupStream(std::uint16_t page) {
     while (const auto record = walker.next()) {
         const Parameters p(record->bytes);
         const DisplayKind* kind = FindDisplayKind(record->kind());
-        if (kind && kind->inGroups && kind->syncValue && !p.inStore()) kind->syncValue(p);
+        if (kind && kind->inGroups && kind->dependsOn && !p.inStore()) SyncRuns(kind->dependsOn(p));
     }
 }
 

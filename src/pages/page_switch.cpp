@@ -5,11 +5,13 @@
 #include "graphics/surfaces.h"
 #include "host/flash_image.h"
 #include "host/media_requests.h"
+#include "pages/display_kinds.h"
 #include "pages/display_page.h"
 #include "pages/page_presets.h"
 #include "store/clock.h"
 #include "store/system_words.h"
 #include "store/variable_store.h"
+#include "widgets/display/uitimer.h"
 #include "widgets/touch/encoder.h"
 #include "widgets/touch/pointer.h"
 #include "widgets/touch/touch_families.h"
@@ -23,10 +25,12 @@ void takePage(std::uint16_t page) {
     PageImage = PageImageRow(page);
 }
 
-/// What a page and a pop-up both forget of the page before. Rows of display kinds go with their tables.
+/// What a page and a pop-up both forget of the page before.
 void forgetWidgets() {
     ResetTouchFamilies();
+    ForgetDisplayKinds();
     ForgetPress();
+    MergeUiTimers();
 }
 
 void stopPageMusic() {
@@ -45,6 +49,7 @@ void closePageMedia() {
 void drawPageImage() {
     DrawImage(FrameSurface, {0, 0}, PageImage, Backdrop::Page);
     PageBackground = FrameSurface.copy();
+    TextSurface = PageBackground;
 }
 
 /// A pop-up without a picture of its own shows what lies under it.
@@ -54,6 +59,7 @@ void drawPopupImage(QPoint origin) {
     DrawImage(FrameSurface, origin, PopupImage, Backdrop::Frame);
     CopySurfaceRect(FrameSurface, {origin, QSize(PopupImage.Width, PopupImage.Height)}, PageBackground,
                     origin);
+    TextSurface = PageBackground;
 }
 
 /// Touch rows come before the widgets, which are drawn on top of the key images.

@@ -3,6 +3,7 @@
 #include "store/host_time.h"
 #include "store/system_words.h"
 #include "store/variable_store.h"
+#include "widgets/display/uitimer.h"
 
 #include <QDate>
 
@@ -95,6 +96,7 @@ void OncePerSecond() {
     ClockSecondFlag = 1;
     SecondTick = 1;
     UiTimerSecondFlag = 1;
+    CountUiTimers();
 }
 
 void ReadClockWords() {

@@ -29,7 +29,7 @@ inline Shared<std::uint8_t> UiTimerSecondFlag{0};
 /// Takes the host's date and time. Engine thread, at start.
 void InitClock();
 
-/// Advances the clock by a second and raises the second flags. Main thread.
+/// Advances the clock by a second, raises the second flags and counts the timers. Main thread.
 void OncePerSecond();
 
 /// Sets date and time; hour, minute and second are held to their ranges. Returns 1 and changes nothing for a

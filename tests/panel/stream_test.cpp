@@ -165,7 +165,7 @@ INSTANTIATE_TEST_SUITE_P(
         SyncCase{"FlaggedBitIcon", {.Kind = 0x0F, .Flags = 0x0300, .Block = valueWord}, {0, 1}},
         SyncCase{"QrTextUpToAPairOfZeros",
                  {.Kind = 7, .Block = block(12, {{5, 0x0100}, {7, 9}})},
-                 {0, 1, 2, 3, 4, 5, 6}},
+                 {0, 1, 2, 3, 4, 5, 6, 7}},
         SyncCase{"QrTextByItsLength", {.Kind = 7, .Block = block(12, {{5, 0x0100}, {7, 1}})}, {0, 1}},
         SyncCase{
             "Textroll", {.Kind = 9, .Block = block(12, {{5, 0x0100}, {0x0F, 0xFF03}})}, {0, 1, 2, 3, 4, 5}},

@@ -1,0 +1,39 @@
+#include "store/typed_value.h"
+
+#include "store/variable_store.h"
+
+#include <array>
+#include <span>
+
+namespace panel {
+namespace {
+
+constexpr unsigned LargestSizeCode = 3; // 8 bytes
+
+bool namesType(std::uint8_t typeCode) {
+    return (typeCode & ~(TypeSignedBit | TypeSizeMask)) == 0 && (typeCode & TypeSizeMask) <= LargestSizeCode;
+}
+
+std::uint64_t readBigEndian(std::size_t offset, std::size_t count) {
+    std::array<std::uint8_t, 8> bytes{};
+    const auto value = std::span(bytes).first(count);
+    ReadBytes(offset, value);
+    std::uint64_t result = 0;
+    for (const std::uint8_t byte : value) result = result << 8 | byte;
+    return result;
+}
+
+} // namespace
+
+NumericValue ReadNumeric(std::uint16_t address, std::uint8_t typeCode) {
+    if (!namesType(typeCode)) return {};
+    const std::size_t count = std::size_t{1} << (typeCode & TypeSizeMask);
+    const std::uint64_t value = readBigEndian(2 * std::size_t{address} + (count == 1 ? 1 : 0), count);
+    const std::uint64_t signBit = std::uint64_t{1} << (8 * count - 1);
+    const bool isSigned = (typeCode & TypeSignedBit) != 0 || typeCode == TypePlain64;
+    if (!isSigned || (value & signBit) == 0) return {.magnitude = value, .negative = false};
+    return {.magnitude = (signBit << 1) - value,
+            .negative = true}; // 2^64 is 0 here, and 0 - value is right too
+}
+
+} // namespace panel

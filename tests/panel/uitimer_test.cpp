@@ -1,0 +1,349 @@
+#include "widgets/display/uitimer.h"
+
+#include "imagekit/value_widgets.h"
+#include "pages/page_switch.h"
+#include "pages/refresh.h"
+#include "panel_test.h"
+#include "store/clock.h"
+#include "store/system_words.h"
+#include "widgets/touch/open_entry.h"
+
+#include <thread>
+
+namespace panel {
+namespace {
+
+using imagekit::ImageBuilder;
+using imagekit::TimerDirection;
+using imagekit::UiTimer;
+using Frames = std::vector<std::vector<std::uint8_t>>;
+
+constexpr std::uint16_t Preset = 0x0100, Timer = 0x0101, Control = 0x0102, Target = 0x0103;
+constexpr QRgb PageColour = 0xFF102030;
+constexpr int GlyphWidth = 4;
+
+/// Digit pictures of one colour each: the glyph's number in the red byte.
+QRgb glyphColour(int glyph) { return qRgb(100 + glyph, 0, 0); }
+
+UiTimer timerAt(std::uint16_t first) {
+    return {.PresetAddress = first,
+            .TimerAddress = static_cast<std::uint16_t>(first + 1),
+            .ControlAddress = static_cast<std::uint16_t>(first + 2),
+            .X = 8,
+            .Y = 6};
+}
+const UiTimer Plain = timerAt(Preset);
+
+class UiTimers : public PanelTest {
+protected:
+    /// Pages of timers, and an empty page behind them.
+    static ImageBuilder pages(const std::vector<std::vector<UiTimer>>& timersOfPages) {
+        const imagekit::PanelConfig config{.Width = 64, .Height = 48, .ColourMode = 1};
+        ImageBuilder image(config);
+        for (int glyph = 0; glyph <= 10; ++glyph) {
+            QImage picture(GlyphWidth, 5, QImage::Format_ARGB32);
+            picture.fill(glyphColour(glyph));
+            image.addPicture(imagekit::Pixels{picture});
+        }
+        for (const auto& timers : timersOfPages) {
+            auto& page = image.addPage(PlainPage(config, QColor::fromRgb(PageColour)));
+            for (const UiTimer& timer : timers) page.add(timer);
+        }
+        image.addPage(PlainPage(config, QColor::fromRgb(PageColour)));
+        return image;
+    }
+
+    static void set(std::uint16_t preset, std::uint16_t timer, std::uint16_t control) {
+        StoreWord(Preset, preset);
+        StoreWord(Timer, timer);
+        StoreWord(Control, control);
+    }
+    /// The digits on the screen from (x, y) on.
+    static std::string shown(int x = 8, int y = 6) {
+        std::string text;
+        for (; FrameSurface.pixel(x, y) != PageColour; x += GlyphWidth)
+            text += "0123456789:"[qRed(FrameSurface.pixel(x, y)) - 100];
+        return text;
+    }
+    void seconds(int count) {
+        for (int i = 0; i < count; ++i) OncePerSecond();
+    }
+};
+
+struct FormatCase {
+    imagekit::TimerFormat format;
+    std::uint16_t preset;
+    std::uint16_t timer;
+    const char* text;
+};
+class UiTimerFormats : public UiTimers, public ::testing::WithParamInterface<FormatCase> {};
+
+TEST_P(UiTimerFormats, ShowTheCount) {
+    UiTimer timer = Plain;
+    timer.Format = GetParam().format;
+    ImageBuilder image = pages({{timer}});
+    image.setWords(Preset, {GetParam().preset, GetParam().timer, 0});
+    boot(image);
+    EXPECT_EQ(shown(), GetParam().text);
+}
+
+constexpr auto Clockwise = imagekit::TimerFormat::HoursMinutesSeconds;
+constexpr auto Short = imagekit::TimerFormat::HoursMinutes;
+constexpr auto Hourly = imagekit::TimerFormat::MinutesSeconds;
+constexpr auto Digits = imagekit::TimerFormat::Plain;
+INSTANTIATE_TEST_SUITE_P(
+    Formats, UiTimerFormats,
+    ::testing::Values(FormatCase{Clockwise, 0, 3661, "01:01:01"}, FormatCase{Short, 0, 3661, "01:01"},
+                      FormatCase{Hourly, 0, 3661, "01:01"}, FormatCase{Clockwise, 0, 36000, "10:00:00"},
+                      FormatCase{Clockwise, 0, 65535, "18:12:15"}, FormatCase{Hourly, 0, 7325, "02:05"},
+                      FormatCase{Digits, 10, 7, "7"}, FormatCase{Digits, 11, 7, "07"},
+                      FormatCase{Digits, 100, 123, "23"}, FormatCase{Digits, 1000, 7, "007"},
+                      FormatCase{Digits, 10000, 12345, "2345"}, FormatCase{Digits, 10001, 7, "00007"},
+                      FormatCase{imagekit::TimerFormat::Nothing, 0, 5, ""},
+                      FormatCase{static_cast<imagekit::TimerFormat>(5), 0, 5, ""}));
+
+TEST_F(UiTimers, PicturesThatDoNotExistCloseUp) {
+    UiTimer timer = Plain;
+    timer.FirstImage = 6; // digits up to 4, and no colon
+    ImageBuilder image = pages({{timer}});
+    image.setWords(Preset, {0, 60 * 60 + 17 * 60, 0}); // 01:17:00
+    boot(image);
+    EXPECT_EQ(shown(), "67766") << "01:17:00 without its colons and its 7";
+}
+
+TEST_F(UiTimers, CountDownShowsZeroForASecondBeforeItEnds) {
+    UiTimer timer = Plain;
+    timer.Notify = true;
+    timer.TargetAddress = Target;
+    timer.TargetValue = 0x1234;
+    boot(pages({{timer}}));
+    set(0, 2, 1);
+    seconds(2);
+    cycles(1);
+    EXPECT_EQ(shown(), "00:00:00");
+    EXPECT_EQ(ReadWord(Control), 1);
+    EXPECT_EQ(ReadWord(Target), 0);
+    EXPECT_TRUE(TakeSentFrames().empty());
+    seconds(1);
+    EXPECT_EQ(ReadWord(Control), 0);
+    EXPECT_EQ(ReadWord(Target), 0x1234);
+    EXPECT_EQ(TakeSentFrames(), (Frames{{0x41, 0x01, 0x03, 0x12, 0x34}}));
+    seconds(3);
+    EXPECT_TRUE(TakeSentFrames().empty());
+}
+
+TEST_F(UiTimers, CountUpEndsAtItsPreset) {
+    UiTimer timer = Plain;
+    timer.Direction = TimerDirection::Up;
+    boot(pages({{timer}}));
+    set(3, 0, 1);
+    seconds(3);
+    EXPECT_EQ(ReadWord(Timer), 3);
+    EXPECT_EQ(ReadWord(Control), 1);
+    seconds(1);
+    EXPECT_EQ(ReadWord(Timer), 3);
+    EXPECT_EQ(ReadWord(Control), 0);
+    set(0, 0, 1);
+    seconds(1);
+    EXPECT_EQ(ReadWord(Control), 0) << "without a preset it ends at once";
+}
+
+TEST_F(UiTimers, CountUpThatStartsItselfAgainGoesOnInTheSameSecond) {
+    UiTimer timer = Plain;
+    timer.Direction = TimerDirection::Up;
+    timer.TargetAddress = Control;
+    timer.TargetValue = 1;
+    boot(pages({{timer}}));
+    set(3, 3, 1);
+    seconds(1);
+    EXPECT_EQ(ReadWord(Timer), 4);
+    EXPECT_EQ(ReadWord(Control), 1);
+}
+
+TEST_F(UiTimers, OnlyACommandOfOneCounts) {
+    boot(pages({{Plain}}));
+    for (const std::uint16_t control : {0, 2, 3, 0x0101}) {
+        set(9, 5, control);
+        seconds(2);
+        EXPECT_EQ(ReadWord(Timer), 5) << control;
+    }
+}
+
+TEST_F(UiTimers, HidingTakesTheDigitsOffOnce) {
+    boot(pages({{Plain}}));
+    set(0, 5, 2);
+    seconds(1);
+    cycles(1);
+    EXPECT_EQ(shown(), "");
+    EXPECT_EQ(UiTimerTable.rows()[0].LastWidth, 0);
+    FrameSurface.fill(Qt::green);
+    seconds(1);
+    cycles(1);
+    EXPECT_EQ(FrameSurface.pixel(8, 6), 0xFF00FF00);
+    set(0, 5, 7);
+    seconds(1);
+    cycles(1);
+    EXPECT_EQ(FrameSurface.pixel(8, 6), glyphColour(0)) << "any other command shows it";
+}
+
+TEST_F(UiTimers, AStoppedTimerIsDrawnOnlyWhenItsWordChanges) {
+    boot(pages({{Plain}}));
+    FrameSurface.fill(PageColour);
+    seconds(1);
+    run(500);
+    EXPECT_EQ(shown(), "");
+    StoreWord(Timer, 61);
+    run(500);
+    EXPECT_EQ(shown(), "00:01:01");
+    FrameSurface.fill(PageColour);
+    run(500);
+    EXPECT_EQ(shown(), "");
+}
+
+TEST_F(UiTimers, KeepsAwayFromAnOpenEntry) {
+    boot(pages({{Plain}}));
+    set(0, 9, 1);
+    OpenEntryRect = EntryRect{8, 11, 20, 20}; // begins where the digits end
+    seconds(1);
+    cycles(1);
+    EXPECT_EQ(shown(), "00:00:00");
+    OpenEntryRect = EntryRect{9, 0, 63, 47}; // not over the first digit's left edge
+    cycles(1);
+    seconds(1);
+    cycles(1);
+    EXPECT_EQ(shown(), "00:00:07");
+}
+
+// Background timers.
+
+UiTimer inBackground(UiTimer timer) {
+    timer.Background = true;
+    return timer;
+}
+
+TEST_F(UiTimers, ABackgroundTimerEndsInTheVerySecondThatReachesZero) {
+    UiTimer timer = inBackground(Plain);
+    timer.TargetAddress = Target;
+    timer.TargetValue = 9;
+    timer.Notify = true;
+    boot(pages({{timer}}));
+    set(0, 2, 1);
+    ShowPage(1);
+    EXPECT_EQ(RunningTimers.size(), 1u);
+    seconds(1);
+    EXPECT_EQ(ReadWord(Target), 0);
+    seconds(1);
+    EXPECT_EQ(ReadWord(Target), 9);
+    EXPECT_EQ(ReadWord(Control), 1) << "a background timer does not stop itself";
+    EXPECT_TRUE(RunningTimers.empty());
+    EXPECT_EQ(TakeSentFrames(), (Frames{{0x41, 0x01, 0x03, 0, 9}}));
+}
+
+TEST_F(UiTimers, ABackgroundTimerGoesOnFromWhereItWasAndComesBack) {
+    UiTimer up = inBackground(Plain);
+    up.Direction = TimerDirection::Up;
+    UiTimer other = timerAt(0x0200);
+    other.Y = 30;
+    boot(pages({{up, other}}));
+    set(5, 0, 1);
+    seconds(1);
+    ShowPage(1);
+    EXPECT_EQ(RunningTimers.size(), 1u) << "the other one ends with its page";
+    seconds(1);
+    ShowPage(1);
+    EXPECT_EQ(ReadWord(Timer), 2);
+    ShowPage(0);
+    EXPECT_TRUE(RunningTimers.empty());
+    EXPECT_EQ(shown(), "00:00:02");
+    seconds(3);
+    ShowPage(1);
+    EXPECT_EQ(ReadWord(Timer), 5);
+    seconds(1);
+    EXPECT_EQ(ReadWord(Timer), 6) << "counts before it looks";
+    EXPECT_TRUE(RunningTimers.empty());
+}
+
+TEST_F(UiTimers, AStandingBackgroundTimerStays) {
+    boot(pages({{inBackground(Plain)}}));
+    set(0, 2, 0);
+    ShowPage(1);
+    seconds(10);
+    EXPECT_EQ(RunningTimers.size(), 1u);
+    EXPECT_EQ(ReadWord(Timer), 2);
+}
+
+TEST_F(UiTimers, SeveralEndInOneSecond) {
+    std::vector<UiTimer> timers;
+    for (std::uint16_t i = 0; i < 4; ++i) {
+        UiTimer timer = inBackground(timerAt(static_cast<std::uint16_t>(0x0200 + 4 * i)));
+        timer.TargetAddress = i == 1 ? word::Page : static_cast<std::uint16_t>(0x0300 + i);
+        timer.TargetValue = i == 1 ? 0 : 1;
+        timers.push_back(timer);
+    }
+    boot(pages({timers}));
+    for (std::uint16_t i = 0; i < 4; ++i) {
+        StoreWord(static_cast<std::uint16_t>(0x0201 + 4 * i), i == 2 ? 2 : 1);
+        StoreWord(static_cast<std::uint16_t>(0x0202 + 4 * i), 1);
+    }
+    ShowPage(1);
+    seconds(1);
+    EXPECT_EQ(ReadWord(0x0300), 1);
+    EXPECT_EQ(ReadWord(0x0303), 1);
+    EXPECT_EQ(ReadWord(0x0302), 0) << "has a second more";
+    EXPECT_EQ(RunningTimers.size(), 1u);
+    EXPECT_EQ(CurrentPage, 1) << "the engine shows the page";
+    cycles(1);
+    EXPECT_EQ(CurrentPage, 0);
+}
+
+TEST_F(UiTimers, RunningTimersHoldEachIdOnceAndNoMoreThanTheirCapacity) {
+    std::vector<std::vector<UiTimer>> all(3);
+    for (std::uint16_t i = 0; i < 30; ++i)
+        all[i / 10].push_back(
+            inBackground(timerAt(static_cast<std::uint16_t>(0x0200 + 4 * (i == 1 ? 0 : i)))));
+    boot(pages(all));
+    ShowPage(3);
+    EXPECT_EQ(RunningTimers.size(), 9u);
+    for (const std::uint16_t page : {1, 2, 3}) ShowPage(page);
+    EXPECT_EQ(RunningTimers.size(), 21u);
+}
+
+TEST_F(UiTimers, EverySecondCountsOnceWhilePagesChange) {
+    boot(pages({{inBackground(Plain)}}));
+    constexpr int count = 20000;
+    set(0, 40000, 1);
+    std::thread mainThread([] {
+        for (int i = 0; i < count; ++i) OncePerSecond();
+    });
+    for (std::uint16_t i = 0; i < 600; ++i) ShowPage(i % 2);
+    mainThread.join();
+    EXPECT_EQ(ReadWord(Timer), 40000 - count);
+}
+
+TEST_F(UiTimers, WordsOutsideTheStoreLeaveTheWidgetOut) {
+    UiTimer lost[] = {Plain, Plain, Plain};
+    lost[0].PresetAddress = 0x70FF;
+    lost[1].TimerAddress = 0xFFFF;
+    lost[2].ControlAddress = 0x8000;
+    boot(pages({{lost[0], lost[1], lost[2], Plain}}));
+    EXPECT_EQ(UiTimerTable.size(), 1u);
+    EXPECT_EQ(shown(), "00:00:00");
+}
+
+TEST_F(UiTimers, ReadItsBlockAgainWhenThatChanges) {
+    UiTimer pointed = Plain;
+    pointed.ParameterAddress = 0x0300;
+    ImageBuilder image = pages({{pointed}});
+    image.setBytes(0x0300, Encode(Plain).Block);
+    boot(image);
+    StoreByte(2 * 0x0300 + 8, 26); // y
+    StoreByte(2 * 0x0300 + 13, 1); // counts up
+    RefreshPageWidgets(0);
+    set(9, 6, 1);
+    seconds(1);
+    cycles(1);
+    EXPECT_EQ(shown(8, 26), "00:00:07");
+}
+
+} // namespace
+} // namespace panel

@@ -1,6 +1,8 @@
 #include "pages/display_kinds.h"
 
 #include "widgets/display/image_animation.h"
+#include "widgets/display/label.h"
+#include "widgets/display/number.h"
 #include "widgets/display/uitimer.h"
 
 #include <algorithm>
@@ -12,12 +14,18 @@ constexpr DisplayKind Kinds[] = {
     {.code = 0x01,
      .name = "label",
      .dependsOn = LabelText,
+     .display = DisplayLabel,
+     .displayInGroup = DisplayLabelInGroup,
      .inGroups = true,
      .refresh = Refresh::ByValue,
      .afterTouch = true},
     {.code = 0x02,
      .name = "number",
      .dependsOn = NumberValue,
+     .display = DisplayNumber,
+     .displayInGroup = DisplayNumberInGroup,
+     .forget = ForgetNumberWidths,
+     .cursor = &NumberCursor,
      .inGroups = true,
      .refresh = Refresh::ByValue,
      .afterTouch = true},

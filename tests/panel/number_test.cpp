@@ -1,0 +1,245 @@
+#include "widgets/display/number.h"
+
+#include "graphics/text.h"
+#include "imagekit/value_widgets.h"
+#include "pages/page_switch.h"
+#include "pages/refresh.h"
+#include "panel_test.h"
+#include "readable_font.h"
+#include "widgets/display/group.h"
+
+namespace panel {
+namespace {
+
+using imagekit::Alignment;
+using imagekit::DataType;
+using imagekit::ImageBuilder;
+using imagekit::Number;
+
+constexpr std::uint16_t Value = 0x0100, Hide = 0x0110;
+constexpr QRgb Ink = 0xFFFF8800, PageColour = 0xFF102030, Mark = 0xFFFF00FF;
+
+const Number Plain{.ValueAddress = Value, .X = 20, .Y = 10, .Colour = Ink & 0xFFFFFF, .IntegerDigits = 4};
+
+class Numbers : public PanelTest {
+protected:
+    static ImageBuilder panelWith(const std::vector<Number>& numbers, std::uint8_t rotate = 0) {
+        const imagekit::PanelConfig config{.Width = 64, .Height = 48, .ColourMode = 1, .Rotate = rotate};
+        ImageBuilder image(config);
+        image.addFont(ReadableFont());
+        auto& page = image.addPage(PlainPage(config, QColor::fromRgb(PageColour)));
+        for (const Number& number : numbers) page.add(number);
+        return image;
+    }
+    /// Shows a value and gives the text from (x, y) on.
+    static std::string show(std::uint16_t value, int x, int y = 10) {
+        StoreWord(Value, value);
+        RefreshPageWidgets(0);
+        return ReadText(FrameSurface, x, y, Ink);
+    }
+};
+
+struct PlaceCase {
+    const char* name;
+    Alignment alignment;
+    std::uint16_t x;
+    int start;
+    const char* text;
+};
+class NumberPlaces : public Numbers, public ::testing::WithParamInterface<PlaceCase> {};
+
+TEST_P(NumberPlaces, BeginWhereTheirAlignmentTells) {
+    Number number = Plain;
+    number.Align = GetParam().alignment;
+    number.X = GetParam().x;
+    ImageBuilder image = panelWith({number});
+    image.setWord(Value, 123);
+    boot(image);
+    EXPECT_EQ(ReadText(FrameSurface, GetParam().start, 10, Ink), GetParam().text);
+    EXPECT_NE(FrameSurface.pixel(std::max(GetParam().start - 1, 0), 12), GetParam().start == 0 ? 0 : Ink);
+}
+
+INSTANTIATE_TEST_SUITE_P(Alignments, NumberPlaces,
+                         ::testing::Values(PlaceCase{"Left", Alignment::Left, 20, 20, "123"},
+                                           PlaceCase{"LeftClipped", Alignment::Left, 55, 55, "12"},
+                                           PlaceCase{"LeftOutside", Alignment::Left, 70, 63, ""},
+                                           PlaceCase{"Centre", Alignment::Centre, 20, 14, "123"},
+                                           PlaceCase{"CentreClipped", Alignment::Centre, 60, 55, "12"},
+                                           PlaceCase{"Right", Alignment::Right, 20, 8, "123"},
+                                           PlaceCase{"RightOutside", Alignment::Right, 4, 0, "3"},
+                                           PlaceCase{"Other", static_cast<Alignment>(3), 20, 0, "123"}),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(Numbers, ShowTypeUnitPointAndSign) {
+    Number number = Plain;
+    number.Type = DataType::S16;
+    number.DecimalDigits = 1;
+    number.LeadingZeros = true;
+    number.Unit = "kg";
+    boot(panelWith({number}));
+    EXPECT_EQ(show(0xFFF6, 20), "-0001.0kg");
+}
+
+TEST_F(Numbers, WithoutIntegerDigitsShowTheirZero) {
+    Number number = Plain;
+    number.IntegerDigits = 0;
+    number.DecimalDigits = 2;
+    boot(panelWith({number}));
+    EXPECT_EQ(show(5, 20), "0.05");
+}
+
+TEST_F(Numbers, ThatShrinkClearTheirWidestText) {
+    boot(panelWith({Plain}));
+    EXPECT_EQ(show(1000, 20), "1000");
+    EXPECT_EQ(show(5, 20), "5");
+    EXPECT_EQ(FrameSurface.copy(24, 10, 12, 6), PageBackground.copy(24, 10, 12, 6))
+        << "no trace of the zeros";
+
+    ShowPage(0);
+    FrameSurface.fill(Mark);
+    EXPECT_EQ(show(6, 20), "6");
+    EXPECT_EQ(FrameSurface.pixel(24, 12), Mark) << "a page change forgets the width";
+}
+
+TEST_F(Numbers, HaveAWidthMemoryEach) {
+    Number second = Plain;
+    second.Y = 30;
+    second.ValueAddress = 0x0120;
+    boot(panelWith({Plain, second}));
+    StoreWord(0x0120, 1234);
+    RefreshPageWidgets(0);
+    EXPECT_EQ(NumberWidthMemory[0], 4);
+    EXPECT_EQ(NumberWidthMemory[1], 16);
+    RefreshAfterTouch(0);
+    StoreWord(0x0120, 12345);
+    RefreshAfterTouch(0);
+    EXPECT_EQ(NumberWidthMemory[1], 16);
+    EXPECT_EQ(NumberWidthMemory[2], 0);
+}
+
+TEST_F(Numbers, AreInvisibleWhileTheirHideWordIsSet) {
+    Number number = Plain;
+    number.HideAddress = Hide;
+    number.Align = Alignment::Right;
+    boot(panelWith({number}));
+    EXPECT_EQ(show(12, 12), "12");
+    StoreWord(Hide, 1);
+    EXPECT_EQ(show(12, 12), "");
+    EXPECT_EQ(FrameSurface, PageBackground);
+    StoreWord(Hide, 0);
+    EXPECT_EQ(show(12, 12), "12");
+}
+
+TEST_F(Numbers, OutsideTheStoreAreNotDrawn) {
+    Number lost = Plain;
+    lost.ValueAddress = 0x70FF;
+    Number wrapped = Plain;
+    wrapped.ValueAddress = Value + 0x8000; // byte addresses have 16 bits
+    wrapped.Y = 30;
+    ImageBuilder image = panelWith({lost, wrapped});
+    image.setWord(Value, 8);
+    boot(image);
+    EXPECT_EQ(ReadText(FrameSurface, 20, 10, Ink), "");
+    EXPECT_EQ(ReadText(FrameSurface, 20, 30, Ink), "8");
+}
+
+TEST_F(Numbers, FollowThePopup) {
+    Number moving = Plain;
+    moving.X = 3;
+    moving.Y = 2;
+    boot(panelWith({moving}));
+    PopupActive = 1;
+    PopupOriginX = 10;
+    PopupOriginY = 20;
+    OpenPopup(0, 10, 20);
+    EXPECT_EQ(ReadText(FrameSurface, 13, 22, Ink), "0");
+}
+
+TEST_F(Numbers, MoreThanThePageHoldsDoNoHarm) {
+    ImageBuilder image = panelWith({});
+    imagekit::Bytes stream;
+    const imagekit::Bytes record = imagekit::EncodeRecord(Encode(Plain), "");
+    for (int i = 0; i < 60; ++i) stream.insert(stream.end(), record.begin(), record.end());
+    image.page(0).setRawStream(imagekit::Stream::Display, stream);
+    boot(image);
+    EXPECT_EQ(show(1, 20), "1");
+}
+
+// In groups.
+
+struct GroupPlaceCase {
+    std::uint8_t rotation;
+    Alignment alignment;
+    QPoint at;
+    QRect box; // on the panel, for a text of 3 characters
+};
+class NumbersInGroups : public Numbers, public ::testing::WithParamInterface<GroupPlaceCase> {};
+
+/// Draws the text where the table says and where the widget does.
+TEST_P(NumbersInGroups, StandAsThePanelIsTurned) {
+    const auto& [rotation, alignment, at, box] = GetParam();
+    Number number = Plain;
+    number.Align = alignment;
+    number.X = static_cast<std::uint16_t>(at.x());
+    number.Y = static_cast<std::uint16_t>(at.y());
+    ImageBuilder image = panelWith({}, rotation);
+    image.page(0).addToGroup(7, number);
+    image.setWord(Value, 123);
+    boot(image);
+    WorkSurface.fill(PageColour);
+    const QRect host(2, 3, 40, 40);
+    DrawGroupInRect(0, 7, host);
+    const QImage drawn = WorkSurface;
+
+    WorkSurface.fill(PageColour);
+    TextFont font = TableFont(0);
+    font.encoding = Encoding::Ascii;
+    constexpr std::uint8_t text[] = {'1', '2', '3'};
+    DrawTextWork({.font = font, .anchor = static_cast<std::uint8_t>(alignment), .colour = Plain.Colour},
+                 box.translated(1 - 2, 1 - 3), text);
+    EXPECT_EQ(drawn, WorkSurface);
+}
+
+// Turned by a quarter the measuring box is as wide as a line is high, and takes one character a line: 4 px.
+INSTANTIATE_TEST_SUITE_P(Places, NumbersInGroups,
+                         ::testing::Values(GroupPlaceCase{0, Alignment::Left, {20, 10}, {20, 10, 12, 6}},
+                                           GroupPlaceCase{0, Alignment::Left, {58, 10}, {58, 10, 6, 6}},
+                                           GroupPlaceCase{0, Alignment::Centre, {20, 10}, {14, 10, 12, 6}},
+                                           GroupPlaceCase{0, Alignment::Centre, {4, 10}, {0, 10, 12, 6}},
+                                           GroupPlaceCase{0, Alignment::Right, {20, 10}, {9, 10, 12, 6}},
+                                           GroupPlaceCase{0, Alignment::Right, {8, 10}, {0, 10, 8, 6}},
+                                           GroupPlaceCase{
+                                               0, static_cast<Alignment>(3), {20, 10}, {0, 0, 12, 6}},
+                                           GroupPlaceCase{1, Alignment::Left, {20, 10}, {14, 10, 6, 4}},
+                                           GroupPlaceCase{1, Alignment::Centre, {20, 10}, {14, 9, 6, 4}},
+                                           GroupPlaceCase{1, Alignment::Right, {20, 10}, {14, 6, 6, 4}},
+                                           GroupPlaceCase{2, Alignment::Left, {20, 10}, {9, 5, 12, 6}},
+                                           GroupPlaceCase{2, Alignment::Left, {11, 10}, {0, 5, 12, 6}},
+                                           GroupPlaceCase{2, Alignment::Centre, {20, 10}, {15, 5, 12, 6}},
+                                           GroupPlaceCase{2, Alignment::Right, {20, 10}, {20, 5, 12, 6}},
+                                           GroupPlaceCase{3, Alignment::Left, {20, 10}, {20, 6, 6, 4}},
+                                           GroupPlaceCase{3, Alignment::Centre, {20, 10}, {20, 9, 6, 4}},
+                                           GroupPlaceCase{3, Alignment::Centre, {20, 0}, {20, 0, 6, 4}},
+                                           GroupPlaceCase{3, Alignment::Right, {20, 10}, {20, 10, 6, 4}}));
+
+TEST_F(Numbers, InAGroupKeepTheirOwnRules) {
+    Number wide = Plain;
+    wide.Type = DataType::U64; // a group shows 64 bits in the signed type alone
+    Number hidden = Plain;
+    hidden.HideAddress = Hide;
+    ImageBuilder image = panelWith({});
+    image.page(0).addToGroup(1, wide);
+    image.page(0).addToGroup(2, hidden);
+    image.setWord(Value, 77);
+    image.setWord(Hide, 1);
+    boot(image);
+    WorkSurface.fill(PageColour);
+    DrawGroupInRect(0, 2, {0, 0, 64, 48});
+    EXPECT_EQ(ReadText(WorkSurface, 21, 11, Ink), "");
+    DrawGroupInRect(0, 1, {0, 0, 64, 48});
+    EXPECT_EQ(ReadText(WorkSurface, 21, 11, Ink), "0") << "a pixel inwards, as all members";
+    EXPECT_EQ(NumberWidthMemory[0], 0);
+}
+
+} // namespace
+} // namespace panel

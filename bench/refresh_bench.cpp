@@ -1,0 +1,106 @@
+// A refresh of a page on which nothing changed: what the panel does five times a second, whatever it shows.
+#include "graphics/surfaces.h"
+#include "host/engine_loop.h"
+#include "host/flash_image.h"
+#include "imagekit/image_builder.h"
+#include "imagekit/value_widgets.h"
+#include "pages/refresh.h"
+#include "store/variable_store.h"
+
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <chrono>
+#include <cstring>
+#include <memory>
+#include <vector>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using imagekit::Label;
+using imagekit::Number;
+
+struct NoOutputs : panel::PanelOutputs {
+    void showFrame(const QImage&) override {}
+    void playSound() override {}
+    void playVideo() override {}
+    void playCamera() override {}
+    void setPlayerVolume(int) override {}
+    void stopMusic() override {}
+    void closeVideo() override {}
+    void closeCamera() override {}
+};
+
+/// 30 numbers and 30 labels with 16 characters each, half of each kind in the pointer form.
+imagekit::ImageBuilder fullPage() {
+    imagekit::ImageBuilder image;
+    image.addFont(imagekit::SyntheticFont({.Width = 8, .Height = 16}));
+    auto& page = image.addPage();
+    for (std::uint16_t i = 0; i < 30; ++i) {
+        const auto y = static_cast<std::uint16_t>(16 * i);
+        Number number{.ValueAddress = static_cast<std::uint16_t>(0x0100 + 2 * i),
+                      .Y = y,
+                      .IntegerDigits = 6,
+                      .Type = imagekit::DataType::S32};
+        Label label{.TextAddress = static_cast<std::uint16_t>(0x0200 + 8 * i),
+                    .X1 = 200,
+                    .Y1 = y,
+                    .X2 = 399,
+                    .Y2 = static_cast<std::uint16_t>(y + 15),
+                    .TextLength = 8};
+        if (i % 2 == 1) {
+            number.ParameterAddress = static_cast<std::uint16_t>(0x1000 + 64 * i);
+            label.ParameterAddress = static_cast<std::uint16_t>(0x2000 + 64 * i);
+            image.setBytes(number.ParameterAddress, Encode(number).Block);
+            image.setBytes(label.ParameterAddress, Encode(label).Block);
+        }
+        image.setText(label.TextAddress, "sixteen letters.", 0);
+        page.add(number);
+        page.add(label);
+    }
+    return image;
+}
+
+void load(const QByteArray& image) {
+    auto data = std::make_unique<std::uint8_t[]>(static_cast<std::size_t>(image.size()));
+    std::memcpy(data.get(), image.constData(), static_cast<std::size_t>(image.size()));
+    panel::FlashImage.replace(std::move(data), image.size());
+}
+
+template <class Work>
+double seconds(Work work) {
+    const auto start = Clock::now();
+    work();
+    benchmark::ClobberMemory();
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+double median(std::vector<double>& runs) {
+    const auto middle = runs.begin() + static_cast<std::ptrdiff_t>(runs.size() / 2);
+    std::ranges::nth_element(runs, middle);
+    return *middle;
+}
+
+/// Reports the median as a multiple of a memcpy of the 800 x 480 surface, taken in turns with it.
+void refreshUnchangedPage(benchmark::State& state) {
+    load(fullPage().build());
+    NoOutputs outputs;
+    panel::StartPanel(outputs);
+    const auto surfaceBytes = static_cast<std::size_t>(panel::FrameSurface.sizeInBytes());
+    const std::vector<char> from(surfaceBytes, 1);
+    std::vector<char> to(surfaceBytes);
+    std::vector<double> copies;
+    std::vector<double> refreshes;
+    for (auto _ : state) {
+        copies.push_back(seconds([&] { std::memcpy(to.data(), from.data(), surfaceBytes); }));
+        refreshes.push_back(seconds([] { panel::RefreshPageWidgets(0); }));
+        state.SetIterationTime(refreshes.back());
+    }
+    state.counters["memcpys"] = median(refreshes) / median(copies);
+}
+BENCHMARK(refreshUnchangedPage)
+    ->Name("refresh of 60 unchanged widgets")
+    ->UseManualTime()
+    ->Unit(benchmark::kMicrosecond);
+
+} // namespace

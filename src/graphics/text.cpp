@@ -100,21 +100,34 @@ public:
         target_.land(cell);
     }
 
+    /// Draws the characters of a line. Cells that do not overlap have their background in one piece.
+    void drawLine(QPoint at, int width, std::span<const LaidGlyph> glyphs, int cellExtra) const {
+        const int height = style_.font.height;
+        const bool ready = cellExtra == 0 && composesInPlace({at, QSize(width, height)});
+        for (const LaidGlyph& glyph : glyphs) {
+            if (ready)
+                paintGlyph(target_.surface, {at, QSize(glyph.advance, height)}, glyph.glyph);
+            else
+                draw(at, glyph.advance + cellExtra, glyph.glyph);
+            at.rx() += glyph.advance;
+        }
+    }
+
 private:
     void paintGlyph(QImage& surface, QRect cell, std::uint32_t glyph) const {
         if (drawsPixels_) painter_.paint(surface, cell.topLeft(), cell.width(), glyph);
     }
 
-    /// Puts the background where the cell lies; false, and nothing is done, where that would make a
+    /// Puts the background where the cells lie; false, and nothing is done, where that would make a
     /// difference: small chips cut large cells, and so does a small WorkSurface.
-    bool composesInPlace(QRect cell) const {
-        if (SmallChip() || cell.width() > WorkSurface.width() || cell.height() > WorkSurface.height())
+    bool composesInPlace(QRect cells) const {
+        if (SmallChip() || cells.width() > WorkSurface.width() || cells.height() > WorkSurface.height())
             return false;
         if (style_.opaque) {
-            target_.fill(cell, style_.backColour);
+            target_.fill(cells, style_.backColour);
             return true;
         }
-        return background_.source == BackSource::Page && target_.restoreInPlace(cell);
+        return background_.source == BackSource::Page && target_.restoreInPlace(cells);
     }
 
     void composeBackground(QRect cell) const {
@@ -213,10 +226,8 @@ private:
         if (side == Side::Far) x += spare;
         if (x > rect_.x()) clean({rect_.x(), y, x - rect_.x(), height});
         const int cellExtra = isSparse() ? target_.sparseCellExtra : 0;
-        for (const LaidGlyph& glyph : layout.glyphsOf(line)) {
-            cells_.draw({x, y}, glyph.advance + cellExtra, glyph.glyph);
-            x += glyph.advance;
-        }
+        cells_.drawLine({x, y}, line.width, layout.glyphsOf(line), cellExtra);
+        x += line.width;
         if (spare > 0 && side != Side::Far) clean({x, y, rect_.right() + 1 - x, height});
     }
 

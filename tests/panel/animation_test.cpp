@@ -213,14 +213,6 @@ TEST_F(Animation, WhatItPutsOnTheFrameIsTheUnderlayOfTexts) {
     EXPECT_EQ(TextSurface, PageBackground);
 }
 
-TEST_F(Animation, EndsWithItsPage) {
-    bootWith(Plain, Loop);
-    ShowPage(1);
-    EXPECT_TRUE(AnimationTable.empty());
-    EXPECT_EQ(step(), 0xFFFFFFFF);
-    EXPECT_EQ(TextSurface, PageBackground);
-}
-
 TEST_F(Animation, TheEndOfAPlayMayShowAnotherPage) {
     ImageAnimation leaving = Plain;
     leaving.DoneAddress = word::Page;

@@ -71,14 +71,6 @@ TEST_F(Labels, CanBeOpaqueAndMasked) {
     EXPECT_EQ(FrameSurface.pixel(40, 15), PageColour);
 }
 
-TEST_F(Labels, KeepTheirSpacing) {
-    Label label = Plain;
-    label.CharSpacing = 4;
-    bootWith(label);
-    EXPECT_EQ(shown(), "a");
-    EXPECT_EQ(shown(Ink, 16), "b");
-}
-
 struct AddressCase {
     std::uint16_t address;
     std::uint16_t string;
@@ -115,15 +107,6 @@ TEST_F(Labels, StringsChangeWithTheLanguage) {
         ApplySystemWord(word::Language);
         EXPECT_EQ(shown(ink), text);
     }
-}
-
-TEST_F(Labels, FollowThePopup) {
-    bootWith(Plain);
-    PopupActive = 1;
-    PopupOriginX = 5;
-    PopupOriginY = 20;
-    OpenPopup(0, 5, 20);
-    EXPECT_EQ(shown(Ink, 13, 30), "abcdefgh");
 }
 
 /// A sequence of two frames of one colour each, in the size of a label.

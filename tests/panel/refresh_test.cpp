@@ -160,12 +160,6 @@ TEST_F(RefreshTest, AfterATouchLeavesFlaggedRecordsToTheFullRefresh) {
     EXPECT_FALSE(WordDiffers(ByteValue));
 }
 
-TEST_F(RefreshTest, TakesTheTimersThreeWordsInLine) {
-    for (std::uint16_t address = 0x0110; address <= 0x0112; ++address) StoreWord(address, 5);
-    RefreshPageWidgets(0);
-    for (std::uint16_t address = 0x0110; address <= 0x0112; ++address) EXPECT_FALSE(WordDiffers(address));
-}
-
 TEST_F(RefreshTest, BringsTheStreamBackThatASlideReplaced) {
     DisplayStream.load({});
     StoreWord(ByteValue, 7);

@@ -102,15 +102,6 @@ INSTANTIATE_TEST_SUITE_P(
                       FormatCase{imagekit::TimerFormat::Nothing, 0, 5, ""},
                       FormatCase{static_cast<imagekit::TimerFormat>(5), 0, 5, ""}));
 
-TEST_F(UiTimers, PicturesThatDoNotExistCloseUp) {
-    UiTimer timer = Plain;
-    timer.FirstImage = 6; // digits up to 4, and no colon
-    ImageBuilder image = pages({{timer}});
-    image.setWords(Preset, {0, 60 * 60 + 17 * 60, 0}); // 01:17:00
-    boot(image);
-    EXPECT_EQ(shown(), "67766") << "01:17:00 without its colons and its 7";
-}
-
 TEST_F(UiTimers, CountDownShowsZeroForASecondBeforeItEnds) {
     UiTimer timer = Plain;
     timer.Notify = true;
@@ -186,20 +177,6 @@ TEST_F(UiTimers, HidingTakesTheDigitsOffOnce) {
     EXPECT_EQ(FrameSurface.pixel(8, 6), glyphColour(0)) << "any other command shows it";
 }
 
-TEST_F(UiTimers, AStoppedTimerIsDrawnOnlyWhenItsWordChanges) {
-    boot(pages({{Plain}}));
-    FrameSurface.fill(PageColour);
-    seconds(1);
-    run(500);
-    EXPECT_EQ(shown(), "");
-    StoreWord(Timer, 61);
-    run(500);
-    EXPECT_EQ(shown(), "00:01:01");
-    FrameSurface.fill(PageColour);
-    run(500);
-    EXPECT_EQ(shown(), "");
-}
-
 TEST_F(UiTimers, KeepsAwayFromAnOpenEntry) {
     boot(pages({{Plain}}));
     set(0, 9, 1);
@@ -261,15 +238,6 @@ TEST_F(UiTimers, ABackgroundTimerGoesOnFromWhereItWasAndComesBack) {
     seconds(1);
     EXPECT_EQ(ReadWord(Timer), 6) << "counts before it looks";
     EXPECT_TRUE(RunningTimers.empty());
-}
-
-TEST_F(UiTimers, AStandingBackgroundTimerStays) {
-    boot(pages({{inBackground(Plain)}}));
-    set(0, 2, 0);
-    ShowPage(1);
-    seconds(10);
-    EXPECT_EQ(RunningTimers.size(), 1u);
-    EXPECT_EQ(ReadWord(Timer), 2);
 }
 
 TEST_F(UiTimers, SeveralEndInOneSecond) {

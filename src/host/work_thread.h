@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QThread>
 
+#include <atomic>
 #include <mutex>
 #include <optional>
 
@@ -44,6 +45,9 @@ protected:
     void run() override;
 
 private:
+    /// From the start-up to the stop.
+    void runPanel();
+
     void showFrame(const QImage& frame) override;
     void playSound() override { playWav(); }
     void setPlayerVolume(int volume) override;
@@ -52,6 +56,7 @@ private:
     void closeCamera() override;
 
     panel::community* community_ = nullptr;
+    std::atomic<bool> panelLeft_{false};
     std::mutex frameLock_;
     QImage waitingFrame_; // under frameLock_; null when none waits
 };

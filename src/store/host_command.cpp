@@ -5,10 +5,12 @@
 #include "pages/page_switch.h"
 #include "store/backlight.h"
 #include "store/clock.h"
+#include "store/curve_samples.h"
 #include "store/system_words.h"
 #include "store/variable_store.h"
 
 #include <algorithm>
+#include <array>
 
 namespace panel {
 namespace {
@@ -16,6 +18,11 @@ namespace {
 constexpr std::uint8_t ReadCommand = 0x03;
 constexpr std::uint8_t WriteCommand = 0x10;
 constexpr std::size_t DataOffset = 4;
+
+// Addresses beyond the store speak of curves. Their low twelve bits are a mask of channels, never empty.
+constexpr std::uint16_t CurveDataBase = 0xC000;
+constexpr std::uint16_t CurveClearBase = 0xE000;
+constexpr std::uint16_t ChannelMask = 0x0FFF;
 
 std::uint16_t bigEndianWord(std::span<const std::uint8_t> bytes, std::size_t at) {
     return static_cast<std::uint16_t>(bytes[at] << 8 | bytes[at + 1]);
@@ -74,6 +81,27 @@ void writeWords(std::uint16_t first, std::span<const std::uint8_t> data) {
         address += applyWrittenWord(static_cast<std::uint16_t>(address));
 }
 
+bool namesChannels(std::uint16_t address, std::uint16_t base) {
+    return (address & ~ChannelMask) == base && (address & ChannelMask) != 0;
+}
+
+void appendCurveData(std::uint16_t mask, std::span<const std::uint8_t> data) {
+    std::array<std::uint16_t, 128> samples{}; // the length byte allows no more
+    const std::size_t count = data.size() / 2;
+    for (std::size_t i = 0; i < count; ++i) samples[i] = bigEndianWord(data, 2 * i);
+    AppendCurveSamples(mask, std::span(samples).first(count));
+}
+
+void writeCommand(std::uint16_t address, std::span<const std::uint8_t> data) {
+    if (data.empty()) return;
+    if (address < FirstSystemWord || SystemRange(address))
+        writeWords(address, data);
+    else if (namesChannels(address, CurveDataBase))
+        appendCurveData(address & ChannelMask, data);
+    else if (namesChannels(address, CurveClearBase))
+        ClearCurveChannels(address & ChannelMask);
+}
+
 void readCommand(std::uint16_t address, std::uint16_t count) {
     if (SystemRange(address) && (address + count >= word::Year || address <= word::Second)) CopyTimeToWords();
 }
@@ -96,9 +124,7 @@ void HostCommand(std::span<const std::uint8_t> frame) {
     case ReadCommand:
         if (frame.size() >= DataOffset + 2) readCommand(address, bigEndianWord(frame, DataOffset));
         break;
-    case WriteCommand:
-        if (address < FirstSystemWord || SystemRange(address)) writeWords(address, writeData(frame));
-        break;
+    case WriteCommand: writeCommand(address, writeData(frame)); break;
     default: break;
     }
 }

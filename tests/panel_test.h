@@ -7,6 +7,7 @@
 #include "host/panel_outputs.h"
 #include "host/serial_recorder.h"
 #include "imagekit/image_builder.h"
+#include "store/system_words.h"
 #include "store/variable_store.h"
 #include "widgets/touch/pointer.h"
 
@@ -73,8 +74,11 @@ protected:
         for (int i = 0; i < count; ++i) EngineCycle(outputs);
     }
 
-    /// Writes a word as a widget on the engine thread does.
-    static void write(std::uint16_t address, std::uint16_t value);
+    /// Writes a system word and lets it take effect.
+    static void apply(std::uint16_t address, std::uint16_t value) {
+        StoreWord(address, value);
+        ApplySystemWord(address);
+    }
 
     QRgb pixel(int x, int y) const { return outputs.frame.pixel(x, y); }
 
@@ -85,9 +89,15 @@ protected:
     int tickCount = 0;
 };
 
-/// A page background of one colour.
-inline imagekit::Solid PlainPage(const imagekit::PanelConfig& config, QColor colour) {
-    return {config.Width, config.Height, colour};
+/// A panel that is quick to paint.
+inline const imagekit::PanelConfig Small{.Width = 64, .Height = 48, .ColourMode = 1};
+
+/// An image with a page of each colour.
+inline imagekit::ImageBuilder ColouredPages(std::initializer_list<QColor> colours,
+                                            const imagekit::PanelConfig& config = Small) {
+    imagekit::ImageBuilder image(config);
+    for (const QColor& colour : colours) image.addPage(imagekit::Solid{config.Width, config.Height, colour});
+    return image;
 }
 
 } // namespace panel

@@ -7,7 +7,6 @@
 #include "panel_test.h"
 #include "store/backlight.h"
 #include "store/pending_writes.h"
-#include "store/system_words.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -20,14 +19,10 @@ namespace {
 using imagekit::ImageBuilder;
 using imagekit::PanelConfig;
 
-const PanelConfig Small{.Width = 64, .Height = 48, .ColourMode = 1};
 constexpr QRgb ErrorColour = qRgb(0x00, 0xA2, 0xFF);
 
-ImageBuilder twoPages(PanelConfig config = Small) {
-    ImageBuilder image(config);
-    image.addPage(PlainPage(config, Qt::red));
-    image.addPage(PlainPage(config, Qt::green));
-    return image;
+ImageBuilder twoPages(const PanelConfig& config = Small) {
+    return ColouredPages({Qt::red, Qt::green}, config);
 }
 
 class EngineLoop : public PanelTest {};
@@ -43,34 +38,31 @@ TEST_F(EngineLoop, StartShowsThePageAndPassesTheVolume) {
     EXPECT_EQ(pixel(0, 0), qRgb(255, 0, 0));
 }
 
-TEST_F(EngineLoop, AWrongCheckEndsInTheErrorFrame) {
-    QByteArray image = twoPages().build();
-    image[static_cast<int>(ConfigBlockAddress) + 0xF0 - 1] = 1; // a covered byte
-    image[static_cast<int>(ConfigBlockAddress) + 40] = 'x';
-    EXPECT_EQ(boot(image), StartResult::Illegal);
-    EXPECT_EQ(outputs.frames, 1);
-    EXPECT_EQ(outputs.frame.size(), QSize(64, 48));
-    EXPECT_EQ(pixel(63, 47), ErrorColour);
-    EXPECT_EQ(DimValue, 0x1F);
-}
-
-TEST_F(EngineLoop, AnUnknownColourModeEndsInABlueFrame) {
-    for (const std::uint8_t mode : {2, 255}) {
-        EXPECT_EQ(
-            boot(twoPages({.Width = 64, .Height = 48, .ColourMode = mode, .Rotate = 1, .WithCheck = false})),
-            StartResult::UnknownColours);
-        EXPECT_EQ(outputs.frame.size(), QSize(48, 64));
-        EXPECT_EQ(pixel(0, 0), qRgb(0, 0, 255));
-    }
-    EXPECT_TRUE(media().empty());
-}
-
-TEST_F(EngineLoop, APanelThatCannotBeEndsInTheErrorFrame) {
-    for (const QByteArray& image : {QByteArray(), QByteArray(1024, '\0'), ImageBuilder({.Width = 0}).build(),
-                                    ImageBuilder({.Height = 4097}).build()}) {
-        EXPECT_EQ(boot(image), StartResult::Illegal) << image.size();
-        EXPECT_EQ(outputs.frame.size(), QSize(800, 480));
-        EXPECT_EQ(pixel(0, 0), ErrorColour);
+TEST_F(EngineLoop, APanelThatCannotBeEndsInAFrameOfOneColour) {
+    QByteArray wrongCheck = twoPages().build();
+    wrongCheck[static_cast<int>(ConfigBlockAddress) + 40] = 'x'; // a covered byte
+    const PanelConfig noColours{.Width = 64, .Height = 48, .ColourMode = 2, .Rotate = 1, .WithCheck = false};
+    struct Case {
+        QByteArray image;
+        StartResult result;
+        QSize size;
+        QRgb colour;
+    };
+    const QSize usual(800, 480);
+    const Case cases[] = {
+        {wrongCheck, StartResult::Illegal, {64, 48}, ErrorColour},
+        {twoPages(noColours).build(), StartResult::UnknownColours, {48, 64}, qRgb(0, 0, 255)},
+        {{}, StartResult::Illegal, usual, ErrorColour},
+        {QByteArray(1024, '\0'), StartResult::Illegal, usual, ErrorColour},
+        {ImageBuilder({.Width = 0}).build(), StartResult::Illegal, usual, ErrorColour},
+        {ImageBuilder({.Height = 4097}).build(), StartResult::Illegal, usual, ErrorColour}};
+    for (const Case& row : cases) {
+        outputs = {};
+        EXPECT_EQ(boot(row.image), row.result);
+        EXPECT_EQ(outputs.frames, 1);
+        EXPECT_EQ(outputs.frame.size(), row.size);
+        EXPECT_EQ(pixel(row.size.width() - 1, row.size.height() - 1), row.colour);
+        EXPECT_TRUE(media().empty());
     }
 }
 
@@ -111,24 +103,10 @@ TEST_F(EngineLoop, TheInspectorsPageComesAtTheEndOfTheCycle) {
     EXPECT_EQ(CurrentPage, 1);
     EXPECT_EQ(pixel(0, 0), qRgb(0, 255, 0)) << "and before the frame";
     EXPECT_EQ(PageRequestFromInspector, 0);
-
     StoreWord(word::Page, 9);
     PageRequestFromInspector = 1;
     cycles(1);
     EXPECT_EQ(CurrentPage, 1);
-    EXPECT_EQ(PageRequestFromInspector, 0);
-}
-
-TEST_F(EngineLoop, VolumeIsPassedOnlyWhenItChanges) {
-    boot(twoPages());
-    cycles(1);
-    media();
-    for (const std::uint16_t volume : {8, 3, 3}) {
-        StoreWord(word::Volume, volume);
-        ApplySystemWord(word::Volume);
-        cycles(2);
-    }
-    EXPECT_EQ(media(), (std::vector<std::string>{"volume 18"}));
 }
 
 TEST_F(EngineLoop, MediaRequestsArePassedOnceAndVideoOnItsChipAlone) {
@@ -136,24 +114,17 @@ TEST_F(EngineLoop, MediaRequestsArePassedOnceAndVideoOnItsChipAlone) {
         boot(twoPages({.Width = 64, .Height = 48, .ColourMode = 1, .ICType = chip}));
         cycles(1);
         media();
-        VideoRequest = 1;
-        MusicPlaying = 1;
-        CameraRequest = 1;
+        VideoRequest = MusicPlaying = CameraRequest = 1;
         cycles(3);
         const std::vector<std::string> all{"video", "sound", "camera"};
         EXPECT_EQ(media(), chip == 5 ? all : std::vector<std::string>({"sound", "camera"})) << int{chip};
         EXPECT_EQ(VideoRequest, chip == 5 ? 0u : 1u);
+        for (const std::uint16_t volume : {8, 3, 3}) {
+            apply(word::Volume, volume);
+            cycles(2);
+        }
+        EXPECT_EQ(media(), (std::vector<std::string>{"volume 18"})) << "only when it changes";
     }
-}
-
-TEST_F(EngineLoop, TheIdleCountOnlyRunsWhileBright) {
-    boot(twoPages());
-    ScreenBright = 1;
-    ticks(10);
-    EXPECT_EQ(IdleTicks, 20u);
-    ScreenBright = 0;
-    ticks(10);
-    EXPECT_EQ(IdleTicks, 20u);
 }
 
 /// The engine on its own thread, and the main thread's side of it.
@@ -209,23 +180,6 @@ TEST_F(WorkThreadTest, FramesThatNobodyTakesGiveWayToTheNewest) {
     QCoreApplication::processEvents();
     EXPECT_EQ(shown, 1);
     EXPECT_EQ(last.pixel(0, 0), qRgb(0, 255, 0));
-}
-
-TEST_F(WorkThreadTest, AHundredLoadsInARow) {
-    const QByteArray sound = twoPages().build();
-    const QByteArray broken(100, '\x55');
-    for (int i = 0; i < 100; ++i) {
-        thread.stop();
-        LoadFlash(i % 3 == 2 ? broken : sound);
-        thread.start();
-        if (i % 4 == 0) QCoreApplication::processEvents();
-        if (i % 10 == 0) QThread::msleep(25);
-    }
-    thread.stop();
-    LoadFlash(sound);
-    thread.start();
-    const int before = shown;
-    EXPECT_TRUE(await([this, before] { return shown > before + 2; }));
 }
 
 } // namespace

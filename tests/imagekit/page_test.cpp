@@ -10,21 +10,11 @@ using namespace imagekit;
 
 namespace {
 
-/// The bytes of a page's stream, as its row tells.
-std::vector<std::uint8_t> streamAt(const ImageReader& image, std::uint32_t row) {
+/// The bytes of page 1's stream of a table with rows of some bytes, as its row tells.
+Bytes stream(const ImageReader& image, std::uint32_t tableWord, std::uint32_t rowBytes,
+             std::uint32_t at = 0) {
+    const std::uint32_t row = image.section(tableWord) + rowBytes + at;
     return image.bytes(image.u32(row), image.u16(row + 4));
-}
-std::vector<std::uint8_t> displayStream(const ImageReader& image, std::uint32_t page) {
-    return streamAt(image, image.section(2) + 12 * page);
-}
-std::vector<std::uint8_t> touchStream(const ImageReader& image, std::uint32_t page) {
-    return streamAt(image, image.section(2) + 12 * page + 6);
-}
-std::vector<std::uint8_t> groupStream(const ImageReader& image, std::uint32_t page) {
-    return streamAt(image, image.section(22) + 6 * page);
-}
-std::vector<std::uint8_t> presetStream(const ImageReader& image, std::uint32_t page) {
-    return streamAt(image, image.section(28) + 8 * page);
 }
 
 TEST(Streams, FrameTheirRecordsInOrder) {
@@ -48,25 +38,12 @@ TEST(Streams, FrameTheirRecordsInOrder) {
             .bytes(Bytes{0x0B, 0, 0xFF, 0xFF, 3, 1, 2, 3, 0x03, 1, 0x34, 0x12, 0x81, 4})
             .bytes(Bytes{0x0E, 0, 0xFF, 0xFF, 0x2C, 1})
             .bytes(Bytes(300, 9));
-    EXPECT_EQ(displayStream(image, 1), display.data());
-    EXPECT_EQ(touchStream(image, 1), (Bytes{0x01, 0xC3, 2, 5, 6, 0x0F, 0x80, 0}));
-    EXPECT_EQ(groupStream(image, 1), (Bytes{1, 2, 2, 0, 0xFF, 0xFF, 4, 7, 8, 3, 0, 1, 0, 0xFF, 0xFF, 2}));
-    EXPECT_EQ(presetStream(image, 1), (Bytes{3, 4, 8, 0x20, 0x10, 0x40, 0x30, 0, 0x70, 2, 0, 5, 0, 0}));
-    EXPECT_TRUE(displayStream(image, 0).empty());
-    EXPECT_TRUE(presetStream(image, 0).empty());
+    EXPECT_EQ(stream(image, 2, 12), display.data());
+    EXPECT_EQ(stream(image, 2, 12, 6), (Bytes{0x01, 0xC3, 2, 5, 6, 0x0F, 0x80, 0}));
+    EXPECT_EQ(stream(image, 22, 6), (Bytes{1, 2, 2, 0, 0xFF, 0xFF, 4, 7, 8, 3, 0, 1, 0, 0xFF, 0xFF, 2}));
+    EXPECT_EQ(stream(image, 28, 8), (Bytes{3, 4, 8, 0x20, 0x10, 0x40, 0x30, 0, 0x70, 2, 0, 5, 0, 0}));
     for (const std::uint32_t countWord : {3u, 9u, 23u, 29u})
         EXPECT_EQ(image.section(countWord), 2u) << countWord;
-}
-
-TEST(Streams, CanBeGivenRaw) {
-    ImageBuilder builder;
-    Page& page = builder.addPage();
-    page.setRawStream(Stream::Display, Bytes(4000, 1)); // above what a panel takes in
-    page.setRawStream(Stream::Touch, {1, 2, 3}, 0xFFFF);
-    const ImageReader image(builder.build());
-    EXPECT_EQ(displayStream(image, 0), Bytes(4000, 1));
-    EXPECT_EQ(image.u16(image.section(2) + 10), 0xFFFFu);
-    EXPECT_EQ(image.bytes(image.u32(image.section(2) + 6), 3), (Bytes{1, 2, 3}));
 }
 
 /// The message of the refusal, or what was done instead.
@@ -138,21 +115,6 @@ TEST(Sequences, AreRunsOfFrameRecords) {
     EXPECT_EQ(image.bytes(frames + 4, 12), (Bytes{2, 1, 4, 3, 0, 0, 0, 0, 7, 6, 5, 7}));
     EXPECT_EQ(image.bytes(frames + 16, 16),
               (Bytes{0x44, 0x33, 0x22, 0x11, 1, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
-}
-
-TEST(Streams, EndAtTheirCapacity) {
-    ImageBuilder builder;
-    Page& page = builder.addPage();
-    const auto fill = [&](const auto& record) {
-        while (refusal(page, record) == "taken") {
-        }
-    };
-    fill(TouchRecord{.Family = 0x8001, .Body = Bytes(13)});
-    fill(GroupRecord{.Group = 1, .Record = {.Kind = 1, .Block = Bytes(9)}});
-    fill(PagePreset{.Id = 1, .Items = std::vector<PresetItem>(63)});
-    EXPECT_EQ(page.bytes(Stream::Touch).size(), 4096u);
-    EXPECT_EQ(page.bytes(Stream::Group).size(), 3072u);
-    EXPECT_EQ(page.bytes(Stream::Presets).size(), 4 * 255u);
 }
 
 } // namespace

@@ -60,7 +60,8 @@ void DrawTextWork(const TextStyle& style, QRect box, TextBytes text, bool masked
 
 // One character, by the glyph that FontReader::unitAt() gives. `depthCode` is that of the FontReader.
 
-/// Composes the cell with its background on the WorkSurface and copies it to the FrameSurface.
+/// Draws the character with the background of its cell on the FrameSurface, by way of the WorkSurface where
+/// need be.
 void DrawGlyphCell(const TextStyle& style, std::uint8_t depthCode, const TextBackground& background,
                    QPoint at, int cellWidth, std::uint32_t glyph);
 /// The same for ListSurfaceA.

@@ -92,11 +92,16 @@ protected:
 /// A panel that is quick to paint.
 inline const imagekit::PanelConfig Small{.Width = 64, .Height = 48, .ColourMode = 1};
 
+/// A page background of one colour.
+inline imagekit::Solid PlainPage(const imagekit::PanelConfig& config, QColor colour) {
+    return {config.Width, config.Height, colour};
+}
+
 /// An image with a page of each colour.
 inline imagekit::ImageBuilder ColouredPages(std::initializer_list<QColor> colours,
                                             const imagekit::PanelConfig& config = Small) {
     imagekit::ImageBuilder image(config);
-    for (const QColor& colour : colours) image.addPage(imagekit::Solid{config.Width, config.Height, colour});
+    for (const QColor& colour : colours) image.addPage(PlainPage(config, colour));
     return image;
 }
 

@@ -5,7 +5,6 @@
 #include <QTextCodec>
 
 #include <algorithm>
-#include <array>
 
 namespace panel {
 namespace {
@@ -49,14 +48,15 @@ EncodedText encodeUnicode(const QString& text) {
     return encoded;
 }
 
-QString readUnicode(std::uint16_t address) {
+QString decodeUnicode(const QByteArray& bytes) {
     QString text;
-    for (std::size_t i = 0; i < LongestTextBytes / 2 && address + i < StoreWordCount; ++i) {
-        const std::uint16_t unit = ReadWord(static_cast<std::uint16_t>(address + i));
-        if (unit == 0) break;
-        text += QChar(unit);
-    }
+    for (int at = 0; at + 1 < bytes.size(); at += 2) text += QChar(byteAt(bytes, at + 1), byteAt(bytes, at));
     return text;
+}
+
+/// Whether the end mark of a text stands at a byte of the store. Behind the last word there are only zeros.
+bool endsAt(std::size_t offset, TextEncoding encoding) {
+    return ReadByte(offset) == 0 && (encoding != TextEncoding::Unicode || ReadByte(offset + 1) == 0);
 }
 
 } // namespace
@@ -82,13 +82,18 @@ void WriteVariableText(std::uint16_t address, const EncodedText& text) {
                                           static_cast<std::size_t>(text.bytes.size())});
 }
 
+QString DecodeText(const QByteArray& bytes, TextEncoding encoding) {
+    if (encoding == TextEncoding::Unicode) return decodeUnicode(bytes);
+    return codecOf(encoding)->toUnicode(bytes);
+}
+
 QString ReadVariableText(std::uint16_t address, TextEncoding encoding) {
-    if (encoding == TextEncoding::Unicode) return readUnicode(address);
-    std::array<std::uint8_t, LongestTextBytes> bytes{};
-    ReadBytes(2 * std::size_t{address}, bytes);
-    const auto length = std::ranges::find(bytes, std::uint8_t{0}) - bytes.begin();
-    return codecOf(encoding)->toUnicode(reinterpret_cast<const char*>(bytes.data()),
-                                        static_cast<int>(length));
+    const std::size_t start = 2 * std::size_t{address};
+    const std::size_t step = encoding == TextEncoding::Unicode ? 2 : 1;
+    QByteArray bytes;
+    for (std::size_t at = start; at < start + LongestTextBytes && !endsAt(at, encoding); at += step)
+        for (std::size_t i = 0; i < step; ++i) bytes += static_cast<char>(ReadByte(at + i));
+    return DecodeText(bytes, encoding);
 }
 
 } // namespace panel

@@ -19,6 +19,9 @@ struct EncodedText {
 };
 EncodedText EncodeText(const QString& text, TextEncoding encoding);
 
+/// The text of bytes that hold no end mark; of Unicode an odd last byte is left out.
+QString DecodeText(const QByteArray& bytes, TextEncoding encoding);
+
 /// User words from here on are out of reach of writes by hand.
 inline constexpr std::uint16_t HandWrittenWordCount = 0x6000;
 

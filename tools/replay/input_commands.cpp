@@ -7,6 +7,7 @@
 #include "store/system_words.h"
 #include "store/variable_store.h"
 #include "store/variable_text.h"
+#include "store/variable_value.h"
 #include "widgets/touch/encoder.h"
 #include "widgets/touch/pointer.h"
 
@@ -66,15 +67,7 @@ constexpr std::array<EncodingName, 5> EncodingNames{{{"gb2312", panel::TextEncod
                                                      {"unicode", panel::TextEncoding::Unicode},
                                                      {"utf-8", panel::TextEncoding::Utf8}}};
 
-bool writableByHand(std::uint16_t address) {
-    return address < panel::HandWrittenWordCount
-           || (panel::SystemRange(address) && panel::IsStoreWord(address));
-}
-
-void setWord(std::uint16_t address, std::uint16_t value) {
-    panel::StoreWord(address, value);
-    if (panel::SystemRange(address)) panel::ApplySystemWordFromMainThread(address);
-}
+constexpr int WordWidth = 2; // bytes
 
 /// Words that a host may write: those of the store, and the two ranges of the curve channels.
 bool writableByHost(std::uint16_t address, std::size_t count) {
@@ -166,11 +159,11 @@ Action PrepareWrite(Arguments& arguments) {
 
 Action PrepareSet(Arguments& arguments) {
     const std::uint16_t address = arguments.address(0x10000);
-    if (!writableByHand(address))
+    if (!panel::IsInReach(address, WordWidth))
         throw CommandError("out of reach of the inspector: " + AddressText(address));
     return [address, value = arguments.word("VALUE")](Bench& bench) {
         bench.panel.requireRunning();
-        setWord(address, value);
+        panel::WriteNumber(address, value, WordWidth);
     };
 }
 

@@ -5,6 +5,7 @@
 #include "host/flash_image.h"
 #include "host/image_file.h"
 #include "host/work_thread.h"
+#include "inspector/dialog_reg.h"
 #include "store/backlight.h"
 #include "ui_main_window.h"
 #include "widgets/touch/encoder.h"
@@ -65,9 +66,11 @@ std::unique_ptr<Ui::MainWindow> makeForm(QMainWindow* window) {
 
 MainWindow::MainWindow(PathFiles pathFiles, QWidget* parent)
     : QMainWindow(parent), ui_(makeForm(this)), pathFiles_(std::move(pathFiles)), information_(*ui_),
-      presenter_(*ui_->label_Show), workThread_(std::make_unique<WorkThread>()) {
+      presenter_(*ui_->label_Show), workThread_(std::make_unique<WorkThread>()),
+      dialogReg_(new DialogReg(this)) {
     setUpView();
     setUpEngine();
+    setUpInspector();
     if (QFileInfo(pathFiles_.startImage()).isFile()) information_.logLoading();
 }
 
@@ -94,6 +97,12 @@ void MainWindow::setUpEngine() {
     connect(workThread_.get(), &WorkThread::Update_to_MainWindow, this, &MainWindow::Update_From_Thread);
 }
 
+void MainWindow::setUpInspector() {
+    connect(this, &MainWindow::Update_to_DialogInfo, dialogReg_, &DialogReg::AddrInit);
+    ui_->tabWidget->addTab(dialogReg_, dialogReg_->windowTitle());
+    ui_->splitter->setSizes({ui_->label_Show->width(), dialogReg_->width()});
+}
+
 // --- Loading ---
 
 void MainWindow::openImage(const QString& path) {
@@ -117,6 +126,7 @@ void MainWindow::LoadImage(const QString& path) {
     ui_->label_Show->setFocus();
     pathFiles_.SaveLastPath(DirectoryOf(path));
     startEngine();
+    dialogReg_->setTableDirectory(DirectoryOf(path));
     emit Update_to_DialogInfo();
 }
 

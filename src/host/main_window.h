@@ -15,6 +15,7 @@
 #include <memory>
 #include <utility>
 
+class DialogReg;
 class WorkThread;
 
 namespace Ui {
@@ -64,6 +65,7 @@ protected:
 private:
     void setUpView();
     void setUpEngine();
+    void setUpInspector();
 
     void LoadImage(const QString& path);
     void stopEngine();
@@ -83,7 +85,8 @@ private:
     QTimer timer1_; // the panel's tick
     QTimer timer2_; // the start by path file
     std::unique_ptr<WorkThread> workThread_;
-    int tickCount_ = 0; // ticks of the running second, 0..99
+    DialogReg* dialogReg_; // a page of the tab area, which owns it
+    int tickCount_ = 0;    // ticks of the running second, 0..99
     float zoom_ = 1.0F;
     bool pressOutsideView_ =
         false; // the mouse button went down beside the view; such a drag is not the panel's

@@ -1,0 +1,183 @@
+#include "inspector/command_preview.h"
+#include "inspector/command_text.h"
+#include "inspector/hex_text.h"
+#include "inspector/raw_bytes.h"
+#include "inspector/typed_access.h"
+#include "store/backlight.h"
+#include "store/system_words.h"
+#include "store/variable_store.h"
+#include "store/variable_value.h"
+
+#include <gtest/gtest.h>
+#include <ostream>
+#include <string>
+
+namespace {
+
+using namespace inspector;
+using panel::TextEncoding;
+
+/// CRC-16 of Modbus by its polynomial, low byte first.
+QString crcOf(const QByteArray& bytes) {
+    unsigned crc = 0xFFFF;
+    for (const char byte : bytes) {
+        crc ^= static_cast<std::uint8_t>(byte);
+        for (int bit = 0; bit < 8; ++bit) crc = (crc & 1) != 0 ? crc >> 1 ^ 0xA001 : crc >> 1;
+    }
+    return QString("%1").arg((crc & 0xFF) << 8 | crc >> 8, 4, 16, QChar('0')).toUpper();
+}
+
+TEST(Crc, IsThatOfModbus) {
+    EXPECT_EQ(CommandCrc("313233343536373839"), "374B"); // 0x4B37, low byte first
+    EXPECT_EQ(CommandCrc("0103000A0001"), "A408");       // a well-known frame
+    EXPECT_EQ(CommandCrc(""), "FFFF");
+    EXPECT_EQ(CommandCrc("1"), "FFFF") << "half a byte does not count";
+    EXPECT_EQ(CommandCrc("g1"), CommandCrc("01"));
+    QByteArray bytes;
+    for (int i = 0; i < 300; ++i) {
+        bytes += static_cast<char>(i * 37);
+        ASSERT_EQ(CommandCrc(bytes.toHex()), crcOf(bytes));
+    }
+}
+
+struct CommandCase {
+    const char* name;
+    Variable variable;
+    const char* typed; // UTF-8
+    HexDigits hexDigits;
+    const char* body; // what the check bytes cover, as the items of the command
+};
+std::ostream& operator<<(std::ostream& out, const CommandCase& row) { return out << row.name; }
+
+class WriteCommands : public ::testing::TestWithParam<CommandCase> {};
+
+TEST_P(WriteCommands, ShowWhatWouldDoTheSame) {
+    const QString body = GetParam().body;
+    const QString digits = QString(body).remove(' ');
+    const int bytes = digits.size() / 2;
+    PreviewHeader = "5AA5";
+    const auto command =
+        WriteTyped(GetParam().variable, QString::fromUtf8(GetParam().typed), GetParam().hexDigits);
+    const QString crc = crcOf(QByteArray::fromHex(digits.toLatin1()));
+    const auto length = [](int count) {
+        const QString text = QString::number(count, 16);
+        return text.size() == 1 ? "0" + text.toUpper() : text;
+    };
+    EXPECT_EQ(command.value_or("none").toStdString(),
+              QString("5AA5 %1 %2 %3").arg(length(bytes + 2), body, crc).toStdString());
+    PreviewNoCrc = 1;
+    EXPECT_EQ(WriteTyped(GetParam().variable, QString::fromUtf8(GetParam().typed), GetParam().hexDigits),
+              QString("5AA5 %1 %2").arg(length(bytes), body));
+}
+
+constexpr int Text = panel::value_type::String;
+
+INSTANTIATE_TEST_SUITE_P(
+    Writes, WriteCommands,
+    ::testing::Values(
+        CommandCase{"Short", {"0x1000", 1, 0}, "258", HexDigits::FilledUp, "10 1000 0102"},
+        CommandCase{"NegativeShort", {"0x1000", 1, 0}, "-1", HexDigits::FilledUp, "10 1000 FFFF"},
+        CommandCase{"LongLong", {"0x0ABC", 6, 0}, "-2", HexDigits::FilledUp, "10 0ABC FFFFFFFFFFFFFFFE"},
+        CommandCase{"AddressAsTyped", {"0xab1c", 3, 0}, "255", HexDigits::FilledUp, "10 ab1c 00FF"},
+        CommandCase{"HexInThePanel", {"0x1000", 1, 0}, "0x10", HexDigits::FilledUp, "10 1000 0010"},
+        CommandCase{"HexInARow", {"0x1000", 1, 0}, "0X1 0", HexDigits::AsTyped, "10 1000 10"},
+        CommandCase{"HexList", {"0x1000", 4, 0}, "0x10002", HexDigits::FilledUp, "10 1000 00010002"},
+        CommandCase{"ThreeBytesOfGbk", {"0x1000", Text, 1}, "a中", HexDigits::FilledUp, "10 1000 61D6D000"},
+        CommandCase{
+            "FourBytesOfGb2312", {"0x1000", Text, 0}, "abcd", HexDigits::FilledUp, "10 1000 616263640000"},
+        CommandCase{"Big5TravelsAsGbk", {"0x1000", Text, 2}, "中", HexDigits::FilledUp, "10 1000 D6D00000"},
+        CommandCase{"Unicode", {"0x1000", Text, 3}, "a中", HexDigits::FilledUp, "10 1000 00614E2D0000"},
+        CommandCase{"Utf8", {"0x1000", Text, 4}, "中", HexDigits::FilledUp, "10 1000 E4B8AD00"},
+        CommandCase{"TextAsHex", {"0x1000", Text, 1}, "0xD6D0", HexDigits::FilledUp, "10 1000 D6D00000"},
+        CommandCase{"LongText",
+                    {"0x1000", Text, 4},
+                    "0123456789abcdefghijk",
+                    HexDigits::FilledUp,
+                    "10 1000 303132333435363738396162636465666768696A6B00"}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST(ReadCommand, CountsWords) {
+    PreviewNoCrc = 1;
+    const auto command = [](const char* value, int type, int encoding) {
+        return ReadCommandText(QString::fromUtf8(value), {"0x1000", type, encoding});
+    };
+    EXPECT_EQ(command("200", 0, 0), "05 03 1000 0001") << "no header without an image";
+    EXPECT_EQ(command("65535", 1, 0), "05 03 1000 0001");
+    EXPECT_EQ(command("7", 5, 0), "05 03 1000 0002");
+    EXPECT_EQ(command("7", 6, 0), "05 03 1000 0004");
+    EXPECT_EQ(command("a中", Text, 1), "05 03 1000 0002");
+    EXPECT_EQ(command("abcd", Text, 1), "05 03 1000 0003");
+    EXPECT_EQ(command("a中", Text, 3), "05 03 1000 0003");
+    EXPECT_EQ(command("", Text, 4), "05 03 1000 0001");
+    PreviewNoCrc = 0;
+    PreviewHeader = "AA55";
+    EXPECT_EQ(ReadCommandText("0", {"0x7000", 1, 0}),
+              "AA55 07 03 7000 0001 " + crcOf(QByteArray::fromHex("0370000001")));
+    EXPECT_EQ(ReadCommandText("0", {"0", 1, 0}), "AA55 05 03 0001 " + crcOf(QByteArray::fromHex("030001")));
+}
+
+TEST(TypedData, IsWrittenInEveryForm) {
+    const auto write = [](int type, const char* typed) {
+        WriteTyped({"0x1000", type, 3}, typed, HexDigits::FilledUp);
+        return panel::ReadVar(0x1000, type, 3);
+    };
+    for (int type = 0; type < Text; ++type) EXPECT_EQ(write(type, "0x10"), "16") << type;
+    EXPECT_EQ(write(1, "0xFFFFFFFF"), "65535");
+    EXPECT_EQ(write(6, "0xFFFFFFFF"), "-1");
+    EXPECT_EQ(write(6, "0x123456789"), "0") << "a list is no number";
+    EXPECT_EQ(write(Text, "0x00614E2D 0000 0062"), QString::fromUtf8("a中b")) << "without its zeros";
+    EXPECT_EQ(write(Text, "plain"), "plain");
+}
+
+TEST(TypedData, ThatIsEmptyWritesNothingAndHasNoCommand) {
+    panel::StoreWord(0x1000, 0x4141);
+    for (const char* typed : {"", "0x", "0X "})
+        for (const int type : {1, Text}) {
+            EXPECT_FALSE(WriteTyped({"0x1000", type, 4}, typed, HexDigits::AsTyped)) << typed;
+            EXPECT_EQ(panel::ReadWord(0x1000), 0x4141);
+        }
+}
+
+TEST(TextBytes, GoThereAndBackInEveryEncoding) {
+    const QString text = QString::fromUtf8("A中文 text");
+    for (const auto encoding :
+         {TextEncoding::GB2312, TextEncoding::GBK, TextEncoding::Unicode, TextEncoding::Utf8}) {
+        const QString hex = TextToHexBytes(text, encoding);
+        EXPECT_EQ(hex.size() % 3, 0);
+        EXPECT_EQ(HexBytesToText(hex, encoding), text);
+        EXPECT_EQ(HexBytesToText(QString(hex).remove(' ').toLower(), encoding), text);
+        EXPECT_EQ(TextToHexBytes("", encoding), "");
+    }
+    EXPECT_EQ(TextToHexBytes("A", TextEncoding::Unicode), "00 41 ");
+    EXPECT_EQ(TextToHexBytes("A", TextEncoding::Utf8), "41 ");
+}
+
+TEST(RawBytes, AreRunsOfDigitsAndLiterals) {
+    EXPECT_EQ(ParseRawBytes("0102 ff"), QByteArray::fromHex("0102ff"));
+    EXPECT_EQ(ParseRawBytes("01\"Hi 9/\"02"), QByteArray("\x01Hi 9/\x02"));
+    EXPECT_EQ(ParseRawBytes("01 02/03"), QByteArray("\x01\x02"));
+    EXPECT_EQ(ParseRawBytes("0\t1"), QByteArray("\x01"));
+    EXPECT_EQ(ParseRawBytes("\"open"), "open");
+    for (const char* odd : {"0", "01 2", "012 03", "1/", "1\"a\"2"}) EXPECT_EQ(ParseRawBytes(odd), "") << odd;
+}
+
+TEST(RawBytes, OfANumberLieInOrderAndOfATextInReverse) {
+    EXPECT_FALSE(WriteTyped({"0x1000", 1, 0}, "0x0x0102 03", HexDigits::FilledUp)) << "no command";
+    EXPECT_EQ(panel::ReadWord(0x1000), 0x0102);
+    EXPECT_EQ(panel::ReadWord(0x1001), 0x0300);
+    EXPECT_FALSE(WriteTyped({"0x1100", Text, 0}, "0X0X\"abc\"", HexDigits::AsTyped));
+    EXPECT_EQ(panel::ReadWord(0x1100), 0x0063);
+    EXPECT_EQ(panel::ReadWord(0x1101), 0x6261);
+}
+
+TEST(RawBytes, ActOnSystemWordsAndStayInTheStore) {
+    WriteTyped({"0x7001", 1, 0}, "0x0x003F", HexDigits::AsTyped);
+    EXPECT_EQ(panel::DimValue, 0);
+    const QString many = "0x0x" + QString("55").repeated(4000);
+    for (const char* address : {"0x70FE", "0x70FF", "0xFFFF", "0xFFFFFFFF"})
+        for (const int type : {1, Text}) WriteTyped({address, type, 0}, many, HexDigits::AsTyped);
+    EXPECT_EQ(panel::ReadWord(0x70FE), 0x5555);
+    EXPECT_EQ(panel::ReadWord(0), 0);
+}
+
+} // namespace

@@ -1,8 +1,9 @@
-// make-demo: paints the demo project and writes it as demo.bin.
+// make-demo: paints the demo project and writes it as demo.bin, with the tables of its widgets beside it.
 
 #include "demo/project.h"
 
 #include "imagekit/image_error.h"
+#include "imagekit/widget_description.h"
 
 #include <QCommandLineParser>
 #include <QDir>
@@ -30,7 +31,10 @@ void writePictures(const std::vector<demo::PaintedPage>& pages, const QDir& dire
 void makeDemo(const QString& output, const QString& pictures) {
     const std::vector<demo::PaintedPage> pages = demo::PaintPages();
     if (!pictures.isEmpty()) writePictures(pages, outputDirectory(pictures));
-    demo::BuildProject(pages).write(outputDirectory(output).filePath("demo.bin"));
+    const imagekit::ImageBuilder image = demo::BuildProject(pages);
+    const QDir directory = outputDirectory(output);
+    image.write(directory.filePath("demo.bin"));
+    imagekit::WriteWidgetTables(image, directory.path());
 }
 
 } // namespace

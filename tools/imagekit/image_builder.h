@@ -70,6 +70,7 @@ public:
     Page& addPage(const Picture& background = {});
     std::uint16_t pageCount() const { return static_cast<std::uint16_t>(pages_.size()); }
     Page& page(std::uint16_t index) { return pages_.at(index); }
+    const Page& page(std::uint16_t index) const { return pages_.at(index); }
 
     /// Appends a picture to the image table, the same one in all languages, and gives its index.
     std::uint16_t addPicture(const Picture& picture);
@@ -78,6 +79,8 @@ public:
 
     /// Appends a font to the font table and gives its index.
     std::uint8_t addFont(StoredFont font);
+    /// Throws when there is no such font; `where` begins the message.
+    const StoredFont& font(std::uint8_t index, const std::string& where) const;
 
     /// Appends a text to the string table, the same one in all languages, and gives its index, from 1 on. Its
     /// font must have been added.
@@ -132,7 +135,6 @@ private:
     };
 
     std::size_t languageCount() const;
-    const StoredFont& font(std::uint8_t index, const std::string& where) const;
     Bytes encodeString(const LanguageText& text, const std::string& where) const;
     void placeFonts(ImageLayout& layout) const;
     void placeStrings(ImageLayout& layout) const;

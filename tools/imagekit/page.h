@@ -3,12 +3,14 @@
 
 #include "imagekit/picture.h"
 #include "imagekit/records.h"
+#include "imagekit/widget_description.h"
 
 #include <array>
 #include <cstdint>
 #include <map>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace imagekit {
 
@@ -38,10 +40,24 @@ public:
     void add(const Widget& widget) {
         add(Encode(widget));
     }
+    /// And with a text for the variable inspector, which lists the widget by its kind and a running number.
+    template <class Widget>
+    void add(const Widget& widget, const QString& text) {
+        add(widget);
+        WidgetDescription row = Describe(widget);
+        row.Name += '_' + QString::number(descriptions_.size());
+        row.Text = text;
+        describe(row);
+    }
     template <class Widget>
     void addToGroup(std::uint16_t group, const Widget& widget) {
         add(GroupRecord{group, Encode(widget)});
     }
+
+    /// Lists a widget for the variable inspector; add() with a text does it for those that have their own
+    /// struct.
+    void describe(const WidgetDescription& widget) { descriptions_.push_back(widget); }
+    const std::vector<WidgetDescription>& descriptions() const { return descriptions_; }
 
     /// Replaces a whole stream, unchecked but for the 16-bit length: for images that no tool would write.
     /// `length` is what the page's row claims instead of the true length.
@@ -65,6 +81,7 @@ private:
 
     std::uint16_t index_;
     StoredPicture background_;
+    std::vector<WidgetDescription> descriptions_;
     std::array<StreamBytes, StreamCount> streams_;
     std::map<std::uint16_t, std::size_t> kindCounts_; // of kinds that a page can hold only so many of
 };

@@ -73,4 +73,32 @@ DisplayRecord Encode(const UiTimer& timer) {
     return {.Kind = 0x10, .ParameterAddress = timer.ParameterAddress, .Block = block.take()};
 }
 
+WidgetDescription Describe(const Label& label) {
+    return {.Name = "label",
+            .Address = label.String == 0 ? label.TextAddress : None,
+            .VectorAddress = label.ParameterAddress,
+            .Font = label.Font};
+}
+
+WidgetDescription Describe(const Number& number) {
+    return {.Name = "number",
+            .Address = number.ValueAddress,
+            .VectorAddress = number.ParameterAddress,
+            .Code = QString("%1").arg(code(number.Type), 2, 16, QChar('0'))};
+}
+
+WidgetDescription Describe(const ImageAnimation& animation) {
+    return {.Name = "imageAnimation",
+            .Address = animation.ControlAddress,
+            .VectorAddress = animation.ParameterAddress};
+}
+
+WidgetDescription Describe(const UiTimer& timer) {
+    return {.Name = "uitimer",
+            .Address = timer.TimerAddress,
+            .VectorAddress = timer.ParameterAddress,
+            .Code = AddressText(timer.PresetAddress),
+            .ControlAddress = AddressText(timer.ControlAddress)};
+}
+
 } // namespace imagekit

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "imagekit/records.h"
+#include "imagekit/widget_description.h"
 
 #include <cstdint>
 #include <string>
@@ -100,5 +101,10 @@ DisplayRecord Encode(const Label& label);
 DisplayRecord Encode(const Number& number);
 DisplayRecord Encode(const ImageAnimation& animation);
 DisplayRecord Encode(const UiTimer& timer);
+
+WidgetDescription Describe(const Label& label);
+WidgetDescription Describe(const Number& number);
+WidgetDescription Describe(const ImageAnimation& animation);
+WidgetDescription Describe(const UiTimer& timer);
 
 } // namespace imagekit

@@ -10,21 +10,22 @@
 #include <QTabWidget>
 #include <QToolBar>
 
-#include <algorithm>
-
 #include <sys/stat.h>
 
 namespace {
 
-const char* const SettingLabels[] = {"label_EditorVer", "label_DevAddr", "label_LCDresulution",
-                                     "label_Flashsize", "label_BdRate",  "label_RGBFormat",
-                                     "label_ICType",    "label_UserID",  "label_UserVer"};
-
 class LoadingTest : public WindowTest {
 protected:
-    bool settingsAreEmpty() const {
-        return std::ranges::all_of(SettingLabels, [&](const char* label) { return text(label).isEmpty(); });
+    /// The settings of the image as the window tells them.
+    QStringList settings() const {
+        QStringList texts;
+        for (const char* label :
+             {"label_EditorVer", "label_DevAddr", "label_LCDresulution", "label_Flashsize", "label_BdRate",
+              "label_RGBFormat", "label_ICType", "label_UserID", "label_UserVer"})
+            texts << text(label);
+        return texts;
     }
+    bool settingsAreEmpty() const { return settings().join("").isEmpty(); }
 
     /// Picks a file in the dialog of the Load action; "" cancels. `look` sees the dialog before.
     void load(const QString& file, const std::function<void(QFileDialog&)>& look = {}) {
@@ -78,15 +79,8 @@ TEST_F(LoadingTest, TheLoadActionLoadsThePickedImageAndDescribesIt) {
     EXPECT_TRUE(shows(Qt::green));
     EXPECT_EQ(view().size(), QSize(480, 272));
     EXPECT_EQ(text("label_PathStr"), "Path: " + file);
-    EXPECT_EQ(text("label_EditorVer"), "V3.1.4");
-    EXPECT_EQ(text("label_DevAddr"), "0xab");
-    EXPECT_EQ(text("label_LCDresulution"), "480*272");
-    EXPECT_EQ(text("label_Flashsize"), "16MB");
-    EXPECT_EQ(text("label_BdRate"), "115200");
-    EXPECT_EQ(text("label_RGBFormat"), "aRGB8888");
-    EXPECT_EQ(text("label_ICType"), "ZR18(MCU)");
-    EXPECT_EQ(text("label_UserID"), "0x00C0FFEE");
-    EXPECT_EQ(text("label_UserVer"), "12345678");
+    EXPECT_EQ(settings(), QStringList({"V3.1.4", "0xab", "480*272", "16MB", "115200", "aRGB8888", "ZR18(MCU)",
+                                       "0x00C0FFEE", "12345678"}));
     EXPECT_EQ(text("label_Filesize"), "3.42 MB");
     EXPECT_EQ(log(), "File size:3584000");
     EXPECT_FALSE(find<QTextEdit>("textEdit").toHtml().contains("color:#ff0000"));
@@ -118,10 +112,8 @@ TEST_F(LoadingTest, StartsWithTheImageOfThePathFileAfterASecond) {
     window_->openImage(writeImage("b.bin", Qt::green)); // what the user chose wins over the path file
     QTest::qWait(1200);
     EXPECT_EQ(shownColour(), QColor(Qt::green));
-}
 
-TEST_F(LoadingTest, APathFileThatNamesNoFileLeavesThePlaceholder) {
-    writeFile("currentbin_path.ini", "/nowhere/x.bin");
+    writeFile("currentbin_path.ini", "/nowhere/x.bin"); // leaves the placeholder
     openWindow();
     EXPECT_EQ(log(), "");
     QTest::qWait(1200);
@@ -162,9 +154,8 @@ TEST_F(LoadingTest, AnIllegalImageEndsInTheErrorFrameAndAnEmptyPanel) {
     window_->openImage(illegal);
     EXPECT_TRUE(shows(QColor(0, 0xA2 * 0xE0 / 0xFF, 0xE0))); // #00A2FF, dimmed
     EXPECT_TRUE(settingsAreEmpty());
-    EXPECT_EQ(text("label_Filesize"), "");
+    EXPECT_EQ(text("label_Filesize") + log(), "");
     EXPECT_EQ(text("label_PathStr"), soundPath);
-    EXPECT_EQ(log(), "");
     EXPECT_FALSE(engineRuns());
 
     window_->openImage(writeImage("a.bin", Qt::green));
@@ -187,13 +178,12 @@ TEST_F(LoadingTest, ShortFilesLoadAndAreDescribedOnlyAbove1024Bytes) {
 }
 
 TEST_F(LoadingTest, AHundredLoadsInARowEndWithTheLast) {
-    const QString first = writeImage("a.bin", Qt::green);
-    const QString second = writeImage("b.bin", Qt::cyan, {.Width = 320, .Height = 240});
+    const QString files[] = {writeImage("a.bin", Qt::green), writeFile("broken.bin", QByteArray(100, 'U')),
+                             writeImage("b.bin", Qt::cyan, {.Width = 320, .Height = 240})};
     openWindow();
-    for (int i = 0; i < 50; ++i) {
-        window_->openImage(first);
-        if (i % 3 == 0) QTest::qWait(i % 7);
-        window_->openImage(second);
+    for (int i = 0; i < 99; ++i) {
+        window_->openImage(files[i % 3]);
+        if (i % 5 == 0) QTest::qWait(i % 7);
     }
     EXPECT_TRUE(shows(Qt::cyan));
     EXPECT_EQ(view().size(), QSize(320, 240));
@@ -233,10 +223,8 @@ TEST_F(LoadingTest, ADroppedImageIsLoaded) {
 
 TEST_F(LoadingTest, TheToolbarHasPicturesAndInfoBringsItsTabToTheFront) {
     openWindow();
-    const auto actions = find<QToolBar>("toolBar").actions();
-    EXPECT_TRUE(std::ranges::all_of(actions, [](const QAction* action) {
-        return action->isSeparator() || !action->icon().pixmap(24).isNull();
-    }));
+    for (const QAction* action : find<QToolBar>("toolBar").actions())
+        EXPECT_TRUE(action->isSeparator() || !action->icon().pixmap(24).isNull());
     auto& tabs = find<QTabWidget>("tabWidget");
     tabs.setCurrentIndex(tabs.addTab(new QWidget, "other"));
     trigger("actionInfo");

@@ -185,13 +185,13 @@ void drawZip(QPoint at, const ImageRow& image, const QImage& behind) {
     panel::CopyToFrame(WorkSurface, {{0, 0}, size}, at);
 }
 
+void copyRect(QImage& target, QPoint at, const QImage& source, QRect rect) {
+    land(target, at, cut(source, rect));
+}
+
 bool isZip(int format) { return format >= 3 && format <= 5; }
 
 } // namespace
-
-void CopyRect(QImage& target, QPoint at, const QImage& source, QRect rect) {
-    land(target, at, cut(source, rect));
-}
 
 BlitResult BlitImage(QImage& target, QPoint at, ImageRow image, QRect source, int stride) {
     if (source.width() == 0) return BlitResult::Nothing;
@@ -199,11 +199,11 @@ BlitResult BlitImage(QImage& target, QPoint at, ImageRow image, QRect source, in
     const bool isPage = image.Address == PageImage.Address;
     if (isZip(image.Format)) return blitZip(target, at, image.Address, source);
     if (image.Format == 0 && isPage && PopupActive == 1) {
-        CopyRect(target, at, PageBackground, source);
+        copyRect(target, at, PageBackground, source);
         return BlitResult::Done;
     }
     if (image.Format == 0 && isPage && PageImage.Format == 3) {
-        CopyRect(target, at, PageBackground, source);
+        copyRect(target, at, PageBackground, source);
     } else if ((image.Format == 0 && isPage && PageImage.Format == 16) || (image.Format == 16 && isPage)) {
         fill(target, at, source.size(), ExpandColour(PageImage.Extra, ColourKind::Opaque));
     } else if (image.Format == 0 && isPage && (PageImage.Format == 7 || PageImage.Format == 10)) {
@@ -247,7 +247,7 @@ void DrawImage(QImage& target, QPoint at, ImageRow image, int selector) {
 void RestoreFrameRect(QPoint at, ImageRow image, QRect source, int stride) {
     const bool isPage = image.Address == PageImage.Address;
     if ((isPage && PopupActive == 1) || isZip(image.Format) || (isPage && image.Format == 7)) {
-        CopyRect(FrameSurface, at, PageBackground, source);
+        copyRect(FrameSurface, at, PageBackground, source);
         return;
     }
     if (image.Format == 1 || image.Format == 2) source.setHeight(limited(source.width(), source.height()));
@@ -264,7 +264,7 @@ void RestoreFrameRect(QPoint at, ImageRow image, QRect source, int stride) {
 void RestoreWorkRect(QPoint at, QRect source) {
     const int format = PageImage.Format;
     if (PopupActive == 1 || format == 3)
-        CopyRect(WorkSurface, at, PageBackground, source);
+        copyRect(WorkSurface, at, PageBackground, source);
     else if (format == 0 || format == 1 || format == 2 || format == 6 || format == 7 || format == 10
              || format == 16)
         plain::BlitImage(WorkSurface, at, PageImage, source, DisplayWidth);

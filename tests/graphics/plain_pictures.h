@@ -10,6 +10,5 @@ panel::BlitResult BlitImage(QImage& target, QPoint at, panel::ImageRow image, QR
 void DrawImage(QImage& target, QPoint at, panel::ImageRow image, int selector);
 void RestoreFrameRect(QPoint at, panel::ImageRow image, QRect source, int stride);
 void RestoreWorkRect(QPoint at, QRect source);
-void CopyRect(QImage& target, QPoint at, const QImage& source, QRect rect);
 
 } // namespace plain

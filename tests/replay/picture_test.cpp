@@ -52,15 +52,6 @@ TEST_F(Pictures, EqualTheirReferencesButForAllowedPixels) {
         "#ff010203 expected, #ffff0000 shown\n");
 }
 
-TEST_F(Pictures, MayAppearInTime) {
-    EXPECT_EQ(
-        run("write 0x7000 1\nframe {}/green.png\nwrite 0x7000 0\nset 0x7000 1\nawait 100 frame {}/green.png"),
-        Outcome::Passed)
-        << diagnostics();
-    EXPECT_EQ(run("set 0x7000 0\nawait 60 frame {}/green.png"), Outcome::Passed) << "the first look finds it";
-    EXPECT_EQ(run("run 20\nawait 60 frame {}/green.png"), Outcome::Failed);
-}
-
 TEST_F(Pictures, ThatCannotBeComparedAreFailures) {
     saveReference("small.png", {width, height - 1});
     writeImage(colouredPages(), "garbage.png");

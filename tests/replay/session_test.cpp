@@ -62,29 +62,18 @@ TEST_F(Session, WritesWordsAsTheInspectorDoes) {
               "page=0 popup=0 popup_x=0 popup_y=0 dim=255 volume=16 language=0 busy=0 encoder=0 frames=1\n");
 }
 
-TEST_F(Session, WritesTextsWithinReachOfTheInspector) {
-    EXPECT_EQ(answersTo("text 0x10 big5 \xE4\xB8\xADx\nread 0x10 2\n"
-                        "text 0x40 utf-8 \"\xE4\xB8\xAD x\"\nread 0x40 3\n"),
-              "0x0010: a4a4 7800\n0x0040: e4b8 ad20 7800\n");
-    EXPECT_EQ(run("text 0x5fff gbk a\nexpect word 0x5fff 0x6100\ntext 0x5fff gbk ab"), Outcome::Error);
-    EXPECT_EQ(diagnostics(), "test:3: the text does not end within reach of the inspector, below 0x6000\n");
-}
-
 TEST_F(Session, FeedsPointerAndKeysByTheRulesOfTheWindow) {
-    run("press 5 6");
-    EXPECT_EQ(panel::TouchPressed, 1);
-    run("press -1 6");
-    EXPECT_EQ(panel::TouchPressed, 1) << "a press left of the panel changes nothing";
-    run("move -1 6");
-    EXPECT_EQ(panel::TouchPressed, 0) << "a move to there ends the press";
-    run("press 63 47\nrelease");
-    EXPECT_EQ(panel::TouchPressed, 0);
-    run("drag 10 0 50 20 80");
+    const std::pair<const char*, int> steps[] = {{"press 5 6", 1},
+                                                 {"press -1 6", 1}, // left of the panel changes nothing
+                                                 {"move -1 6", 0},  // a move to there ends the press
+                                                 {"press 63 47\nrelease", 0},
+                                                 {"drag 10 0 50 20 80\nkey 3", 0}};
+    for (const auto& [script, pressed] : steps) {
+        run(script);
+        EXPECT_EQ(panel::TouchPressed, pressed) << script;
+    }
     EXPECT_EQ(QPoint(panel::TouchStartX, panel::TouchStartY), QPoint(10, 0));
     EXPECT_EQ(QPoint(panel::TouchX, panel::TouchY), QPoint(50, 20));
-    run("key left");
-    EXPECT_EQ(panel::EncoderEvent, 1);
-    run("key 3");
     EXPECT_EQ(panel::EncoderEvent, 4);
 }
 

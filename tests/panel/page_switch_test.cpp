@@ -160,22 +160,15 @@ protected:
     }
 };
 
-TEST_F(Presets, WriteTheirWordsAndApplySystemWords) {
-    image.page(0).add(PagePreset{5, {{0x0100, 1}}});
-    bootWith({6, {{0x0100, 0x1234}, {word::Volume, 3}, {0x70FF, 9}, {0xFFFF, 9}}});
-    apply(word::PagePreset, 6);
-    EXPECT_EQ(ReadWord(0x0100), 0x1234);
-    EXPECT_EQ(Volume, 3);
-    EXPECT_TRUE(WordDiffers(0x0100)) << "widgets have yet to show it";
-}
-
 TEST_F(Presets, ChangeThePageAsTheirLastActAndBelongToTheirPage) {
     image.page(1).add(PagePreset{5, {{0x0100, 8}}});
-    bootWith({5, {{word::Language, 1}, {word::Page, 1}, {0x0100, 7}}});
+    bootWith({5, {{word::Language, 1}, {word::Page, 1}, {word::Volume, 3}, {0x0100, 7}, {0xFFFF, 9}}});
     apply(word::PagePreset, 5);
     EXPECT_EQ(Language, 1);
     EXPECT_EQ(CurrentPage, 1);
+    EXPECT_EQ(Volume, 3);
     EXPECT_EQ(ReadWord(0x0100), 7) << "a change of language in the middle keeps the items that follow";
+    EXPECT_TRUE(WordDiffers(0x0100)) << "widgets have yet to show it";
     apply(word::PagePreset, 5);
     EXPECT_EQ(ReadWord(0x0100), 8);
     StoreWord(word::Page, 2);

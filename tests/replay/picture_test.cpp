@@ -17,13 +17,9 @@ protected:
         QImage picture(size, QImage::Format_RGB32);
         picture.fill(Qt::red);
         for (const QPoint at : others) picture.setPixel(at, qRgb(1, 2, 3));
-        ASSERT_TRUE(picture.save(file(name)));
+        ASSERT_TRUE(picture.save(path(name)));
     }
-    QByteArray readFile(const char* name) const {
-        QFile read(file(name));
-        return read.open(QIODevice::ReadOnly) ? read.readAll() : QByteArray("no file");
-    }
-    QImage saved(const char* name) const { return QImage(file(name)).convertToFormat(QImage::Format_ARGB32); }
+    QImage saved(const char* name) const { return QImage(path(name)).convertToFormat(QImage::Format_ARGB32); }
 };
 
 TEST_F(Pictures, AreSavedAsThePanelAndAsThePersonSeesThem) {
@@ -65,7 +61,7 @@ TEST_F(Pictures, ThatCannotBeComparedAreFailures) {
         EXPECT_EQ(run("expect " + expected), Outcome::Failed);
         EXPECT_EQ(diagnostics(), QString("test:1: expected %1, got %2\n").arg(expected, got).toStdString());
     }
-    EXPECT_FALSE(QFile::exists(file("none.png")));
+    EXPECT_FALSE(QFile::exists(path("none.png")));
 }
 
 TEST_F(Pictures, AreBlessedOnlyWhenAsked) {
@@ -78,18 +74,18 @@ TEST_F(Pictures, AreBlessedOnlyWhenAsked) {
               "test:1: blessed {}/two.png\ntest:2: blessed {}/new.png\ntest:3: blessed {}/part.png\n");
     EXPECT_EQ(run("expect page 1\nexpect region 0 0 {}/unknown.png"), Outcome::Failed)
         << "neither a page nor a region of unknown size can be blessed";
-    EXPECT_FALSE(QFile::exists(file("unknown.png")));
+    EXPECT_FALSE(QFile::exists(path("unknown.png")));
     bench.pictures.bless = false;
     EXPECT_EQ(run(script), Outcome::Passed);
 }
 
 TEST_F(Pictures, LeaveEvidenceWhenTheyFail) {
-    bench.pictures.evidence = file("kept/here");
+    bench.pictures.evidence = path("kept/here");
     saveReference("part.png", {10, 8}, {{0, 0}});
     EXPECT_EQ(run("set 0x0009 0xabcd\nexpect page 1\n  expect region 2 2 {}/part.png # why\nexpect frame "
                   "{}/none.png"),
               Outcome::Failed);
-    EXPECT_EQ(QDir(file("kept/here")).entryList(QDir::Files).join(' ').toStdString(),
+    EXPECT_EQ(QDir(path("kept/here")).entryList(QDir::Files).join(' ').toStdString(),
               "test.3.actual.png test.3.difference.png test.3.line.txt test.3.words.txt "
               "test.4.actual.png test.4.line.txt test.4.words.txt");
     EXPECT_EQ(saved("kept/here/test.3.actual.png").size(), QSize(10, 8));

@@ -24,12 +24,7 @@ protected:
         EXPECT_TRUE(process.waitForFinished()) << "does not end";
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
         return {process.exitCode(), process.readAllStandardOutput().toStdString(),
-                process.readAllStandardError().replace(directory.path().toUtf8(), "{}").toStdString()};
-    }
-    QString writeScript(const QByteArray& text) const {
-        QFile script(file("menu.txt"));
-        EXPECT_TRUE(script.open(QIODevice::WriteOnly) && script.write(text) == text.size());
-        return script.fileName();
+                process.readAllStandardError().replace(directory_.path().toUtf8(), "{}").toStdString()};
     }
 
     QString image;
@@ -38,7 +33,7 @@ protected:
 TEST_F(Program, TakesCommandsFromInputAndFromAFile) {
     const QByteArray commands = "# two pages\nread 0x7000\n\nwrite 0x7000 2\nexpect page 2\n";
     for (const QStringList& arguments :
-         {QStringList{image}, QStringList{image, "-"}, QStringList{image, writeScript(commands)}}) {
+         {QStringList{image}, QStringList{image, "-"}, QStringList{image, writeFile("menu.txt", commands)}}) {
         const Result result = start(arguments, commands);
         EXPECT_EQ(result.exitCode, 0);
         EXPECT_EQ(result.answers, "0x7000: 0000\n");
@@ -72,25 +67,25 @@ TEST_F(Program, TellsByItsExitCodeHowItWent) {
 }
 
 TEST_F(Program, ChecksAFileWholeBeforeAnythingRuns) {
-    const Result result = start({image, writeScript("expect page 1\nread 0x7000\nread 0x70ff\n")});
+    const Result result = start({image, writeFile("menu.txt", "expect page 1\nread 0x7000\nread 0x70ff\n")});
     EXPECT_EQ(result.exitCode, 2);
     EXPECT_EQ(result.answers, "");
     EXPECT_EQ(result.diagnostics, "{}/menu.txt:3: ADDR must be a word address below 0x70ff, not 0x70ff\n");
 }
 
 TEST_F(Program, RefusesBadUsage) {
-    const QString script = writeScript("state\n");
+    const QString script = writeFile("menu.txt", "state\n");
     const QStringList refused[] = {{},
                                    {image, script, "more"},
                                    {"--nonsense", image},
                                    {"--evidence"},
                                    {"--clock", "yesterday", image},
                                    {"--clock", "2009-12-31 00:00:00", image},
-                                   {file("none.bin")},
-                                   {directory.path()},
+                                   {path("none.bin")},
+                                   {directory_.path()},
                                    {"/dev/zero"},
-                                   {image, file("none.txt")},
-                                   {image, directory.path()},
+                                   {image, path("none.txt")},
+                                   {image, directory_.path()},
                                    {image, "/dev/zero"},
                                    {image, "/proc/self/mem"},
                                    {image, image}};
@@ -118,9 +113,9 @@ TEST_F(Program, StartsTheClockWhereItIsTold) {
 }
 
 TEST_F(Program, KeepsEvidenceAndBlessesByItsOptions) {
-    const QByteArray commands = "expect frame " + file("page.png").toUtf8() + "\n";
-    EXPECT_EQ(start({"--evidence", file("kept"), image}, commands).exitCode, 1);
-    EXPECT_TRUE(QFile::exists(file("kept/stdin.1.actual.png")));
+    const QByteArray commands = "expect frame " + path("page.png").toUtf8() + "\n";
+    EXPECT_EQ(start({"--evidence", path("kept"), image}, commands).exitCode, 1);
+    EXPECT_TRUE(QFile::exists(path("kept/stdin.1.actual.png")));
     EXPECT_EQ(start({"--bless", image}, commands).diagnostics, "stdin:1: blessed {}/page.png\n");
     EXPECT_EQ(start({image}, commands).exitCode, 0);
 }

@@ -1,17 +1,13 @@
 // A panel of 64 x 48 pixels with a red, a green and a blue page, driven by scripts.
 #pragma once
 
-#include "imagekit/image_builder.h"
 #include "replay/runner.h"
-
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
+#include "temporary_files.h"
 
 #include <sstream>
 #include <string>
 
-class ReplayTest : public ::testing::Test {
+class ReplayTest : public ::testing::Test, protected TemporaryFiles {
 protected:
     static constexpr int width = 64;
     static constexpr int height = 48;
@@ -26,11 +22,9 @@ protected:
         return image;
     }
 
-    QString file(const char* name) const { return directory.filePath(name); }
-
     QString writeImage(const imagekit::ImageBuilder& image, const char* name = "panel.bin") const {
-        image.write(file(name));
-        return file(name);
+        image.write(path(name));
+        return path(name);
     }
     void load(const imagekit::ImageBuilder& image) { bench.panel.load(writeImage(image)); }
 
@@ -39,7 +33,7 @@ protected:
         answerStream.str("");
         diagnosticStream.str("");
         bench.report = {"test", answerStream, diagnosticStream};
-        std::istringstream input(script.replace("{}", directory.path()).toStdString());
+        std::istringstream input(script.replace("{}", directory_.path()).toStdString());
         return replay::RunLines(input, bench);
     }
     /// What the script answers; a script that does not pass is a failure of the test.
@@ -49,10 +43,9 @@ protected:
     }
     /// What was said of the last script, with {} for the test's directory.
     std::string diagnostics() const {
-        return QString::fromStdString(diagnosticStream.str()).replace(directory.path(), "{}").toStdString();
+        return QString::fromStdString(diagnosticStream.str()).replace(directory_.path(), "{}").toStdString();
     }
 
-    QTemporaryDir directory;
     std::ostringstream answerStream;
     std::ostringstream diagnosticStream;
     replay::Bench bench{.panel = {}, .report = {"test", answerStream, diagnosticStream}, .pictures = {}};

@@ -1,20 +1,14 @@
 // Runs the program itself, in a directory of its own so that its path files are its own too.
-#include "imagekit/image_builder.h"
+#include "temporary_files.h"
 
-#include <QFile>
 #include <QImage>
 #include <QProcess>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 namespace {
 
-class ProgramTest : public ::testing::Test {
+class ProgramTest : public ::testing::Test, protected TemporaryFiles {
 protected:
     void SetUp() override { ASSERT_TRUE(QFile::copy(VENDARO_PROGRAM, path("vendaro"))); }
-
-    QString path(const QString& name) const { return directory_.filePath(name); }
 
     int run(const QStringList& arguments, const QString& platform = "offscreen") {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -25,11 +19,8 @@ protected:
         return program_.exitStatus() == QProcess::NormalExit ? program_.exitCode() : -1;
     }
 
-    QString writeImage() const {
-        imagekit::ImageBuilder image({.Width = 320, .Height = 240, .ColourMode = 1});
-        image.addPage(imagekit::Solid{.Width = 320, .Height = 240, .Colour = QColor(255, 0, 255)});
-        image.write(path("a.bin"));
-        return path("a.bin");
+    QString writeProject() const {
+        return writeImage("a.bin", QColor(255, 0, 255), {.Width = 320, .Height = 240});
     }
 
     /// Pixels of a picture that have the colour of the image's page.
@@ -41,7 +32,6 @@ protected:
         return count;
     }
 
-    QTemporaryDir directory_;
     QProcess program_;
 };
 
@@ -62,14 +52,11 @@ TEST_F(ProgramTest, RefusesWhatIsNoCommandLine) {
 }
 
 TEST_F(ProgramTest, TakesAScreenshotOfTheWindowWithTheGivenImageOrThatOfThePathFile) {
-    EXPECT_EQ(run({"--screenshot", path("a.png"), "--after", "400", writeImage()}), 0);
+    EXPECT_EQ(run({"--screenshot", path("a.png"), "--after", "400", writeProject()}), 0);
     EXPECT_EQ(pagePixels(path("a.png")), 320 * 240);
     EXPECT_GT(QImage(path("a.png")).width(), 320);
 
-    QFile start(path("currentbin_path.ini"));
-    ASSERT_TRUE(start.open(QIODevice::WriteOnly));
-    start.write(writeImage().toUtf8());
-    start.close();
+    writeFile("currentbin_path.ini", writeProject().toUtf8());
     EXPECT_EQ(run({"--screenshot", path("b.png")}), 0);
     EXPECT_EQ(pagePixels(path("b.png")), 320 * 240);
 }

@@ -4,15 +4,13 @@
 #include "host/flash_image.h"
 #include "host/main_window.h"
 #include "host/media_requests.h"
-#include "imagekit/image_builder.h"
+#include "temporary_files.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDir>
-#include <QFile>
 #include <QLabel>
 #include <QScrollArea>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTextEdit>
 #include <QTimer>
@@ -21,7 +19,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 
-class WindowTest : public ::testing::Test {
+class WindowTest : public ::testing::Test, protected TemporaryFiles {
 protected:
     explicit WindowTest(const char* scale = "1") {
         qputenv("QT_SCALE_FACTOR", scale);
@@ -34,31 +32,6 @@ protected:
         window_->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
     }
-
-    // Files
-
-    QString path(const QString& name) const { return directory_.filePath(name); }
-
-    QString writeFile(const QString& name, const QByteArray& bytes) const {
-        QFile file(path(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-        return file.fileName();
-    }
-
-    QByteArray readFile(const QString& name) const {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
-    }
-
-    /// An image of one page in one colour.
-    QString writeImage(const QString& name, const QColor& colour, imagekit::PanelConfig config = {}) const {
-        config.ColourMode = 1;
-        imagekit::ImageBuilder image(config);
-        image.addPage(imagekit::Solid{.Width = config.Width, .Height = config.Height, .Colour = colour});
-        return writeFile(name, image.build());
-    }
-
-    // The window
 
     template <class Widget>
     Widget& find(const char* name) const {
@@ -94,7 +67,6 @@ protected:
         });
     }
 
-    QTemporaryDir directory_;
     std::unique_ptr<MainWindow> window_;
 
 private:

@@ -1,7 +1,8 @@
 // The four operations that turn an image row into pixels on a surface. Engine thread.
 //
-// Nothing scales and nothing is drawn outside a surface. A picture that the routines do not know, or whose data are
-// not there or broken, draws nothing unless a function tells otherwise; no picture can make them fail.
+// Nothing scales and nothing is drawn outside a surface. A picture that the routines do not know, or whose
+// data are not there or broken, draws nothing unless a function tells otherwise; no picture can make them
+// fail.
 #pragma once
 
 #include "graphics/image_row.h"
@@ -19,10 +20,10 @@ inline std::uint8_t LastZipMode = 0;
 
 enum class BlitResult : int { BadData = -1, Nothing = 0, Done = 1 };
 
-/// Draws the rectangle `source` (px, in the picture) at `at` on `target`. What lies on the target is the backdrop of
-/// pictures with transparency; a compressed picture and a PngOpaque stand on black.
-/// `stride` is the stored row length in pixels, before the padding of NAND images.
-/// RGB565 with the address of PageImage asks for a piece of the page's background, whatever format that has.
+/// Draws the rectangle `source` (px, in the picture) at `at` on `target`. What lies on the target is the
+/// backdrop of pictures with transparency; a compressed picture and a PngOpaque stand on black. `stride` is
+/// the stored row length in pixels, before the padding of NAND images. RGB565 with the address of PageImage
+/// asks for a piece of the page's background, whatever format that has.
 BlitResult BlitImage(QImage& target, QPoint at, const ImageRow& image, QRect source, int stride);
 
 /// Draws the rectangle `source` (panel coordinates) of the page's background at `at` on the WorkSurface.
@@ -42,7 +43,8 @@ void RestoreFrameRect(QPoint at, const ImageRow& image, QRect source, int stride
 /// Restores the piece `source` (panel coordinates) of the current background at `at` on the WorkSurface.
 void RestoreWorkRect(QPoint at, QRect source);
 
-/// Forgets all decoded pictures. Runs at each load, since decoded pictures are known by their place in the image.
+/// Forgets all decoded pictures. Runs at each load, since decoded pictures are known by their place in the
+/// image.
 void DropDecodedPictures();
 
 } // namespace panel

@@ -1,4 +1,5 @@
-// The 12-byte row that describes every picture of an image, and the rows that tell what lies behind the widgets.
+// The 12-byte row that describes every picture of an image, and the rows that tell what lies behind the
+// widgets.
 #pragma once
 
 #include <cstdint>

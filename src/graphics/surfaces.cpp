@@ -32,8 +32,8 @@ QImage newSurface(QSize size, Qt::GlobalColor colour) {
 
 void MakeSurfaces(QSize size) {
     for (QImage* surface : {&PageBackground, &FrameSurface}) *surface = newSurface(size, Qt::black);
-    for (QImage* surface : {&WorkSurface, &BaseSurface, &TextSurface, &PopupSaveSurface, &ImageScratchSurface,
-                            &OverlaySurface})
+    for (QImage* surface :
+         {&WorkSurface, &BaseSurface, &TextSurface, &PopupSaveSurface, &ImageScratchSurface, &OverlaySurface})
         *surface = newSurface(size, Qt::transparent);
     SlideSurface = newSurface({3 * size.width(), size.height()}, Qt::transparent);
     ListSurfaceA = QImage();

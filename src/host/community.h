@@ -3,8 +3,9 @@
 
 namespace panel {
 
-/// Implemented by the main window. Every operation is called on the engine thread and must not touch a widget or a
-/// player there: the window posts the work to its own thread. An operation that is not overridden does nothing.
+/// Implemented by the main window. Every operation is called on the engine thread and must not touch a widget
+/// or a player there: the window posts the work to its own thread. An operation that is not overridden does
+/// nothing.
 class community {
 public:
     virtual ~community() = default;

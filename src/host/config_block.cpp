@@ -23,7 +23,9 @@ public:
     std::uint16_t u16(std::size_t at) const {
         return static_cast<std::uint16_t>(bytes_[at] | bytes_[at + 1] << 8);
     }
-    std::uint32_t u32(std::size_t at) const { return u16(at) | static_cast<std::uint32_t>(u16(at + 2)) << 16; }
+    std::uint32_t u32(std::size_t at) const {
+        return u16(at) | static_cast<std::uint32_t>(u16(at + 2)) << 16;
+    }
     bool bit(std::size_t at, int number) const { return bytes_[at] >> number & 1; }
     std::string text(std::size_t at, std::size_t length) const {
         const auto first = bytes_.begin() + static_cast<std::ptrdiff_t>(at);

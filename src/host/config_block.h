@@ -1,4 +1,5 @@
-// The settings that the design tool stores in the image, and the values that the engine derives from them at start.
+// The settings that the design tool stores in the image, and the values that the engine derives from them at
+// start.
 #pragma once
 
 #include "store/shared.h"
@@ -25,8 +26,8 @@ struct ConfigBlock {
     std::array<std::uint8_t, 2> StartBytes{0x5A, 0xA5};
     std::uint8_t FlhSize = 0; // index, 0..8 when sound
     bool NandFlash = false;
-    std::uint8_t Polarity = 0;            // bit 0 PCLK, 1 HSYNC, 2 VSYNC, 3 DE, 4 BGR
-    std::uint16_t XSIZE = 0, YSIZE = 0;   // px, before rotation
+    std::uint8_t Polarity = 0;          // bit 0 PCLK, 1 HSYNC, 2 VSYNC, 3 DE, 4 BGR
+    std::uint16_t XSIZE = 0, YSIZE = 0; // px, before rotation
     std::uint16_t VBPD = 0, VFPD = 0, VSPW = 0;
     std::uint16_t HBPD = 0, HFPD = 0, HSPW = 0;
     std::string EditorVersion; // up to 8 bytes
@@ -41,7 +42,8 @@ struct ConfigBlock {
     std::uint8_t LangueNum = 0;
 };
 
-/// Reads the block of the loaded image. Any thread while an image is loaded; of a short image the rest is zero.
+/// Reads the block of the loaded image. Any thread while an image is loaded; of a short image the rest is
+/// zero.
 ConfigBlock ReadConfigBlock();
 
 /// Baud rate of an index 0..10, or 0 for any other.
@@ -70,7 +72,8 @@ inline bool SmallChip() { return ICType < 3; }
 /// The chip that plays numbered media files and stores 32-bit pixels.
 inline bool FileMediaChip() { return ICType == 5; }
 
-/// Reads head and settings, sets the values above, the system words and the initial user words. Engine thread.
+/// Reads head and settings, sets the values above, the system words and the initial user words. Engine
+/// thread.
 void LoadConfigBlock();
 
 } // namespace panel

@@ -21,8 +21,8 @@ StartResult StartPanel(PanelOutputs& outputs);
 /// One cycle of the loop without its sleep of 20 ms. Engine thread, only after StartPanel() gave Running.
 void EngineCycle(PanelOutputs& outputs);
 
-/// The 10 ms tick: only counts and raises flags. Main thread. `tickCount` is the caller's divider of the second,
-/// 0..99; each time it comes round, OncePerSecond() runs.
+/// The 10 ms tick: only counts and raises flags. Main thread. `tickCount` is the caller's divider of the
+/// second, 0..99; each time it comes round, OncePerSecond() runs.
 void CountTick(int& tickCount);
 
 /// Ticks since the last refresh by comparison. The tick raises it, the cycle clears it.

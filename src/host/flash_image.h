@@ -1,5 +1,5 @@
-// The loaded flash image: its bytes, the bounded reads that everything else uses, the section table at its start
-// and the integrity test.
+// The loaded flash image: its bytes, the bounded reads that everything else uses, the section table at its
+// start and the integrity test.
 #pragma once
 
 #include "store/shared.h"
@@ -21,7 +21,8 @@ struct FlashBlock {
 };
 inline FlashBlock FlashImage;
 
-/// 1 when the last integrity test failed. The main thread clears it before a load; the test only ever sets it.
+/// 1 when the last integrity test failed. The main thread clears it before a load; the test only ever sets
+/// it.
 inline Shared<std::uint8_t> IllegalImage{0};
 
 /// Copies `byteCount` bytes from `address` on. What lies beyond the end of the image reads as zero.
@@ -33,7 +34,8 @@ std::uint16_t ReadU16(std::uint32_t address);
 std::uint32_t ReadU24(std::uint32_t address);
 std::uint32_t ReadU32(std::uint32_t address);
 
-/// The bytes of [address, address + byteCount) that the image really has, in place. Valid until the next load.
+/// The bytes of [address, address + byteCount) that the image really has, in place. Valid until the next
+/// load.
 std::span<const std::uint8_t> FlashBytes(std::uint32_t address, std::size_t byteCount);
 
 /// Where the tables of the image lie and how many rows they have. Addresses are byte offsets in the image.
@@ -69,11 +71,13 @@ inline constexpr std::int32_t SmallestDescribedImage = 0x400;
 /// Reads the head into Sections. Runs before every other reader of the image.
 void LoadSectionTable();
 
-/// Sets IllegalImage when the image carries a check that does not hold. Main thread, directly after the file is read.
+/// Sets IllegalImage when the image carries a check that does not hold. Main thread, directly after the file
+/// is read.
 void CheckImageIntegrity();
 
-/// The check value of a settings block of 0xF4 bytes, whatever stands in its two check words. The block of a sound
-/// image holds the complement in its first check word (offset 0xEC) and the value itself in the second (0xF0).
+/// The check value of a settings block of 0xF4 bytes, whatever stands in its two check words. The block of a
+/// sound image holds the complement in its first check word (offset 0xEC) and the value itself in the second
+/// (0xF0).
 inline constexpr std::size_t CheckedBytes = 0xF4;
 std::uint32_t ImageCheckValue(std::span<const std::uint8_t, CheckedBytes> block);
 

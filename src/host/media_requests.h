@@ -1,5 +1,5 @@
-// Requests of the engine to the media objects of the main thread. The engine raises them and takes each one back
-// when it has passed it on, so each is passed on once.
+// Requests of the engine to the media objects of the main thread. The engine raises them and takes each one
+// back when it has passed it on, so each is passed on once.
 #pragma once
 
 #include "store/shared.h"

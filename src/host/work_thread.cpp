@@ -20,8 +20,8 @@ WorkThread::~WorkThread() { stop(); }
 void WorkThread::stop() {
     requestInterruption();
     wait();
-    // All that the engine did comes before what the caller does next with image and tables. wait() promises it, and
-    // this says it where race detectors can see it.
+    // All that the engine did comes before what the caller does next with image and tables. wait() promises
+    // it, and this says it where race detectors can see it.
     (void)panelLeft_.load(std::memory_order_acquire);
 }
 

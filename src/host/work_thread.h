@@ -11,7 +11,8 @@
 #include <mutex>
 #include <optional>
 
-/// Runs the engine over the loaded image until it is asked to stop. Made, started and stopped by the main thread.
+/// Runs the engine over the loaded image until it is asked to stop. Made, started and stopped by the main
+/// thread.
 class WorkThread : public QThread, private panel::PanelOutputs {
     Q_OBJECT
 

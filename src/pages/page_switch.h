@@ -16,7 +16,8 @@ inline std::uint16_t PopupPage = 0;
 void ShowPage(std::uint16_t page);
 /// The same without the test, for callers that made it.
 void ShowPageUnchecked(std::uint16_t page);
-/// Shows a page as a pop-up with its picture's top left corner at (x, y), px. The caller has set the pop-up state.
+/// Shows a page as a pop-up with its picture's top left corner at (x, y), px. The caller has set the pop-up
+/// state.
 void OpenPopup(std::uint16_t page, std::uint16_t x, std::uint16_t y);
 
 } // namespace panel

@@ -6,9 +6,10 @@
 
 namespace panel {
 
-/// Carries out one command of a host. `frame` begins with the length byte; the head and what surrounds the frame
-/// have been taken off. Replies and check bytes are the transport's business. A command that is unknown, or shorter
-/// than its own length says, changes nothing beyond the words it does hold. Engine thread.
+/// Carries out one command of a host. `frame` begins with the length byte; the head and what surrounds the
+/// frame have been taken off. Replies and check bytes are the transport's business. A command that is
+/// unknown, or shorter than its own length says, changes nothing beyond the words it does hold. Engine
+/// thread.
 void HostCommand(std::span<const std::uint8_t> frame);
 
 } // namespace panel

@@ -11,7 +11,9 @@ std::array<std::atomic<std::uint8_t>, StoreByteCount> Variables{};
 std::array<std::uint8_t, StoreByteCount> Shadow{};
 
 std::uint8_t load(std::size_t offset) { return Variables[offset].load(std::memory_order_relaxed); }
-void store(std::size_t offset, std::uint8_t value) { Variables[offset].store(value, std::memory_order_relaxed); }
+void store(std::size_t offset, std::uint8_t value) {
+    Variables[offset].store(value, std::memory_order_relaxed);
+}
 
 /// How many of `count` bytes from `offset` on lie inside the store.
 std::size_t inside(std::size_t offset, std::size_t count) {
@@ -34,7 +36,9 @@ void StoreWord(std::uint16_t address, std::uint16_t value) {
 }
 
 std::uint8_t ReadLowByte(std::uint16_t address) { return ReadByte(2 * std::size_t{address} + 1); }
-void StoreLowByte(std::uint16_t address, std::uint8_t value) { StoreByte(2 * std::size_t{address} + 1, value); }
+void StoreLowByte(std::uint16_t address, std::uint8_t value) {
+    StoreByte(2 * std::size_t{address} + 1, value);
+}
 
 std::uint8_t ReadByte(std::size_t offset) { return offset < StoreByteCount ? load(offset) : 0; }
 

@@ -1,5 +1,5 @@
-// The panel's live data: a flat memory of 16-bit words, and a second one of the same shape that holds what the
-// widgets last showed. A widget needs drawing again exactly when the two differ.
+// The panel's live data: a flat memory of 16-bit words, and a second one of the same shape that holds what
+// the widgets last showed. A widget needs drawing again exactly when the two differ.
 #pragma once
 
 #include <cstddef>
@@ -18,7 +18,9 @@ inline constexpr std::size_t UserByteCount = 2 * std::size_t{FirstSystemWord};
 /// Whether `address` names a word of the store. Records use 0xFFFF for "none", which does not.
 constexpr bool IsStoreWord(std::uint16_t address) { return address < StoreWordCount; }
 /// Whether a write to `address` must be followed by ApplySystemWord(). True for 0x7000..0x70FF.
-constexpr bool SystemRange(std::uint16_t address) { return static_cast<std::uint16_t>(address + 0x9000) < 0x100; }
+constexpr bool SystemRange(std::uint16_t address) {
+    return static_cast<std::uint16_t>(address + 0x9000) < 0x100;
+}
 
 // The VariableStore. Any thread; bytes are single relaxed atomics, so a word can tear, and the next refresh
 // then compares again. Words are big-endian: the high byte of word a is byte 2a.
@@ -39,7 +41,8 @@ void StoreBytes(std::size_t offset, std::span<const std::uint8_t> bytes);
 
 std::uint16_t ShadowWord(std::uint16_t address);
 std::uint8_t ShadowByte(std::size_t offset);
-/// Copies bytes from the VariableStore to the ShadowStore, as many as exist: what was drawn is no longer a change.
+/// Copies bytes from the VariableStore to the ShadowStore, as many as exist: what was drawn is no longer a
+/// change.
 void SyncBytes(std::size_t offset, std::size_t count);
 void SyncWord(std::uint16_t address);
 /// Whether any of these bytes differs between the two stores. Bytes outside do not.

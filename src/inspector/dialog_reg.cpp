@@ -8,8 +8,8 @@
 #include "ui_dialog_reg.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QCursor>
 #include <QFile>
 #include <QFileInfo>
@@ -288,8 +288,10 @@ QWidget* DialogReg::makeRowButton(const char* icon, const QString& name, void (D
     button->setAccessibleName(name);
     button->setToolTip(name + " the selected row");
     button->setStyleSheet(RowButtonStyle);
-    button->setAutoDefault(false);       // Enter belongs to the field that is being edited
-    button->setFocusPolicy(Qt::NoFocus); // a button with the focus would make its row the current one
+    button->setAutoDefault(false); // Enter belongs to the field that is being edited
+    // A button with the focus would make its row the current one. So a click gives it to the table, which
+    // also ends the editing of a cell, and its text counts.
+    button->setFocusPolicy(Qt::NoFocus);
     connect(button, &QPushButton::clicked, this, act);
     return button;
 }
@@ -310,14 +312,7 @@ void DialogReg::readRow(int row) {
     ui_->tableWidget->setItem(row, Data, makeDataCell(inspector::ReadTyped(rowVariable(row))));
 }
 
-/// The buttons take no focus, so that the text of a cell in editing would not count yet.
-void DialogReg::endEditing() {
-    const QWidget* focus = QApplication::focusWidget();
-    if (focus && ui_->tableWidget->viewport()->isAncestorOf(focus)) ui_->tableWidget->setFocus();
-}
-
 void DialogReg::tableWidget_readVar() {
-    endEditing();
     const int row = ui_->tableWidget->currentRow();
     if (panel::IllegalImage || !hasRow(row)) return;
     readRow(row);
@@ -326,7 +321,6 @@ void DialogReg::tableWidget_readVar() {
 }
 
 void DialogReg::tableWidget_writeVar() {
-    endEditing();
     const int row = ui_->tableWidget->currentRow();
     if (panel::IllegalImage || !hasRow(row)) return;
     const auto command = inspector::WriteTyped(rowVariable(row), ui_->tableWidget->item(row, Data)->text(),

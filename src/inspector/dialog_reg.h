@@ -75,7 +75,6 @@ private:
     inspector::Variable rowVariable(int row) const;
     int rowIndex(int row, int column) const;
     void readRow(int row);
-    void endEditing();
 
     /// Keeps the window alive in a long fill. An event may start another fill, which raises fill_.
     void serveEvents();

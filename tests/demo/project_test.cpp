@@ -2,6 +2,7 @@
 
 #include "demo/layout.h"
 #include "demo/project.h"
+#include "demo/texts.h"
 #include "demo/words.h"
 
 #include "pages/page_switch.h"
@@ -27,39 +28,87 @@ protected:
     std::vector<PaintedPage> pages;
 };
 
-/// The largest difference of any colour byte.
-int difference(const QImage& a, const QImage& b) {
-    int largest = 0;
-    for (int y = 0; y < a.height(); ++y)
-        for (int x = 0; x < a.width(); ++x) {
-            const QRgb p = a.pixel(x, y), q = b.pixel(x, y);
-            largest = std::max({largest, std::abs(qRed(p) - qRed(q)), std::abs(qGreen(p) - qGreen(q)),
-                                std::abs(qBlue(p) - qBlue(q))});
+/// The smallest rectangle that holds all pixels of which a colour byte differs by more than `tolerance`.
+QRect changedArea(const QImage& before, const QImage& after, int tolerance = 0) {
+    QRect area;
+    for (int y = 0; y < before.height(); ++y)
+        for (int x = 0; x < before.width(); ++x) {
+            const QRgb p = before.pixel(x, y), q = after.pixel(x, y);
+            if (std::abs(qRed(p) - qRed(q)) > tolerance || std::abs(qGreen(p) - qGreen(q)) > tolerance
+                || std::abs(qBlue(p) - qBlue(q)) > tolerance)
+                area |= QRect(x, y, 1, 1);
         }
-    return largest;
+    return area;
 }
 
-TEST_F(DemoProject, ShowsEveryPageAsItWasPainted) {
+TEST_F(DemoProject, HasEveryPageAsItWasPainted) {
+    constexpr int Rounding = 4; // a 5-bit step
     ASSERT_EQ(pages.size(), StandbyPage + 1u);
     for (std::uint16_t id = 0; id < pages.size(); ++id) {
         if (id == AwayPopup || id == BoostPopup) continue;
         panel::ShowPage(id);
-        ASSERT_EQ(panel::FrameSurface.size(), layout::Screen);
-        EXPECT_LE(difference(panel::FrameSurface, pages[id].image), 4) << "a 5-bit step: " << pages[id].name;
+        EXPECT_TRUE(changedArea(pages[id].image, panel::PageBackground, Rounding).isEmpty())
+            << pages[id].name;
     }
 }
 
 TEST_F(DemoProject, OpensPopupsOverThePageWithTheirShadow) {
     for (const PageId id : {AwayPopup, BoostPopup}) {
         panel::ShowPage(HomePage);
-        panel::OpenPopup(id, layout::popup::Origin.x(), layout::popup::Origin.y());
+        panel::PopupActive = 1; // as the key leaves it that opens the pop-up
+        panel::PopupOriginX = static_cast<std::uint16_t>(layout::popup::Origin.x());
+        panel::PopupOriginY = static_cast<std::uint16_t>(layout::popup::Origin.y());
+        panel::OpenPopup(id, panel::PopupOriginX, panel::PopupOriginY);
         const QImage& popup = pages[id].image;
         const QRect window = layout::popup::Window.translated(layout::popup::Origin);
         EXPECT_EQ(qAlpha(popup.pixel(0, 0)), 0) << "the corner shows the page";
         EXPECT_EQ(panel::FrameSurface.pixel(layout::popup::Origin),
                   pages[HomePage].image.pixel(layout::popup::Origin));
-        EXPECT_EQ(panel::FrameSurface.pixel(window.center()), popup.pixel(layout::popup::Window.center()));
+        const QPoint plain(20, 110); // in the window, where no widget stands
+        EXPECT_EQ(panel::FrameSurface.pixel(window.topLeft() + plain),
+                  popup.pixel(layout::popup::Window.topLeft() + plain));
     }
+}
+
+TEST_F(DemoProject, ShowsEachChangeInItsPlace) {
+    const struct {
+        PageId page;
+        std::uint16_t word, value;
+        QRect place;
+    } changes[] = {{HomePage, words::RoomTemperature, 305, layout::home::RoomValue},
+                   {HomePage, words::FanControl, 1, layout::home::Fan},
+                   {HeatingPage, words::CurveShift, 0xFFF4, layout::heating::ShiftValue},
+                   {HotWaterPage, words::TankUpperTemperature, 1, layout::water::TankTopValue},
+                   {HotWaterPage, words::BoostControl, 1, layout::water::BoostTime},
+                   {ServicePage, words::ServicePin, 0x0031, layout::service::ServicePin}};
+    for (const auto& change : changes) {
+        panel::StoreWord(words::FanControl, 0); // what moves would change the picture as well
+        panel::StoreWord(words::BoostControl, 0);
+        panel::ShowPage(change.page);
+        run(500);
+        const QImage before = outputs.frame.copy();
+        panel::StoreWord(change.word, change.value);
+        if (change.word == words::ServicePin) panel::StoreWord(change.word + 1, 0);
+        run(1500);
+        const QRect changed = changedArea(before, outputs.frame);
+        EXPECT_FALSE(changed.isEmpty()) << change.word;
+        EXPECT_TRUE(change.place.contains(changed)) << change.word;
+    }
+}
+
+TEST_F(DemoProject, SpeaksTheLanguageOfThePanel) {
+    panel::StoreWord(words::FanControl, 0);
+    run(100);
+    const QImage english = outputs.frame.copy();
+    apply(words::Language, ChineseLanguage);
+    run(100);
+    for (const QRect& text : {layout::Title, layout::NavigationKey(3), layout::home::SceneKey(1),
+                              layout::home::Greeting, layout::home::Weather})
+        EXPECT_NE(outputs.frame.copy(text), english.copy(text)) << text.x() << ' ' << text.y();
+    EXPECT_EQ(outputs.frame.copy(layout::home::RoomValue), english.copy(layout::home::RoomValue));
+    apply(words::Language, English);
+    run(100);
+    EXPECT_TRUE(changedArea(english, outputs.frame).isEmpty());
 }
 
 TEST_F(DemoProject, StartsAtHomeAndChangesScenesByPresets) {

@@ -1,5 +1,7 @@
 #include "demo/canvas.h"
 
+#include "demo/translations.h"
+
 #include <QFontMetricsF>
 
 namespace demo {
@@ -25,22 +27,19 @@ Canvas::Canvas(QSize size, const QColor& ground) : image_(size, QImage::Format_A
     painter_.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
 }
 
-QImage Canvas::take() {
+Art Canvas::take() {
     painter_.end();
-    return image_;
+    return {image_, captions_};
 }
 
 void Canvas::text(const QRectF& area, const QString& words, const TextStyle& style, Qt::Alignment alignment) {
+    if (IsTranslated(words)) {
+        captions_.push_back({area.toRect(), words, style, alignment});
+        return;
+    }
     painter_.setFont(fittingFont(style, words, area.width()));
     painter_.setPen(style.colour);
     painter_.drawText(area, static_cast<int>(alignment | Qt::TextSingleLine | Qt::TextDontClip), words);
-}
-
-void Canvas::paragraph(const QRectF& area, const QString& words, const TextStyle& style,
-                       Qt::Alignment alignment) {
-    painter_.setFont(ThemeFont(style));
-    painter_.setPen(style.colour);
-    painter_.drawText(area, static_cast<int>(alignment | Qt::TextWordWrap), words);
 }
 
 void Canvas::icon(Icon icon, const QRectF& area, const QColor& colour, qreal lineWidth) {

@@ -9,7 +9,23 @@
 #include <QRect>
 #include <QString>
 
+#include <vector>
+
 namespace demo {
+
+/// A text of a page that a label shows, in the language of the panel.
+struct Caption {
+    QRect area;
+    QString words; // in English
+    TextStyle style;
+    Qt::Alignment alignment;
+};
+
+/// What a page is made of before its live values are added.
+struct Art {
+    QImage image;
+    std::vector<Caption> captions;
+};
 
 class Canvas {
 public:
@@ -18,14 +34,12 @@ public:
     /// For art of a page's own. Antialiased; give it back as it was.
     QPainter& painter() { return painter_; }
     /// Ends the painting.
-    QImage take();
+    Art take();
 
-    /// Text on one line; it shrinks where a wider face than the intended one would not fit.
+    /// A text that has a translation becomes a caption; it may have several lines. Any other is painted, on
+    /// one line, and shrinks where a wider face than the intended one would not fit.
     void text(const QRectF& area, const QString& words, const TextStyle& style,
               Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter);
-    /// Text on as many lines as it needs, from the top.
-    void paragraph(const QRectF& area, const QString& words, const TextStyle& style,
-                   Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignTop);
     void icon(Icon icon, const QRectF& area, const QColor& colour, qreal lineWidth = 1.7);
     /// An icon on a disc of the same hue.
     void badge(Icon icon, const QRectF& area, const QColor& colour);
@@ -47,6 +61,7 @@ public:
 private:
     QImage image_;
     QPainter painter_;
+    std::vector<Caption> captions_;
 };
 
 } // namespace demo

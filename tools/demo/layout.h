@@ -49,10 +49,15 @@ inline constexpr QRect TargetValue{254, 266, 64, 28};
 inline constexpr QRect ColderKey{208, 312, 44, 44};
 inline constexpr QRect WarmerKey{320, 312, 44, 44};
 inline constexpr QRect WeatherCard = Span(476, Top, Right, 211);
+inline constexpr QRect Greeting{300, 20, 296, 28};
+inline constexpr QRect Weather{680, 76, 82, 18};
 inline constexpr QRect OutdoorValue{610, 98, 152, 50};
 inline constexpr QRect HumidityValue{520, 172, 94, 28};
 inline constexpr QRect WindValue{668, 172, 94, 28};
 inline constexpr QRect HeatPumpCard = Span(476, 223, Right, 368);
+inline constexpr QRect Status{684, 312, 78, 16};
+inline constexpr QRect OutdoorUnit{494, 270, 84, 70};
+inline constexpr QRect Fan{511, 287, 36, 36};
 inline constexpr QRect SupplyValue{600, 266, 77, 32};
 inline constexpr QRect ReturnValue{685, 266, 77, 32};
 inline constexpr QRect PowerBar{600, 334, 162, 10};
@@ -62,9 +67,10 @@ constexpr QRect SceneKey(int index) { return Column(SceneRow, index, 4); }
 
 namespace heating {
 inline constexpr QRect PlantCard = Span(Left, Top, Right, 272);
+inline constexpr QRect Fan{154, 144, 56, 56};
 inline constexpr QRect SupplyValue{330, 118, 84, 30};
 inline constexpr QRect ReturnValue{330, 214, 84, 30};
-inline constexpr QRect BufferValue{456, 166, 60, 30};
+inline constexpr QRect BufferValue{452, 166, 68, 30};
 inline constexpr QRect FlowValue{590, 118, 86, 30};
 inline constexpr QRect PressureValue{590, 214, 86, 30};
 inline constexpr QRect CurveCard = Span(Left, 284, 464, Bottom);
@@ -83,6 +89,7 @@ inline constexpr QRect Tank{176, 108, 118, 334};
 inline constexpr QRect TankTopValue{308, 136, 74, 32};
 inline constexpr QRect TankBottomValue{308, 338, 74, 32};
 inline constexpr QRect TargetCard = Span(410, Top, Right, 228);
+inline constexpr QRect BoostTime{690, 77, 72, 26};
 inline constexpr QRect TargetValue{500, 110, 190, 56};
 inline constexpr QRect LessKey{430, 112, 52, 52};
 inline constexpr QRect MoreKey{708, 112, 52, 52};
@@ -103,9 +110,11 @@ inline constexpr QRect WeekPlot{152, 228, 396, 196};
 constexpr QRect DayBar(int day) {
     return QRect(WeekPlot.x() + 19 + day * 54, WeekPlot.y(), 34, WeekPlot.height());
 }
+constexpr QRect DayFigure(int day) { return QRect(DayBar(day).x() - 4, DayBar(day).y() + 4, 42, 18); }
 inline constexpr QRect ShareCard = Span(578, 180, Right, Bottom);
 inline constexpr QPoint ShareCentre{679, 290};
 inline constexpr int ShareRadius = 60;
+constexpr QRect ShareRowValue(int index) { return QRect(700, 370 + index * 29, 62, 25); }
 inline constexpr QRect ShareValue{639, 270, 80, 36};
 } // namespace energy
 
@@ -133,6 +142,7 @@ constexpr QRect ReadingRow(int index) { return QRect(ReadingCard.x() + 16, 106 +
 constexpr QRect ReadingValue(int index) { return QRect(342, ReadingRow(index).y() + 8, 70, 28); }
 inline constexpr QRect CircuitCard = Span(486, Top, Right, 296);
 inline constexpr QRect SupportCard = Span(486, 308, Right, Bottom);
+inline constexpr QRect ServicePin{688, 420, 74, 26};
 inline constexpr QRect QrCode{504, 326, 120, 120};
 } // namespace service
 

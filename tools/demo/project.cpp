@@ -2,8 +2,11 @@
 
 #include "demo/dither.h"
 #include "demo/layout.h"
+#include "demo/live_values.h"
 #include "demo/pages/pages.h"
+#include "demo/texts.h"
 #include "demo/theme.h"
+#include "demo/translations.h"
 #include "demo/words.h"
 
 namespace demo {
@@ -11,10 +14,14 @@ namespace {
 
 namespace format = imagekit::format;
 
-QImage paintStandby() {
+Art paintStandby() {
     QImage image(layout::Screen, QImage::Format_RGB32);
     image.fill(colour::Rail);
-    return image;
+    return {image, {}};
+}
+
+PaintedPage pageOf(const char* name, const Art& art, std::uint8_t format) {
+    return {name, format == format::RGB565 ? DitherTo565(art.image) : art.image, format, art.captions};
 }
 
 imagekit::Picture pictureOf(const PaintedPage& page) {
@@ -79,28 +86,52 @@ void setChoices(imagekit::ImageBuilder& image) {
     image.setWord(words::RoomTarget, 215);
     image.setWord(words::Scene, words::Comfort);
     image.setWord(words::CurveSlope, 90);
+    image.setWord(words::CurveShift, 2);
     image.setWord(words::WaterTarget, 500);
-    image.setWord(words::WaterMode, 1);
+    image.setWord(words::WaterMode, 2);
     image.setWord(words::Circulation, 1);
     image.setWord(words::Hygiene, 1);
     image.setWord(words::AwayDays, 7);
     image.setWord(words::BoostMinutes, 45);
 }
 
+void setRunning(imagekit::ImageBuilder& image) {
+    image.setWord(words::FanControl, 1);
+    image.setWord(words::BoostDuration, 45 * 60);
+    image.setWord(words::BoostTimeLeft, 42 * 60 + 15);
+    image.setWord(words::BoostControl, 1);
+}
+
+void addCaptions(imagekit::ImageBuilder& image, Texts& texts, const std::vector<PaintedPage>& pages) {
+    for (std::uint16_t id = 0; id < pages.size(); ++id)
+        for (const Caption& caption : pages[id].captions) image.page(id).add(texts.caption(caption));
+}
+
+void addTexts(imagekit::ImageBuilder& image, const std::vector<PaintedPage>& pages) {
+    Texts texts(image);
+    NeedLiveTexts(texts);
+    for (const PaintedPage& page : pages)
+        for (const Caption& caption : page.captions)
+            texts.need(caption.style, caption.words + Chinese(caption.words));
+    texts.addFonts();
+    addCaptions(image, texts, pages);
+    AddLiveValues(image, texts);
+}
+
 } // namespace
 
 std::vector<PaintedPage> PaintPages() {
     // Art with gradients goes into formats that keep them; flat pages compress well.
-    return {{"home", PaintHome(), format::PngOpaque},
-            {"heating", DitherTo565(PaintHeating()), format::RGB565},
-            {"hot-water", PaintHotWater(), format::aRGB8888},
-            {"energy", PaintEnergy(), format::ZipImage},
-            {"schedule", PaintSchedule(), format::ZipImage},
-            {"settings", PaintSettings(), format::ZipImage},
-            {"service", PaintService(), format::RGB565},
-            {"away", PaintAwayPopup(), format::PngAlpha},
-            {"boost", PaintBoostPopup(), format::aRGB8888},
-            {"standby", paintStandby(), format::SolidColour}};
+    return {pageOf("home", PaintHome(), format::PngOpaque),
+            pageOf("heating", PaintHeating(), format::RGB565),
+            pageOf("hot-water", PaintHotWater(), format::aRGB8888),
+            pageOf("energy", PaintEnergy(), format::ZipImage),
+            pageOf("schedule", PaintSchedule(), format::ZipImage),
+            pageOf("settings", PaintSettings(), format::ZipImage),
+            pageOf("service", PaintService(), format::RGB565),
+            pageOf("away", PaintAwayPopup(), format::PngAlpha),
+            pageOf("boost", PaintBoostPopup(), format::aRGB8888),
+            pageOf("standby", paintStandby(), format::SolidColour)};
 }
 
 imagekit::ImageBuilder BuildProject(const std::vector<PaintedPage>& pages) {
@@ -108,13 +139,16 @@ imagekit::ImageBuilder BuildProject(const std::vector<PaintedPage>& pages) {
                                   .Height = layout::Screen.height(),
                                   .EditorVersion = "V1.20",
                                   .UserVER = "Demo 1",
-                                  .StartPage = HomePage});
+                                  .StartPage = HomePage,
+                                  .LangueNum = LanguageIds});
     for (const PaintedPage& page : pages) image.addPage(pictureOf(page));
+    addTexts(image, pages);
     addScenes(image.page(HomePage));
     addScenes(image.page(AwayPopup));
     setMeasurements(image);
     setEnergy(image);
     setChoices(image);
+    setRunning(image);
     return image;
 }
 

@@ -1,6 +1,8 @@
 // The demo project as a whole: which page has which picture, the presets, and the values at start.
 #pragma once
 
+#include "demo/canvas.h"
+
 #include "imagekit/image_builder.h"
 
 #include <QImage>
@@ -28,6 +30,7 @@ struct PaintedPage {
     const char* name; // of its file, without ending
     QImage image;
     std::uint8_t format;
+    std::vector<Caption> captions;
 };
 
 /// All pages, painted, in the order of PageId.

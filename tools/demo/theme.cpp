@@ -20,9 +20,14 @@ QColor Tint(const QColor& colour, int percent) {
     return tinted;
 }
 
+QString ThemeFaces() {
+    // The second one has the Chinese characters that the first lacks.
+    static const QString faces = findFace() + ",WenQuanYi Micro Hei";
+    return faces;
+}
+
 QFont ThemeFont(const TextStyle& style) {
-    static const QString face = findFace();
-    QFont font(face);
+    QFont font(ThemeFaces());
     font.setPixelSize(style.size);
     font.setWeight(style.weight);
     font.setHintingPreference(QFont::PreferNoHinting);

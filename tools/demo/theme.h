@@ -36,7 +36,7 @@ struct TextStyle {
     QFont::Weight weight;
     QColor colour;
 
-    TextStyle in(const QColor& other) const { return {size, weight, other}; }
+    constexpr TextStyle in(const QColor& other) const { return {size, weight, other}; }
 };
 
 namespace style {
@@ -54,6 +54,9 @@ inline constexpr int WellRadius = 8;
 
 /// `colour` with `percent` of its full opacity.
 QColor Tint(const QColor& colour, int percent);
+
+/// Names of the faces for texts of all languages, the preferred one first.
+QString ThemeFaces();
 
 /// A font of that style in the best open face that is installed.
 QFont ThemeFont(const TextStyle& style);

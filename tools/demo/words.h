@@ -48,11 +48,23 @@ enum Word : std::uint16_t {
     ChildLock,
     AwayDays,
     BoostMinutes,
+
+    // Of the panel itself.
+    FanControl = 0x0300, // 0 stands still, 1 turns
+    BoostDuration,       // seconds
+    BoostTimeLeft,
+    BoostControl,        // as of a timer: 0 stopped, 1 counting, 2 hidden
+    ServicePin = 0x0320, // text of TextWords, and so are the following
+    Greeting = 0x0340,   // in the language of the panel, and so is the next
+    Weather = 0x0360,
 };
+
+inline constexpr std::uint16_t TextWords = 0x20; // room of a text
 
 enum SceneId : std::uint16_t { Comfort, Eco, Night, Away };
 
-/// System word: the page on show.
+/// System words: the page on show, the language.
 inline constexpr std::uint16_t Page = 0x7000;
+inline constexpr std::uint16_t Language = 0x703F;
 
 } // namespace demo::words

@@ -60,10 +60,11 @@ void paintWeek(Canvas& canvas) {
 }
 
 void paintShareRow(Canvas& canvas, int index, const QColor& colour, const QString& name) {
-    const qreal y = 370 + index * 29;
+    const QRect value = ShareRowValue(index);
+    const qreal y = value.y();
     canvas.rounded(QRectF(ShareCard.x() + 18, y + 8, 9, 9), 4.5, colour);
     canvas.text(QRectF(ShareCard.x() + 36, y, 76, 25), name, style::Small);
-    canvas.well(QRect(ShareCard.right() - 79, static_cast<int>(y), 62, 25), "%");
+    canvas.well(value, "%");
 }
 
 void paintShare(Canvas& canvas) {
@@ -80,7 +81,7 @@ void paintShare(Canvas& canvas) {
 
 } // namespace
 
-QImage PaintEnergy() {
+Art PaintEnergy() {
     PageCanvas canvas(Place::Energy);
     for (int i = 0; i < 4; ++i) paintFigure(canvas, i);
     paintWeek(canvas);

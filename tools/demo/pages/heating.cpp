@@ -40,9 +40,8 @@ void paintUnit(Canvas& canvas) {
     shade.setColorAt(0, QColor(236, 241, 247));
     shade.setColorAt(1, QColor(160, 175, 197));
     canvas.rounded(Unit, 14, shade);
-    const QRectF grille(Unit.x() + 16, Unit.y() + 14, 80, 80);
+    const QRectF grille = QRectF(Fan).adjusted(-12, -12, 12, 12);
     canvas.rounded(grille, 40, QColor(38, 48, 66));
-    canvas.icon(Icon::Fan, grille.adjusted(12, 12, -12, -12), colour::Cool, 1.4);
     for (int i = 0; i < 3; ++i) {
         const qreal y = Unit.bottom() - 23 + i * 7;
         canvas.line({Unit.x() + 20.0, y}, {Unit.right() - 19.0, y}, QColor(116, 132, 157), 2.4);
@@ -152,7 +151,7 @@ void paintAdjustment(Canvas& canvas, const QRect& card, const QString& name, con
 
 } // namespace
 
-QImage PaintHeating() {
+Art PaintHeating() {
     PageCanvas canvas(Place::Heating);
     paintPlant(canvas);
     paintCurve(canvas);

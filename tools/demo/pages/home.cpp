@@ -133,9 +133,8 @@ void paintUnit(Canvas& canvas, const QRectF& area) {
     canvas.rounded(QRectF(area.x() + 10, area.bottom() - 2, 12, 6), 2, colour::Track);
     canvas.rounded(QRectF(area.right() - 22, area.bottom() - 2, 12, 6), 2, colour::Track);
     canvas.rounded(area, 9, shade);
-    const QRectF grille(area.x() + 10, area.y() + 10, area.height() - 20, area.height() - 20);
+    const QRectF grille = QRectF(Fan).adjusted(-7, -7, 7, 7);
     canvas.rounded(grille, grille.width() / 2, QColor(38, 48, 66));
-    canvas.icon(Icon::Fan, grille.adjusted(7, 7, -7, -7), colour::Cool, 1.6);
     for (int i = 0; i < 4; ++i) {
         const qreal y = area.y() + 14 + i * 7;
         canvas.line({grille.right() + 8, y}, {area.right() - 9, y}, QColor(128, 143, 166), 2);
@@ -144,7 +143,8 @@ void paintUnit(Canvas& canvas, const QRectF& area) {
 
 void paintHeatPump(Canvas& canvas) {
     canvas.card(HeatPumpCard, "Heat pump");
-    paintUnit(canvas, QRectF(HeatPumpCard.x() + 18, 270, 84, 70));
+    canvas.text(Status, "Running", style::Small.in(colour::Eco), Qt::AlignRight | Qt::AlignVCenter);
+    paintUnit(canvas, OutdoorUnit);
     canvas.text(QRectF(SupplyValue.x(), SupplyValue.y() - 19, 84, 16), "Supply", style::Small);
     canvas.text(QRectF(ReturnValue.x(), ReturnValue.y() - 19, 84, 16), "Return", style::Small);
     canvas.well(SupplyValue, "°C");
@@ -177,7 +177,7 @@ void paintScene(Canvas& canvas, const QRect& area, const Scene& scene) {
 
 } // namespace
 
-QImage PaintHome() {
+Art PaintHome() {
     PageCanvas canvas(Place::Home);
     paintRoom(canvas);
     paintWeather(canvas);

@@ -73,6 +73,9 @@ void paintTank(Canvas& canvas) {
 
 void paintTarget(Canvas& canvas) {
     canvas.card(TargetCard, "Target temperature");
+    canvas.well(BoostTime);
+    canvas.text(QRectF(BoostTime.x() - 108, BoostTime.y(), 100, BoostTime.height()), "Boost left",
+                style::Small, Qt::AlignRight | Qt::AlignVCenter);
     canvas.iconKey(LessKey, Icon::Minus);
     canvas.iconKey(MoreKey, Icon::Plus);
     canvas.well(TargetValue, "°C");
@@ -114,7 +117,7 @@ void paintOptions(Canvas& canvas) {
 
 } // namespace
 
-QImage PaintHotWater() {
+Art PaintHotWater() {
     PageCanvas canvas(Place::HotWater);
     paintTank(canvas);
     paintTarget(canvas);

@@ -1,20 +1,20 @@
-// The painted pages of the demo, one function each.
+// The pages of the demo, one function each.
 #pragma once
 
-#include <QImage>
+#include "demo/canvas.h"
 
 namespace demo {
 
-QImage PaintHome();
-QImage PaintHeating();
-QImage PaintHotWater();
-QImage PaintEnergy();
-QImage PaintSchedule();
-QImage PaintSettings();
-QImage PaintService();
+Art PaintHome();
+Art PaintHeating();
+Art PaintHotWater();
+Art PaintEnergy();
+Art PaintSchedule();
+Art PaintSettings();
+Art PaintService();
 
 // Pop-ups: smaller than the screen, transparent around the window and its shadow.
-QImage PaintAwayPopup();
-QImage PaintBoostPopup();
+Art PaintAwayPopup();
+Art PaintBoostPopup();
 
 } // namespace demo

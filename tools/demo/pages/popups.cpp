@@ -32,15 +32,15 @@ void paintWindow(Canvas& canvas) {
                                      WindowRadius);
 }
 
-QImage paintPopup(const Popup& popup) {
+Art paintPopup(const Popup& popup) {
     Canvas canvas(Picture, Qt::transparent);
     paintShadow(canvas);
     paintWindow(canvas);
     canvas.badge(popup.icon, QRectF(Window.x() + 20, Window.y() + 20, 52, 52), popup.colour);
     const QRectF title(Window.x() + 88, Window.y() + 18, Window.width() - 108, 26);
     canvas.text(title, popup.title, TextStyle{20, QFont::DemiBold, colour::Text});
-    canvas.paragraph(QRectF(title.x(), title.bottom() + 4, title.width(), 44), popup.description,
-                     style::Caption);
+    canvas.text(QRectF(title.x(), title.bottom() + 4, title.width(), 44), popup.description, style::Caption,
+                Qt::AlignLeft | Qt::AlignTop);
     canvas.iconKey(LessKey, Icon::Minus);
     canvas.well(layout::popup::Value, popup.unit);
     canvas.iconKey(MoreKey, Icon::Plus);
@@ -51,15 +51,15 @@ QImage paintPopup(const Popup& popup) {
 
 } // namespace
 
-QImage PaintAwayPopup() {
+Art PaintAwayPopup() {
     return paintPopup({Icon::Suitcase, colour::Cool, "Away mode",
-                       "Keeps the house frost-free and heats up again before you are back.", "days",
+                       "Keeps the house frost-free and heats up\nagain before you are back.", "days",
                        "Start away mode"});
 }
 
-QImage PaintBoostPopup() {
+Art PaintBoostPopup() {
     return paintPopup({Icon::Flame, colour::Hot, "Hot water boost",
-                       "Heats the whole tank once, as fast as the heat pump can.", "min", "Start boost"});
+                       "Heats the whole tank once,\nas fast as the heat pump can.", "min", "Start boost"});
 }
 
 } // namespace demo

@@ -57,7 +57,7 @@ void paintKey(Canvas& canvas, int index, Icon icon, const QColor& colour, const 
 
 } // namespace
 
-QImage PaintSchedule() {
+Art PaintSchedule() {
     PageCanvas canvas(Place::Schedule);
     paintWeek(canvas);
     paintKey(canvas, 0, Icon::Sun, colour::Warm, "Comfort");

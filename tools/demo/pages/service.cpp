@@ -98,13 +98,15 @@ void paintSupport(Canvas& canvas) {
     const QRectF words(QrCode.right() + 16, SupportCard.y() + 18, SupportCard.right() - QrCode.right() - 30,
                        24);
     canvas.text(words, "Need help?", style::Heading);
-    canvas.paragraph(QRectF(words.x(), words.bottom() + 6, words.width(), 90),
-                     "Scan to send a report to your installer.", style::Caption);
+    canvas.text(QRectF(words.x(), ServicePin.y(), 44, ServicePin.height()), "PIN", style::Small);
+    canvas.well(ServicePin);
+    canvas.text(QRectF(words.x(), words.bottom() + 6, words.width(), 90),
+                "Scan to send a\nreport to your\ninstaller.", style::Caption, Qt::AlignLeft | Qt::AlignTop);
 }
 
 } // namespace
 
-QImage PaintService() {
+Art PaintService() {
     PageCanvas canvas(Place::Service);
     canvas.card(ReadingCard, "Readings");
     for (int i = 0; i < layout::service::Readings; ++i) paintReading(canvas, i);

@@ -14,7 +14,8 @@ struct Setting {
     QColor colour;
     Control control;
     const char* name;
-    const char* description; // none beside a slider
+    const char* description;     // none beside a slider
+    const char* value = nullptr; // of Control::Value
 };
 
 const Setting Settings[2][4] = {
@@ -22,18 +23,19 @@ const Setting Settings[2][4] = {
      {Icon::Speaker, colour::Cool, Control::Slider, "Volume", nullptr},
      {Icon::Moon, colour::Violet, Control::Switch, "Auto-dimming", "Dims when nobody is near"},
      {Icon::Bell, colour::Warm, Control::Switch, "Key tones", "A click at every touch"}},
-    {{Icon::Globe, colour::Eco, Control::Value, "Language", "Of this display"},
-     {Icon::Clock, colour::Warm, Control::Value, "Date and time", "Set by the network"},
-     {Icon::Wifi, colour::Cool, Control::Value, "Network", "Wireless"},
+    {{Icon::Globe, colour::Eco, Control::Value, "Language", "Of this display", "English"},
+     {Icon::Clock, colour::Warm, Control::Value, "Date and time", "Set by the network", "Automatic"},
+     {Icon::Wifi, colour::Cool, Control::Value, "Network", "Wireless", "Connected"},
      {Icon::Shield, colour::Hot, Control::Switch, "Child lock", "Hold for three seconds"}},
 };
 
-void paintControl(Canvas& canvas, const QRect& tile, Control control) {
-    switch (control) {
+void paintControl(Canvas& canvas, const QRect& tile, const Setting& setting) {
+    switch (setting.control) {
     case Control::Slider: canvas.sliderTrack(TileSlider(tile), 9); break;
     case Control::Switch: canvas.switchTrack(TileSwitch(tile)); break;
     case Control::Value:
         canvas.well(TileValue(tile));
+        canvas.text(TileValue(tile), setting.value, style::Small.in(colour::Text), Qt::AlignCenter);
         canvas.icon(Icon::ChevronRight, QRectF(tile.right() - 35, tile.y() + 36, 20, 20), colour::Faint, 2.2);
         break;
     }
@@ -47,12 +49,12 @@ void paintTile(Canvas& canvas, const QRect& tile, const Setting& setting) {
     const QRectF name(tile.x() + 68, tile.y() + top, room, 21);
     canvas.text(name, setting.name, style::Heading);
     if (setting.description) canvas.text(name.translated(0, 22), setting.description, style::Small);
-    paintControl(canvas, tile, setting.control);
+    paintControl(canvas, tile, setting);
 }
 
 } // namespace
 
-QImage PaintSettings() {
+Art PaintSettings() {
     PageCanvas canvas(Place::Settings);
     for (int column = 0; column < 2; ++column)
         for (int row = 0; row < 4; ++row) paintTile(canvas, Tile(column, row), Settings[column][row]);

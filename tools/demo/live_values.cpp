@@ -1,0 +1,274 @@
+#include "demo/live_values.h"
+
+#include "demo/layout.h"
+#include "demo/translations.h"
+#include "demo/words.h"
+
+#include <QFontMetrics>
+
+#include <cmath>
+
+namespace demo {
+namespace {
+
+namespace format = imagekit::format;
+using imagekit::DataType;
+using words::Word;
+
+namespace style {
+using namespace demo::style;
+inline constexpr TextStyle Tiny{12, QFont::Medium, colour::Text};
+inline constexpr TextStyle Compact{15, QFont::DemiBold, colour::Text};
+inline constexpr TextStyle Value{17, QFont::DemiBold, colour::Text};
+inline constexpr TextStyle Figure{24, QFont::DemiBold, colour::Text};
+inline constexpr TextStyle Large{34, QFont::DemiBold, colour::Text};
+inline constexpr TextStyle Room{46, QFont::DemiBold, colour::Text};
+} // namespace style
+
+constexpr int WellPadding = 10; // px between a well's end and its text
+
+struct LiveNumber {
+    PageId page;
+    QRect well;
+    Word word;
+    TextStyle style;
+    std::uint8_t integerDigits, decimalDigits;
+    const char* unit; // painted at the well's end; null: none, and the number stands in the middle
+    DataType type = DataType::U16;
+};
+
+std::vector<LiveNumber> homeNumbers() {
+    using namespace layout::home;
+    return {
+        {HomePage, RoomValue, words::RoomTemperature, style::Room, 2, 1, nullptr},
+        {HomePage, TargetValue, words::RoomTarget, style::Value.in(colour::Warm), 2, 1, nullptr},
+        {HomePage, OutdoorValue, words::OutdoorTemperature, style::Large, 2, 1, "°C", DataType::S16},
+        {HomePage, HumidityValue, words::Humidity, style::Value, 3, 0, "%"},
+        {HomePage, WindValue, words::WindSpeed, style::Value, 2, 1, "m/s"},
+        {HomePage, SupplyValue, words::SupplyTemperature, style::Value.in(colour::Hot), 2, 1, "°C"},
+        {HomePage, ReturnValue, words::ReturnTemperature, style::Value.in(colour::Cool), 2, 1, "°C"},
+    };
+}
+
+std::vector<LiveNumber> heatingNumbers() {
+    using namespace layout::heating;
+    return {
+        {HeatingPage, SupplyValue, words::SupplyTemperature, style::Value.in(colour::Hot), 2, 1, "°C"},
+        {HeatingPage, ReturnValue, words::ReturnTemperature, style::Value.in(colour::Cool), 2, 1, "°C"},
+        {HeatingPage, BufferValue, words::BufferTemperature, style::Compact, 2, 1, "°C"},
+        {HeatingPage, FlowValue, words::FlowRate, style::Value, 4, 0, "l/h"},
+        {HeatingPage, PressureValue, words::WaterPressure, style::Value, 2, 1, "bar"},
+        {HeatingPage, SlopeValue, words::CurveSlope, style::Value.in(colour::Warm), 1, 2, nullptr},
+        {HeatingPage, ShiftValue, words::CurveShift, style::Value.in(colour::Warm), 2, 0, "K", DataType::S16},
+    };
+}
+
+std::vector<LiveNumber> waterNumbers() {
+    using namespace layout::water;
+    return {
+        {HotWaterPage, TankTopValue, words::TankUpperTemperature, style::Value, 2, 1, "°C"},
+        {HotWaterPage, TankBottomValue, words::TankLowerTemperature, style::Value, 2, 1, "°C"},
+        {HotWaterPage, TargetValue, words::WaterTarget, style::Large.in(colour::Warm), 2, 1, nullptr},
+    };
+}
+
+std::vector<LiveNumber> energyNumbers() {
+    using namespace layout::energy;
+    std::vector<LiveNumber> numbers{
+        {EnergyPage, FigureValue(0), words::ElectricityToday, style::Figure, 3, 1, "kWh"},
+        {EnergyPage, FigureValue(1), words::HeatToday, style::Figure, 3, 1, "kWh"},
+        {EnergyPage, FigureValue(2), words::SolarToday, style::Figure, 3, 1, "kWh"},
+        {EnergyPage, FigureValue(3), words::Efficiency, style::Figure, 2, 2, "COP"},
+        {EnergyPage, ShareValue, words::ElectricityToday, style::Figure, 3, 1, nullptr},
+        {EnergyPage, ShareRowValue(0), words::ShareHeating, style::Value, 3, 0, "%"},
+        {EnergyPage, ShareRowValue(1), words::ShareHotWater, style::Value, 3, 0, "%"},
+        {EnergyPage, ShareRowValue(2), words::ShareStandby, style::Value, 3, 0, "%"},
+    };
+    for (int day = 0; day < 7; ++day)
+        numbers.push_back({EnergyPage, DayFigure(day), static_cast<Word>(words::WeekEnergy + day),
+                           style::Tiny.in(colour::Muted), 2, 1, nullptr});
+    return numbers;
+}
+
+std::vector<LiveNumber> serviceNumbers() {
+    using layout::service::ReadingValue;
+    return {
+        {ServicePage, ReadingValue(0), words::CompressorSpeed, style::Value, 3, 0, ""},
+        {ServicePage, ReadingValue(1), words::FanSpeed, style::Value, 4, 0, ""},
+        {ServicePage, ReadingValue(2), words::HighPressure, style::Value, 2, 1, ""},
+        {ServicePage, ReadingValue(3), words::LowPressure, style::Value, 2, 1, ""},
+        {ServicePage, ReadingValue(4), words::DischargeTemperature, style::Value, 3, 1, ""},
+        {ServicePage, ReadingValue(5), words::SuctionTemperature, style::Value, 3, 1, "", DataType::S16},
+        {ServicePage, ReadingValue(6), words::ValveOpening, style::Value, 3, 0, ""},
+        {ServicePage, ReadingValue(7), words::OperatingHours, style::Value, 5, 0, ""},
+    };
+}
+
+std::vector<LiveNumber> popupNumbers() {
+    return {{AwayPopup, layout::popup::Value, words::AwayDays, style::Figure, 2, 0, "days"},
+            {BoostPopup, layout::popup::Value, words::BoostMinutes, style::Figure, 2, 0, "min"}};
+}
+
+/// The fonts of numbers: the digits of the theme's face in all sizes in use.
+class NumberFonts {
+public:
+    explicit NumberFonts(imagekit::ImageBuilder& image) : image_(image) {}
+
+    std::uint8_t index(const TextStyle& style) {
+        const auto known = indexes_.find(style.size);
+        if (known != indexes_.end()) return known->second;
+        return indexes_[style.size] = image_.addFont(
+                   imagekit::RasterFont({.Width = static_cast<std::uint8_t>(style.size * 3 / 4),
+                                         .Height = static_cast<std::uint8_t>(LineHeight(style)),
+                                         .Depth = 4},
+                                        {.Family = ThemeFaces(),
+                                         .PixelSize = style.size,
+                                         .Weight = style.weight,
+                                         .Characters = "0123456789.-"}));
+    }
+
+private:
+    imagekit::ImageBuilder& image_;
+    std::map<int, std::uint8_t> indexes_; // by size, which tells the weight as well
+};
+
+int anchorX(const LiveNumber& number) {
+    if (!number.unit) return number.well.x() + number.well.width() / 2;
+    const QString unit(number.unit);
+    const int end = number.well.x() + number.well.width() - WellPadding;
+    if (unit.isEmpty()) return end;
+    return end - QFontMetrics(ThemeFont(style::Small)).horizontalAdvance(unit) - 4;
+}
+
+void addNumber(imagekit::ImageBuilder& image, NumberFonts& fonts, const LiveNumber& number) {
+    const int top = number.well.y() + (number.well.height() - LineHeight(number.style)) / 2;
+    image.page(number.page)
+        .add(imagekit::Number{.ValueAddress = number.word,
+                              .X = static_cast<std::uint16_t>(anchorX(number)),
+                              .Y = static_cast<std::uint16_t>(top),
+                              .Colour = image.colour(number.style.colour),
+                              .Font = fonts.index(number.style),
+                              .Align = number.unit ? imagekit::Alignment::Right : imagekit::Alignment::Centre,
+                              .IntegerDigits = number.integerDigits,
+                              .DecimalDigits = number.decimalDigits,
+                              .Type = number.type});
+}
+
+void addNumbers(imagekit::ImageBuilder& image) {
+    NumberFonts fonts(image);
+    for (const auto& numbers :
+         {homeNumbers(), heatingNumbers(), waterNumbers(), energyNumbers(), serviceNumbers(), popupNumbers()})
+        for (const LiveNumber& number : numbers) addNumber(image, fonts, number);
+}
+
+/// A text that the store holds, in every language.
+struct LiveText {
+    QRect area;
+    Word word;
+    TextStyle style;
+    const char* english;
+};
+constexpr LiveText HomeTexts[] = {
+    {layout::home::Greeting, words::Greeting, style::Body.in(colour::Muted), "Welcome home"},
+    {layout::home::Weather, words::Weather, style::Small, "Partly cloudy"},
+};
+constexpr TextStyle PinStyle = style::Value;
+constexpr const char* Pin = "4711";
+
+/// A text as the store holds it, up to the end of its room so that nothing of a longer one is left.
+imagekit::Bytes inItsRoom(const QString& text) {
+    imagekit::Bytes bytes = imagekit::EncodeText(text, imagekit::FontKind::Sparse);
+    bytes.resize(2 * words::TextWords);
+    return bytes;
+}
+
+void addTexts(imagekit::ImageBuilder& image, Texts& texts) {
+    constexpr Qt::Alignment Right = Qt::AlignRight | Qt::AlignVCenter;
+    for (const LiveText& text : HomeTexts) {
+        image.page(HomePage).add(texts.variableText(text.area, text.word, text.style, Right));
+        image.setBytes(text.word, inItsRoom(text.english));
+        image.addLanguagePreset(English, text.word, inItsRoom(text.english));
+        image.addLanguagePreset(ChineseLanguage, text.word, inItsRoom(Chinese(text.english)));
+    }
+    imagekit::Label pin =
+        texts.variableText(layout::service::ServicePin.adjusted(6, 0, -6, 0), words::ServicePin, PinStyle,
+                           Qt::AlignHCenter | Qt::AlignVCenter);
+    pin.Masked = true;
+    image.page(ServicePage).add(pin);
+    image.setBytes(words::ServicePin, inItsRoom(Pin));
+}
+
+/// A fan that turns by one blade.
+std::vector<imagekit::Picture> fanFrames(QSize size, qreal lineWidth) {
+    constexpr int Frames = 8, Blades = 3;
+    std::vector<imagekit::Picture> frames;
+    for (int frame = 0; frame < Frames; ++frame) {
+        Canvas canvas(size, Qt::transparent);
+        const QPointF middle(size.width() / 2.0, size.height() / 2.0);
+        canvas.painter().translate(middle);
+        canvas.painter().rotate(360.0 * frame / (Frames * Blades));
+        canvas.icon(Icon::Fan, QRectF(-middle, QSizeF(size)), colour::Cool, lineWidth);
+        frames.push_back(imagekit::Pixels{canvas.take().image, format::aRGB8888});
+    }
+    return frames;
+}
+
+void addFan(imagekit::ImageBuilder& image, PageId page, const QRect& area, qreal lineWidth) {
+    image.page(page).add(
+        imagekit::ImageAnimation{.ControlAddress = words::FanControl,
+                                 .X = static_cast<std::uint16_t>(area.x()),
+                                 .Y = static_cast<std::uint16_t>(area.y()),
+                                 .Width = static_cast<std::uint16_t>(area.width()),
+                                 .Height = static_cast<std::uint16_t>(area.height()),
+                                 .Sequence = image.addSequence(fanFrames(area.size(), lineWidth)),
+                                 .Delay = 6});
+}
+
+/// Digits and a colon on the ground of a well. Gives the index of the first.
+std::uint16_t addTimerDigits(imagekit::ImageBuilder& image) {
+    std::uint16_t first = 0;
+    for (const char glyph : std::string("0123456789:")) {
+        const QRect cell(0, 0, glyph == ':' ? 7 : 12, 22);
+        Canvas canvas(cell.size(), colour::Well);
+        canvas.text(cell, QChar(glyph), style::Value.in(colour::Hot), Qt::AlignCenter);
+        const std::uint16_t index = image.addPicture(imagekit::Pixels{canvas.take().image, format::RGB565});
+        if (glyph == '0') first = index;
+    }
+    return first;
+}
+
+void addBoostTimer(imagekit::ImageBuilder& image) {
+    constexpr int Width = 4 * 12 + 7;
+    const QRect well = layout::water::BoostTime;
+    image.page(HotWaterPage)
+        .add(imagekit::UiTimer{.PresetAddress = words::BoostDuration,
+                               .TimerAddress = words::BoostTimeLeft,
+                               .ControlAddress = words::BoostControl,
+                               .X = static_cast<std::uint16_t>(well.x() + (well.width() - Width) / 2),
+                               .Y = static_cast<std::uint16_t>(well.y() + 2),
+                               .FirstImage = addTimerDigits(image),
+                               .Format = imagekit::TimerFormat::MinutesSeconds,
+                               .Background = true,
+                               .TargetAddress = words::WaterMode,
+                               .TargetValue = 1});
+}
+
+} // namespace
+
+void NeedLiveTexts(Texts& texts) {
+    for (const LiveText& text : HomeTexts) {
+        texts.need(text.style, text.english);
+        texts.need(text.style, Chinese(text.english));
+    }
+    texts.need(PinStyle, "*0123456789");
+}
+
+void AddLiveValues(imagekit::ImageBuilder& image, Texts& texts) {
+    addNumbers(image);
+    addTexts(image, texts);
+    addFan(image, HomePage, layout::home::Fan, 1.6);
+    addFan(image, HeatingPage, layout::heating::Fan, 1.4);
+    addBoostTimer(image);
+}
+
+} // namespace demo

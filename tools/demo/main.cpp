@@ -48,7 +48,8 @@ int main(int argc, char** argv) {
     parser.setApplicationDescription("Paints the demo project and writes it as OUTPUT_DIR/demo.bin.");
     parser.addHelpOption();
     parser.addPositionalArgument("OUTPUT_DIR", "Directory of the image; made if there is none.");
-    const QCommandLineOption pictures("pages", "Also write every page as a PNG file into <DIR>.", "DIR");
+    const QCommandLineOption pictures(
+        "pages", "Also write the painted picture of every page as a PNG file into <DIR>.", "DIR");
     parser.addOption(pictures);
     parser.process(application);
     if (parser.positionalArguments().size() != 1) {

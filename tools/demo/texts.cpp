@@ -80,10 +80,12 @@ imagekit::Label Texts::variableText(const QRect& area, std::uint16_t address, co
 
 std::uint16_t Texts::string(const Caption& caption) {
     const std::uint8_t index = font(caption.style);
+    const auto [known, isNew] = strings_.try_emplace({caption.words, index, caption.style.colour.rgb()});
+    if (!isNew) return known->second;
     const std::uint16_t string = image_.addString({caption.words, index, caption.style.colour});
     image_.setString(string, ChineseLanguage,
                      imagekit::LanguageText{Chinese(caption.words), index, caption.style.colour});
-    return string;
+    return known->second = string;
 }
 
 imagekit::Label Texts::label(const QRect& box, const TextStyle& style, Qt::Alignment alignment) const {

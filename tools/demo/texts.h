@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <map>
+#include <tuple>
 #include <utility>
 
 namespace demo {
@@ -43,6 +44,7 @@ private:
 
     imagekit::ImageBuilder& image_;
     std::map<FaceKey, Font> fonts_;
+    std::map<std::tuple<QString, std::uint8_t, QRgb>, std::uint16_t> strings_; // texts that pages share
 };
 
 /// Height of a line of that style, px.

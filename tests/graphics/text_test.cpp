@@ -11,8 +11,6 @@
 namespace panel {
 namespace {
 
-using imagekit::SyntheticAdvance;
-
 constexpr QSize Screen(72, 60);
 constexpr std::uint16_t FirstWide = 0x4E00, LastWide = 0x4E40;
 
@@ -114,7 +112,8 @@ protected:
 
     PlainText randomPlain() {
         PlainText made = plain(randomText());
-        made.mode = random(0, 3) == 0 ? TextMode::Masked : TextMode::Draw;
+        constexpr TextMode modes[] = {TextMode::Draw, TextMode::Draw, TextMode::Masked, TextMode::Measure};
+        made.mode = modes[random(0, 3)];
         made.style.anchor = byte(0, 8);
         made.style.opaque = random(0, 1) == 1;
         made.style.colour = static_cast<std::uint32_t>(random(0, 0xFFFFFF));
@@ -206,19 +205,6 @@ TEST_P(TextOf, EqualsThePlainDefinitionOnTheWorkSurface) {
         compare([&] { return DrawTextWork(made.style, box, made.text, masked), 0; },
                 [&] { return PlainText(made).drawOnWork(box), 0; });
     }
-}
-
-TEST_P(TextOf, MeasuringDrawsNothing) {
-    PlainText made = plain();
-    for (const char c : std::string("width")) append(made.text, static_cast<std::uint8_t>(c));
-    int width = 0;
-    for (const char c : std::string("width")) width += SyntheticAdvance(shape_, static_cast<std::uint8_t>(c));
-    const QImage before = FrameSurface;
-    EXPECT_EQ(DrawTextFrame(made.style, {}, {0, 0, 300, 5}, made.text, TextMode::Measure), width);
-    EXPECT_EQ(LastTextWidth, width);
-    EXPECT_EQ(DrawTextFrame(made.style, {}, {0, 0, 300, 4}, made.text, TextMode::Measure), 0)
-        << "no line fits";
-    EXPECT_EQ(FrameSurface, before);
 }
 
 INSTANTIATE_TEST_SUITE_P(Fonts, TextOf, ::testing::ValuesIn(allFonts()),
@@ -321,45 +307,44 @@ TEST_F(Text, EndsAtWhatTheEncodingDoesNotKnow) {
             << static_cast<int>(one.encoding) << ' ' << static_cast<int>(one.text[0]);
 }
 
-TEST_F(Text, AnEmptyTextWipesItsBox) {
-    const TextStyle style = bootFilled(shapeOf(FontKind::Ascii, 1), 5);
-    DrawTextFrame(style, {}, {10, 10, 29, 39}, {});
-    EXPECT_EQ(row(10, 9, 30), runs("rw20r"));
-    EXPECT_EQ(column(20, 9, 40), runs("rw30r"));
-}
-
-TEST_F(Text, AZeroByteEndsTheTextAndTheRestIsCleaned) {
-    const TextStyle style = bootFilled(shapeOf(FontKind::Ascii, 1, 5), 5);
-    DrawTextFrame(style, {}, {10, 10, 29, 15}, bytes(std::string_view("A\0AA", 4)));
-    EXPECT_EQ(row(12, 9, 30), runs("rb5w15r"));
-}
-
-TEST_F(Text, LinesBeyondTheHeightAreDropped) {
-    const TextStyle style = bootFilled(shapeOf(FontKind::Ascii, 1, 5), 5);
-    DrawTextFrame(style, {}, {10, 10, 14, 22}, bytes("AAAAA")); // 13 rows, of which two lines take 12
-    EXPECT_EQ(column(10, 9, 23), runs("rb12r2")) << "a last row alone is not cleaned";
-    DrawTextFrame(style, {}, {30, 10, 34, 23}, bytes("AAAAA"));
-    EXPECT_EQ(column(30, 9, 24), runs("rb12w2r"));
-}
-
-TEST_F(Text, TheBottomAnchorStandsOneRowHigherThanTheBox) {
-    const TextStyle style = bootFilled(shapeOf(FontKind::Ascii, 1, 5), 5, 6);
-    DrawTextFrame(style, {}, {10, 10, 14, 25}, bytes("A"));
-    EXPECT_EQ(column(10, 9, 26), "rwwwwwwwwwbbbbbbwr") << "the strip above the line is cleaned with it";
-}
-
-TEST_F(Text, SpacingBetweenLinesIsNotCleaned) {
-    TextStyle style = bootFilled(shapeOf(FontKind::Ascii, 1, 5), 5);
-    style.lineSpacing = 2;
-    DrawTextFrame(style, {}, {10, 10, 14, 23}, bytes("A\nA"));
-    EXPECT_EQ(column(10, 10, 23), "bbbbbbrrbbbbbb");
-}
-
-TEST_F(Text, EachLineIsCentredByItself) {
-    const TextStyle style = bootFilled(shapeOf(FontKind::Ascii, 1, 4), 4, 4);
-    DrawTextFrame(style, {}, {10, 10, 21, 21}, bytes("AA\nA"));
-    EXPECT_EQ(row(10, 9, 22), "rwwbbbbbbbbwwr");
-    EXPECT_EQ(row(16, 9, 22), "rwwwwbbbbwwwwr");
+TEST_F(Text, DrawsAndCleansByHandComputedRows) {
+    struct Case {
+        const char* what;
+        std::uint8_t anchor, width, lineSpacing;
+        TextBox box;
+        std::string_view text;
+        QPoint from; // a column of the frame, or a row
+        bool down;
+        std::string expected;
+    };
+    const Case cases[] = {
+        {"an empty text wipes its box", 3, 5, 0, {10, 10, 29, 39}, "", {10, 9}, true, "rw30r"},
+        {"a zero byte ends the text, the rest is cleaned",
+         3,
+         5,
+         0,
+         {10, 10, 29, 15},
+         {"A\0AA", 4},
+         {9, 12},
+         false,
+         "rb5w15r"},
+        {"a last row alone is not cleaned", 3, 5, 0, {10, 10, 14, 22}, "AAAAA", {10, 9}, true, "rb12r2"},
+        {"two rows are", 3, 5, 0, {10, 10, 14, 23}, "AAAAA", {10, 9}, true, "rb12w2r"},
+        {"the bottom is one row up", 6, 5, 0, {10, 10, 14, 25}, "A", {10, 9}, true, "rw9b6wr"},
+        {"line spacing is not cleaned", 3, 5, 2, {10, 10, 14, 23}, "A\nA", {10, 9}, true, "rb6r2b6r"},
+        {"a full line in the centre", 4, 4, 0, {10, 10, 21, 21}, "AA\nA", {9, 10}, false, "rw2b8w2r"},
+        {"a short one below it", 4, 4, 0, {10, 10, 21, 21}, "AA\nA", {9, 16}, false, "rw4b4w4r"}};
+    for (const Case& one : cases) {
+        TextStyle style = bootFilled(shapeOf(FontKind::Ascii, 1, one.width), one.width, one.anchor);
+        style.lineSpacing = one.lineSpacing;
+        DrawTextFrame(style, {}, one.box, bytes(one.text));
+        const std::string expected = runs(one.expected);
+        const int length = static_cast<int>(expected.size()) - 1;
+        EXPECT_EQ(one.down ? column(one.from.x(), one.from.y(), one.from.y() + length)
+                           : row(one.from.y(), one.from.x(), one.from.x() + length),
+                  expected)
+            << one.what;
+    }
 }
 
 TEST_F(Text, ProportionalLinesMayBeTwoPixelsTooWide) {
@@ -383,19 +368,6 @@ TEST_F(Text, MaskedWidthsDifferByEntry) {
     EXPECT_EQ(LastTextWidth, 45);
     DrawTextWork(style, {0, 0, 71, 9}, bytes("12345"), true);
     EXPECT_EQ(LastTextWidth, 45);
-}
-
-TEST_F(Text, CellsOfSparseCharactersAreWiderOnLists) {
-    const TextStyle style = bootFilled(shapeOf(FontKind::Sparse, 1, 7), 5);
-    ListSurfaceA = ListSurfaceB = QImage(72, 60, QImage::Format_ARGB32_Premultiplied);
-    ListSurfaceA.fill(Qt::red);
-    ListSurfaceB.fill(Qt::white);
-    const std::vector<std::uint8_t> one = {0, 'A'};
-    DrawTextFrame(style, {}, {10, 10, 30, 15}, one);
-    DrawTextList(style, {}, {10, 10, 30, 15}, one);
-    EXPECT_EQ(row(12, 10, 17), "bbbbbwww");
-    EXPECT_EQ(ListSurfaceA.pixel(16, 12), qRgb(0, 0, 255));
-    EXPECT_EQ(ListSurfaceA.pixel(17, 12), qRgb(255, 255, 255));
 }
 
 TEST_F(Text, AnUnknownDepthLeavesCellsEmptyOnTheFrameAndCountsAsOneBitInGroups) {

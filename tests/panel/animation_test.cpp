@@ -199,29 +199,6 @@ TEST_F(Animation, TellsWhereItLiesOnlyWhileShownAndOnlyOnFullChips) {
     EXPECT_FALSE(IsUnderAnimation(25, 14));
 }
 
-TEST_F(Animation, WhatItPutsOnTheFrameIsTheUnderlayOfTexts) {
-    bootWith(Plain, Loop);
-    EXPECT_EQ(TextSurface, FrameSurface);
-    step();
-    EXPECT_EQ(TextSurface, FrameSurface);
-    FrameSurface.fill(Mark); // other widgets leave no trace in it
-    step();
-    EXPECT_EQ(TextSurface.pixel(25, 14), Blue);
-    EXPECT_EQ(TextSurface.pixel(5, 5), Page);
-    StoreWord(Control, Hide);
-    step();
-    EXPECT_EQ(TextSurface, PageBackground);
-}
-
-TEST_F(Animation, TheEndOfAPlayMayShowAnotherPage) {
-    ImageAnimation leaving = Plain;
-    leaving.DoneAddress = word::Page;
-    leaving.DoneValue = 1;
-    bootWith(leaving, Once);
-    EXPECT_EQ(steps(4), (Colours{Green, Blue, 0xFFFFFFFF, 0xFFFFFFFF}));
-    EXPECT_EQ(CurrentPage, 1);
-}
-
 TEST_F(Animation, PlaysWithoutFramesThatShowEachOthersPagesDoNotRunAway) {
     ImageBuilder image({.Width = 64, .Height = 48});
     image.addSequence({});

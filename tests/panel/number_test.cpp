@@ -80,14 +80,6 @@ TEST_F(Numbers, ShowTypeUnitPointAndSign) {
     EXPECT_EQ(show(0xFFF6, 20), "-0001.0kg");
 }
 
-TEST_F(Numbers, WithoutIntegerDigitsShowTheirZero) {
-    Number number = Plain;
-    number.IntegerDigits = 0;
-    number.DecimalDigits = 2;
-    boot(panelWith({number}));
-    EXPECT_EQ(show(5, 20), "0.05");
-}
-
 TEST_F(Numbers, ThatShrinkClearTheirWidestText) {
     boot(panelWith({Plain}));
     EXPECT_EQ(show(1000, 20), "1000");

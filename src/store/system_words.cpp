@@ -87,12 +87,14 @@ void ApplySystemWordFromMainThread(std::uint16_t address) {
 }
 
 void ServeInspectorRequests() {
+    // The page comes first: the other two may show the page on show again, which takes word 0x7000 back.
+    const std::uint16_t page = ReadWord(word::Page);
+    if (page != CurrentPage && PageRequestFromInspector) {
+        PageRequestFromInspector = 0;
+        ShowPage(page);
+    }
     if (LanguageRequestFromInspector.exchange(0)) ChangeLanguage();
     if (PresetRequestFromInspector.exchange(0)) applyPreset();
-    const std::uint16_t page = ReadWord(word::Page);
-    if (page == CurrentPage || !PageRequestFromInspector) return;
-    PageRequestFromInspector = 0;
-    ShowPage(page);
 }
 
 } // namespace panel

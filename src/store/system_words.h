@@ -50,7 +50,7 @@ inline Shared<std::uint8_t> PageRequestFromInspector{0};
 inline Shared<std::uint8_t> LanguageRequestFromInspector{0};
 inline Shared<std::uint8_t> PresetRequestFromInspector{0};
 
-/// Serves those requests, the page last. Engine thread.
+/// Serves those requests, the page first. Engine thread.
 void ServeInspectorRequests();
 
 } // namespace panel

@@ -4,6 +4,7 @@
 #include "pages/page_switch.h"
 #include "panel_test.h"
 #include "store/backlight.h"
+#include "store/curve_samples.h"
 #include "store/host_command.h"
 #include "store/language.h"
 #include "widgets/touch/encoder.h"
@@ -34,7 +35,7 @@ TEST_F(SystemWordTest, BrightnessLevelsDimTheFrame) {
 class LanguageTest : public PanelTest {
 protected:
     void SetUp() override {
-        ImageBuilder image = ColouredPages({Qt::red}, {.Width = 64, .Height = 48, .LangueNum = 3});
+        ImageBuilder image = ColouredPages({Qt::red, Qt::green}, {.Width = 64, .Height = 48, .LangueNum = 3});
         image.addLanguagePreset(1, 0x0100, Bytes{0xAB, 0xCD, 0xEF});
         image.addLanguagePreset(1, 0x6FFF, Bytes{1, 2, 3, 4});
         boot(image);
@@ -52,6 +53,16 @@ TEST_F(LanguageTest, ChangeLoadsItsPresetsAndShowsThePageAgain) {
     EXPECT_EQ(ReadByte(0x0202), 0xEF);
     EXPECT_TRUE(WordDiffers(0x0100)) << "widgets have yet to show it";
     EXPECT_EQ(pixel(0, 0), qRgb(255, 0, 0));
+}
+
+TEST_F(LanguageTest, ChangeInTheSameCycleAsAPageKeepsThePage) {
+    StoreLowByte(word::Language, 1);
+    ApplySystemWordFromMainThread(word::Language);
+    StoreWord(word::Page, 1);
+    ApplySystemWordFromMainThread(word::Page);
+    cycles(1);
+    EXPECT_EQ(Language, 1);
+    EXPECT_EQ(CurrentPage, 1);
 }
 
 TEST_F(LanguageTest, OneThatDoesNotExistIsPutBack) {
@@ -187,6 +198,28 @@ TEST_F(HostCommandTest, BrokenFramesChangeNothingMore) {
     HostCommand(Bytes{255, 0x10, 0x01, 0x00, 0x12, 0x34}); // claims more than it holds
     EXPECT_EQ(ReadWord(0x0100), 0x1234);
     EXPECT_EQ(ReadWord(0x0101), 0xBBBB);
+}
+
+TEST_F(HostCommandTest, DealsCurveSamplesOutInTurnAndKeepsChannelsInStep) {
+    HostCommand(writeFrame(0xC000 | 1 << 0 | 1 << 2 | 1 << 11, {10, 20, 30, 11})); // one sample over
+    EXPECT_EQ(CurveHead, (std::array<std::uint16_t, 12>{2, 0, 2, 0, 0, 0, 0, 0, 0, 0, 0, 2}));
+    EXPECT_EQ(CurveSamples[0][1], 11);
+    EXPECT_EQ(CurveSamples[2][1], 20) << "repeats its last sample";
+    EXPECT_EQ(CurveSamples[11][1], 30);
+
+    for (int i = 0; i < 1022; ++i) HostCommand(writeFrame(0xC001, {static_cast<std::uint16_t>(i)}));
+    EXPECT_EQ(CurveHead[0], 0) << "the ring is full";
+    HostCommand(writeFrame(0xC003, {77})); // channel 1 has no sample yet
+    EXPECT_EQ(CurveSamples[0][0], 77);
+    EXPECT_EQ(CurveSamples[1][0], CurveSamples[1][1023]);
+
+    CurveDirty.fill(0);
+    HostCommand(writeFrame(0xE001, {9}));
+    EXPECT_EQ(CurveHead[0], 0);
+    EXPECT_EQ(CurveSamples[0], (std::array<std::uint16_t, CurveRingSize>{}));
+    EXPECT_EQ(CurveDirty[0], 1);
+    EXPECT_EQ(CurveDirty[2], 0);
+    EXPECT_EQ(CurveSamples[2][0], 20);
 }
 
 } // namespace

@@ -31,6 +31,7 @@ struct LiveNumber {
     PageId page;
     QRect well;
     Word word;
+    const char* name; // for the variable inspector
     TextStyle style;
     std::uint8_t integerDigits, decimalDigits;
     const char* unit; // painted at the well's end; null: none, and the number stands in the middle
@@ -40,73 +41,89 @@ struct LiveNumber {
 std::vector<LiveNumber> homeNumbers() {
     using namespace layout::home;
     return {
-        {HomePage, RoomValue, words::RoomTemperature, style::Room, 2, 1, nullptr},
-        {HomePage, TargetValue, words::RoomTarget, style::Value.in(colour::Warm), 2, 1, nullptr},
-        {HomePage, OutdoorValue, words::OutdoorTemperature, style::Large, 2, 1, "°C", DataType::S16},
-        {HomePage, HumidityValue, words::Humidity, style::Value, 3, 0, "%"},
-        {HomePage, WindValue, words::WindSpeed, style::Value, 2, 1, "m/s"},
-        {HomePage, SupplyValue, words::SupplyTemperature, style::Value.in(colour::Hot), 2, 1, "°C"},
-        {HomePage, ReturnValue, words::ReturnTemperature, style::Value.in(colour::Cool), 2, 1, "°C"},
+        {HomePage, RoomValue, words::RoomTemperature, "Room temperature", style::Room, 2, 1, nullptr},
+        {HomePage, TargetValue, words::RoomTarget, "Room target temperature", style::Value.in(colour::Warm),
+         2, 1, nullptr},
+        {HomePage, OutdoorValue, words::OutdoorTemperature, "Outdoor temperature", style::Large, 2, 1, "°C",
+         DataType::S16},
+        {HomePage, HumidityValue, words::Humidity, "Humidity", style::Value, 3, 0, "%"},
+        {HomePage, WindValue, words::WindSpeed, "Wind speed", style::Value, 2, 1, "m/s"},
+        {HomePage, SupplyValue, words::SupplyTemperature, "Supply temperature", style::Value.in(colour::Hot),
+         2, 1, "°C"},
+        {HomePage, ReturnValue, words::ReturnTemperature, "Return temperature", style::Value.in(colour::Cool),
+         2, 1, "°C"},
     };
 }
 
 std::vector<LiveNumber> heatingNumbers() {
     using namespace layout::heating;
     return {
-        {HeatingPage, SupplyValue, words::SupplyTemperature, style::Value.in(colour::Hot), 2, 1, "°C"},
-        {HeatingPage, ReturnValue, words::ReturnTemperature, style::Value.in(colour::Cool), 2, 1, "°C"},
-        {HeatingPage, BufferValue, words::BufferTemperature, style::Compact, 2, 1, "°C"},
-        {HeatingPage, FlowValue, words::FlowRate, style::Value, 4, 0, "l/h"},
-        {HeatingPage, PressureValue, words::WaterPressure, style::Value, 2, 1, "bar"},
-        {HeatingPage, SlopeValue, words::CurveSlope, style::Value.in(colour::Warm), 1, 2, nullptr},
-        {HeatingPage, ShiftValue, words::CurveShift, style::Value.in(colour::Warm), 2, 0, "K", DataType::S16},
+        {HeatingPage, SupplyValue, words::SupplyTemperature, "Supply temperature",
+         style::Value.in(colour::Hot), 2, 1, "°C"},
+        {HeatingPage, ReturnValue, words::ReturnTemperature, "Return temperature",
+         style::Value.in(colour::Cool), 2, 1, "°C"},
+        {HeatingPage, BufferValue, words::BufferTemperature, "Buffer temperature", style::Compact, 2, 1,
+         "°C"},
+        {HeatingPage, FlowValue, words::FlowRate, "Flow rate", style::Value, 4, 0, "l/h"},
+        {HeatingPage, PressureValue, words::WaterPressure, "Water pressure", style::Value, 2, 1, "bar"},
+        {HeatingPage, SlopeValue, words::CurveSlope, "Curve slope", style::Value.in(colour::Warm), 1, 2,
+         nullptr},
+        {HeatingPage, ShiftValue, words::CurveShift, "Curve shift", style::Value.in(colour::Warm), 2, 0, "K",
+         DataType::S16},
     };
 }
 
 std::vector<LiveNumber> waterNumbers() {
     using namespace layout::water;
     return {
-        {HotWaterPage, TankTopValue, words::TankUpperTemperature, style::Value, 2, 1, "°C"},
-        {HotWaterPage, TankBottomValue, words::TankLowerTemperature, style::Value, 2, 1, "°C"},
-        {HotWaterPage, TargetValue, words::WaterTarget, style::Large.in(colour::Warm), 2, 1, nullptr},
+        {HotWaterPage, TankTopValue, words::TankUpperTemperature, "Tank upper temperature", style::Value, 2,
+         1, "°C"},
+        {HotWaterPage, TankBottomValue, words::TankLowerTemperature, "Tank lower temperature", style::Value,
+         2, 1, "°C"},
+        {HotWaterPage, TargetValue, words::WaterTarget, "Hot water target temperature",
+         style::Large.in(colour::Warm), 2, 1, nullptr},
     };
 }
 
 std::vector<LiveNumber> energyNumbers() {
     using namespace layout::energy;
     std::vector<LiveNumber> numbers{
-        {EnergyPage, FigureValue(0), words::ElectricityToday, style::Figure, 3, 1, "kWh"},
-        {EnergyPage, FigureValue(1), words::HeatToday, style::Figure, 3, 1, "kWh"},
-        {EnergyPage, FigureValue(2), words::SolarToday, style::Figure, 3, 1, "kWh"},
-        {EnergyPage, FigureValue(3), words::Efficiency, style::Figure, 2, 2, "COP"},
-        {EnergyPage, ShareValue, words::ElectricityToday, style::Figure, 3, 1, nullptr},
-        {EnergyPage, ShareRowValue(0), words::ShareHeating, style::Value, 3, 0, "%"},
-        {EnergyPage, ShareRowValue(1), words::ShareHotWater, style::Value, 3, 0, "%"},
-        {EnergyPage, ShareRowValue(2), words::ShareStandby, style::Value, 3, 0, "%"},
+        {EnergyPage, FigureValue(0), words::ElectricityToday, "Electricity today", style::Figure, 3, 1,
+         "kWh"},
+        {EnergyPage, FigureValue(1), words::HeatToday, "Heat today", style::Figure, 3, 1, "kWh"},
+        {EnergyPage, FigureValue(2), words::SolarToday, "Solar today", style::Figure, 3, 1, "kWh"},
+        {EnergyPage, FigureValue(3), words::Efficiency, "Efficiency", style::Figure, 2, 2, "COP"},
+        {EnergyPage, ShareValue, words::ElectricityToday, "Electricity today", style::Figure, 3, 1, nullptr},
+        {EnergyPage, ShareRowValue(0), words::ShareHeating, "Share heating", style::Value, 3, 0, "%"},
+        {EnergyPage, ShareRowValue(1), words::ShareHotWater, "Share hot water", style::Value, 3, 0, "%"},
+        {EnergyPage, ShareRowValue(2), words::ShareStandby, "Share standby", style::Value, 3, 0, "%"},
     };
     for (int day = 0; day < 7; ++day)
         numbers.push_back({EnergyPage, DayFigure(day), static_cast<Word>(words::WeekEnergy + day),
-                           style::Tiny.in(colour::Muted), 2, 1, nullptr});
+                           "Energy of the day", style::Tiny.in(colour::Muted), 2, 1, nullptr});
     return numbers;
 }
 
 std::vector<LiveNumber> serviceNumbers() {
     using layout::service::ReadingValue;
     return {
-        {ServicePage, ReadingValue(0), words::CompressorSpeed, style::Value, 3, 0, ""},
-        {ServicePage, ReadingValue(1), words::FanSpeed, style::Value, 4, 0, ""},
-        {ServicePage, ReadingValue(2), words::HighPressure, style::Value, 2, 1, ""},
-        {ServicePage, ReadingValue(3), words::LowPressure, style::Value, 2, 1, ""},
-        {ServicePage, ReadingValue(4), words::DischargeTemperature, style::Value, 3, 1, ""},
-        {ServicePage, ReadingValue(5), words::SuctionTemperature, style::Value, 3, 1, "", DataType::S16},
-        {ServicePage, ReadingValue(6), words::ValveOpening, style::Value, 3, 0, ""},
-        {ServicePage, ReadingValue(7), words::OperatingHours, style::Value, 5, 0, ""},
+        {ServicePage, ReadingValue(0), words::CompressorSpeed, "Compressor speed", style::Value, 3, 0, ""},
+        {ServicePage, ReadingValue(1), words::FanSpeed, "Fan speed", style::Value, 4, 0, ""},
+        {ServicePage, ReadingValue(2), words::HighPressure, "High pressure", style::Value, 2, 1, ""},
+        {ServicePage, ReadingValue(3), words::LowPressure, "Low pressure", style::Value, 2, 1, ""},
+        {ServicePage, ReadingValue(4), words::DischargeTemperature, "Discharge temperature", style::Value, 3,
+         1, ""},
+        {ServicePage, ReadingValue(5), words::SuctionTemperature, "Suction temperature", style::Value, 3, 1,
+         "", DataType::S16},
+        {ServicePage, ReadingValue(6), words::ValveOpening, "Valve opening", style::Value, 3, 0, ""},
+        {ServicePage, ReadingValue(7), words::OperatingHours, "Operating hours", style::Value, 5, 0, ""},
     };
 }
 
 std::vector<LiveNumber> popupNumbers() {
-    return {{AwayPopup, layout::popup::Value, words::AwayDays, style::Figure, 2, 0, "days"},
-            {BoostPopup, layout::popup::Value, words::BoostMinutes, style::Figure, 2, 0, "min"}};
+    return {
+        {AwayPopup, layout::popup::Value, words::AwayDays, "Away days", style::Figure, 2, 0, "days"},
+        {BoostPopup, layout::popup::Value, words::BoostMinutes, "Boost minutes", style::Figure, 2, 0, "min"}};
 }
 
 /// The fonts of numbers: the digits of the theme's face in all sizes in use.
@@ -151,7 +168,8 @@ void addNumber(imagekit::ImageBuilder& image, NumberFonts& fonts, const LiveNumb
                               .Align = number.unit ? imagekit::Alignment::Right : imagekit::Alignment::Centre,
                               .IntegerDigits = number.integerDigits,
                               .DecimalDigits = number.decimalDigits,
-                              .Type = number.type});
+                              .Type = number.type},
+             number.name);
 }
 
 void addNumbers(imagekit::ImageBuilder& image) {
@@ -165,12 +183,13 @@ void addNumbers(imagekit::ImageBuilder& image) {
 struct LiveText {
     QRect area;
     Word word;
+    const char* name; // for the variable inspector
     TextStyle style;
     const char* english;
 };
 constexpr LiveText HomeTexts[] = {
-    {layout::home::Greeting, words::Greeting, style::Body.in(colour::Muted), "Welcome home"},
-    {layout::home::Weather, words::Weather, style::Small, "Partly cloudy"},
+    {layout::home::Greeting, words::Greeting, "Greeting", style::Body.in(colour::Muted), "Welcome home"},
+    {layout::home::Weather, words::Weather, "Weather", style::Small, "Partly cloudy"},
 };
 constexpr TextStyle PinStyle = style::Value;
 constexpr const char* Pin = "4711";
@@ -185,7 +204,7 @@ imagekit::Bytes inItsRoom(const QString& text) {
 void addTexts(imagekit::ImageBuilder& image, Texts& texts) {
     constexpr Qt::Alignment Right = Qt::AlignRight | Qt::AlignVCenter;
     for (const LiveText& text : HomeTexts) {
-        image.page(HomePage).add(texts.variableText(text.area, text.word, text.style, Right));
+        image.page(HomePage).add(texts.variableText(text.area, text.word, text.style, Right), text.name);
         image.setBytes(text.word, inItsRoom(text.english));
         image.addLanguagePreset(English, text.word, inItsRoom(text.english));
         image.addLanguagePreset(ChineseLanguage, text.word, inItsRoom(Chinese(text.english)));
@@ -194,7 +213,7 @@ void addTexts(imagekit::ImageBuilder& image, Texts& texts) {
         texts.variableText(layout::service::ServicePin.adjusted(6, 0, -6, 0), words::ServicePin, PinStyle,
                            Qt::AlignHCenter | Qt::AlignVCenter);
     pin.Masked = true;
-    image.page(ServicePage).add(pin);
+    image.page(ServicePage).add(pin, "Service PIN");
     image.setBytes(words::ServicePin, inItsRoom(Pin));
 }
 
@@ -221,7 +240,8 @@ void addFan(imagekit::ImageBuilder& image, PageId page, const QRect& area, qreal
                                  .Width = static_cast<std::uint16_t>(area.width()),
                                  .Height = static_cast<std::uint16_t>(area.height()),
                                  .Sequence = image.addSequence(fanFrames(area.size(), lineWidth)),
-                                 .Delay = 6});
+                                 .Delay = 6},
+        "Fan");
 }
 
 /// Digits and a colon on the ground of a well. Gives the index of the first.
@@ -250,7 +270,8 @@ void addBoostTimer(imagekit::ImageBuilder& image) {
                                .Format = imagekit::TimerFormat::MinutesSeconds,
                                .Background = true,
                                .TargetAddress = words::WaterMode,
-                               .TargetValue = 1});
+                               .TargetValue = 1},
+             "Boost time left");
 }
 
 } // namespace

@@ -277,11 +277,11 @@ void addBoostTimer(imagekit::ImageBuilder& image) {
 } // namespace
 
 void NeedLiveTexts(Texts& texts) {
-    for (const LiveText& text : HomeTexts) {
-        texts.need(text.style, text.english);
-        texts.need(text.style, Chinese(text.english));
-    }
-    texts.need(PinStyle, "*0123456789");
+    // Besides the texts at start, whatever a host or the inspector may write in English.
+    QString ascii;
+    for (char character = ' '; character <= '~'; ++character) ascii += QChar(character);
+    for (const LiveText& text : HomeTexts) texts.need(text.style, ascii + Chinese(text.english));
+    texts.need(PinStyle, ascii);
 }
 
 void AddLiveValues(imagekit::ImageBuilder& image, Texts& texts) {

@@ -19,11 +19,13 @@ QImage gradient(int width, int height) {
     return image;
 }
 
+bool hasOnly16Bits(std::uint8_t format) { return format == 8 || (format >= 3 && format <= 5); }
+
 /// An image with a page of every picture format, a pop-up, presets, languages and all three streams.
 ImageBuilder everyFormat(PanelConfig config) {
     ImageBuilder image(config);
     for (const std::uint8_t format : {0, 1, 2, 3, 4, 5, 6, 7, 8, 10}) {
-        if (format == 8 && config.ColourMode == 1) continue;
+        if (config.ColourMode == 1 && hasOnly16Bits(format)) continue;
         image.addPage(Pixels{gradient(40, 30), format});
     }
     Page& page = image.addPage(Solid{40, 30, Qt::blue});

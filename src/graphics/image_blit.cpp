@@ -205,6 +205,13 @@ BlitResult BlitImage(QImage& target, QPoint at, const ImageRow& image, QRect sou
     return BlitResult::Done;
 }
 
+bool DrawsSomething(const ImageRow& image) {
+    if (!image.hasPicture()) return false;
+    if (isZip(image.Format)) return ReadZipHead(image.Address).has_value();
+    if (image.Format == format::PngOpaque || image.Format == format::PngAlpha) return true;
+    return RawPicture(image.Address, image.Width, image.Format).isReadable();
+}
+
 void BlitPage(QPoint at, QRect source) {
     ImageRow page = PageImage;
     page.Format = format::RGB565;

@@ -26,6 +26,10 @@ enum class BlitResult : int { BadData = -1, Nothing = 0, Done = 1 };
 /// asks for a piece of the page's background, whatever format that has.
 BlitResult BlitImage(QImage& target, QPoint at, const ImageRow& image, QRect source, int stride);
 
+/// Whether the two operations on whole and partial pictures draw anything of it: it has data, and a format
+/// that they know in this colour mode.
+bool DrawsSomething(const ImageRow& image);
+
 /// Draws the rectangle `source` (panel coordinates) of the page's background at `at` on the WorkSurface.
 void BlitPage(QPoint at, QRect source);
 

@@ -31,6 +31,11 @@ struct ImageRow {
 
     /// Whether widgets take the row for a picture at all.
     bool hasPicture() const { return Format != format::None && Extra != 0; }
+    /// Whether pixels of the picture let through what a widget has put behind it.
+    bool showsWhatIsBehind() const {
+        return Format == format::RGB565Key || Format == format::aRGB4444 || Format == format::aRGB8888
+               || Format == format::PngAlpha;
+    }
     bool operator==(const ImageRow&) const = default;
 };
 

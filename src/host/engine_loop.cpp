@@ -15,6 +15,7 @@
 #include "store/variable_store.h"
 #include "widgets/display/image_animation.h"
 #include "widgets/display/uitimer.h"
+#include "widgets/touch/page_key.h"
 
 #include <QColor>
 
@@ -100,10 +101,11 @@ void passVolume(PanelOutputs& outputs) {
     outputs.setPlayerVolume(VolumeApplied * PlayerSteps);
 }
 
-void tickAnimations(PanelOutputs&) { AnimationTick(); }
-void tickUiTimers(PanelOutputs&) { UiTimerTick(); }
-
-void serveInspector(PanelOutputs&) { ServeInspectorRequests(); }
+/// For all that stays inside the engine.
+template <void (*Run)()>
+void step(PanelOutputs&) {
+    Run();
+}
 
 void sendFrame(PanelOutputs& outputs) { outputs.showFrame(FrameSurface); }
 
@@ -120,10 +122,10 @@ constexpr CycleStep CycleSteps[] = {
     {"BacklightTask", dimPanel},
     {"CameraWatch", nullptr},
     {"camera requests", requestCamera},
-    {"AnimationTick", tickAnimations},
+    {"AnimationTick", step<AnimationTick>},
     {"AnalogClockTick", nullptr},
     {"ClockTick", nullptr},
-    {"UiTimerTick", tickUiTimers},
+    {"UiTimerTick", step<UiTimerTick>},
     {"TextrollTick", nullptr},
     {"CurveTick", nullptr},
     {"AutoStepTick", nullptr},
@@ -131,7 +133,7 @@ constexpr CycleStep CycleSteps[] = {
     {"GestureTick", nullptr},
     {"SlidePageTick", nullptr},
     {"SlideListDrag, SlideListCoast", nullptr},
-    {"TouchPageKeys", nullptr},
+    {"TouchPageKeys", step<TouchPageKeys>},
     {"TouchStepKeys", nullptr},
     {"TouchMultiKeys", nullptr},
     {"TouchPopupKeys", nullptr},
@@ -147,7 +149,7 @@ constexpr CycleStep CycleSteps[] = {
     {"EncoderTick", nullptr},
     {"volume", passVolume},
     {"text cursor", nullptr},
-    {"inspector requests", serveInspector},
+    {"inspector requests", step<ServeInspectorRequests>},
     {"frame", sendFrame},
 };
 

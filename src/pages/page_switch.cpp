@@ -31,6 +31,7 @@ void forgetWidgets() {
     ForgetDisplayKinds();
     ForgetPress();
     MergeUiTimers();
+    BaseInUse = 0;
 }
 
 void stopPageMusic() {

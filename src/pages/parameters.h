@@ -7,6 +7,9 @@
 
 namespace panel {
 
+/// For records whose fields always stand in the record itself.
+inline constexpr std::size_t WithoutBlock = SIZE_MAX;
+
 /// Reads the fields of a record of a display stream by their record offset. In the inline form they are the
 /// bytes of the record; in the pointer form a block of the same layout in the VariableStore holds them, and a
 /// host can rewrite it. A field that is not wholly inside reads as 0. Borrows the record's bytes: valid as
@@ -21,7 +24,7 @@ public:
     /// Bits 8 to 11 of the type word: not 0 for a widget that lies on a sliding list.
     std::uint8_t inList() const { return typeWord() >> 8 & 0x0F; }
     /// Whether the fields lie in the VariableStore.
-    bool inStore() const { return recordU16(2) != 0xFFFF; }
+    bool inStore() const { return blockStart_ != WithoutBlock && recordU16(2) != 0xFFFF; }
     /// Byte offset of the block in the VariableStore, and its length in bytes; meaningful in the pointer
     /// form.
     std::size_t blockOffset() const { return 2 * std::size_t{recordU16(2)}; }

@@ -7,6 +7,7 @@
 #include "widgets/display/group.h"
 #include "widgets/display/image_animation.h"
 #include "widgets/display/uitimer.h"
+#include "widgets/touch/page_key.h"
 
 #include <span>
 
@@ -87,6 +88,11 @@ void syncRecordsAfterTouch() {
 
 // What follows the records: the rows of the tables, and the groups.
 
+template <auto& Keys>
+void repaintKeyGroups(std::uint16_t page) {
+    for (const auto& row : Keys.rows()) RepaintKeyGroup(page, row);
+}
+
 struct RefreshStep {
     const char* name;
     void (*run)(std::uint16_t page); // null: nothing on this panel takes part yet
@@ -96,7 +102,7 @@ constexpr RefreshStep RowSteps[] = {
     {"uitimer", RefreshUiTimers},
     {"slider", nullptr},
     {"rtouch", nullptr},
-    {"PageKey", nullptr},
+    {"PageKey", repaintKeyGroups<PageKeys>},
     {"MultiKey", nullptr},
     {"imageAnimation", RepaintAnimationGroups},
     {"StateKey", nullptr},
@@ -111,7 +117,7 @@ constexpr RefreshStep RowStepsAfterTouch[] = {
     {"slider", nullptr},
     {"rtouch", nullptr},
     {"RollerPicker", nullptr},
-    {"PageKey", nullptr},
+    {"PageKey", repaintKeyGroups<PageKeys>},
     {"MultiKey", nullptr},
     {"StateKey", nullptr},
     {"CopyKey", nullptr},

@@ -60,11 +60,6 @@ ImageRow frameImage(const AnimationRow& row, std::uint32_t index) {
 
 bool canBeFrame(std::uint8_t imageFormat) { return imageFormat <= format::RGB565A8; }
 
-bool showsWhatIsBehind(std::uint8_t imageFormat) {
-    return imageFormat == format::RGB565Key || imageFormat == format::aRGB4444
-           || imageFormat == format::aRGB8888;
-}
-
 /// What the animation puts on the frame is what the widgets over it have behind them from now on.
 void keepAsUnderlay(const AnimationRow& row) {
     CopySurfaceRect(FrameSurface, rectOf(row), TextSurface, rectOf(row).topLeft());
@@ -100,7 +95,7 @@ void drawWithoutGroup(const AnimationRow& row, ImageRow frame) {
 }
 
 void drawWithGroup(const AnimationRow& row, const ImageRow& frame) {
-    if (showsWhatIsBehind(frame.Format)) {
+    if (frame.showsWhatIsBehind()) {
         if (row.InList)
             copyListBackground(row);
         else
@@ -325,7 +320,7 @@ void RepaintAnimationGroup(std::uint16_t page, AnimationRow& row) {
     const std::uint16_t value = ReadWord(row.ControlAddress);
     if ((value != row.IdleValue && !hides(row, value)) || !GroupChanged(page, row.Group)) return;
     const ImageRow frame = frameImage(row, row.FrameOnShow);
-    if (!row.Shown || showsWhatIsBehind(frame.Format)) RestoreWorkRect({0, 0}, rectOf(row));
+    if (!row.Shown || frame.showsWhatIsBehind()) RestoreWorkRect({0, 0}, rectOf(row));
     if (row.Shown) blitToWork(row, frame);
     landOnFrame(row);
 }

@@ -1,16 +1,13 @@
 #include "widgets/display/running_timers.h"
 
-#include "host/serial.h"
+#include "host/reply_frame.h"
 #include "store/pending_writes.h"
 #include "store/variable_store.h"
 
 #include <algorithm>
-#include <array>
 
 namespace panel {
 namespace {
-
-constexpr std::uint8_t NotifyCommand = 0x41;
 
 bool counts(const TimerCount& timer) {
     return ReadWord(timer.Control) == static_cast<std::uint16_t>(TimerControl::Counting);
@@ -22,23 +19,13 @@ void addToTimer(const TimerCount& timer, int step) {
 
 bool atUpperEnd(const TimerCount& timer) { return ReadWord(timer.Preset) <= ReadWord(timer.Timer); }
 
-void sendNotification(const TimerCount& timer) {
-    std::array<std::uint8_t, FrameHeadBytes + 5> frame{};
-    const std::array<std::uint8_t, 5> payload{
-        NotifyCommand, static_cast<std::uint8_t>(timer.TargetAddress >> 8),
-        static_cast<std::uint8_t>(timer.TargetAddress), static_cast<std::uint8_t>(timer.TargetValue >> 8),
-        static_cast<std::uint8_t>(timer.TargetValue)};
-    std::ranges::copy(payload, frame.begin() + FrameHeadBytes);
-    UartSend(frame.data(), payload.size());
-}
-
 /// The engine applies a system word; here, on the main thread, it is only queued.
 void endCount(const TimerCount& timer) {
     if (IsStoreWord(timer.TargetAddress)) {
         StoreWord(timer.TargetAddress, timer.TargetValue);
         if (SystemRange(timer.TargetAddress)) PendingSystemWrites.append(timer.TargetAddress);
     }
-    if (timer.Notify == 1) sendNotification(timer);
+    if (timer.Notify == 1) SendNotification(timer.TargetAddress, timer.TargetValue);
 }
 
 void endPageCount(const TimerCount& timer) {

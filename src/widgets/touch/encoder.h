@@ -19,6 +19,11 @@ inline Shared<std::uint8_t> EncoderEvent{NoEncoderEvent};
 /// only.
 inline std::uint8_t EncoderState = 0;
 
+/// 1 while the page has a background widget, which keeps the BaseSurface. Engine only.
+inline std::uint8_t BaseInUse = 0;
+/// The word that picks the picture of the last such widget, also after its page has gone. Engine only.
+inline std::uint16_t BaseVariable = 0xFFFF;
+
 /// Any key press, `key` empty for one that is no encoder key. It ends the idle time; on a dimmed panel it
 /// wakes the panel and does nothing else. Main thread.
 void PressKey(std::optional<EncoderKey> key);

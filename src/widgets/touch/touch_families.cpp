@@ -1,10 +1,12 @@
 #include "widgets/touch/touch_families.h"
 
 #include "pages/page_table.h"
+#include "pages/parameters.h"
 #include "pages/stream_walker.h"
+#include "widgets/touch/page_key.h"
+#include "widgets/touch/touch_row.h"
 
 #include <algorithm>
-#include <span>
 
 namespace panel {
 namespace {
@@ -12,21 +14,27 @@ namespace {
 struct TouchFamily {
     std::uint16_t code; // the type word under FamilyMask
     const char* name;
-    void (*reset)() = nullptr;                              // forgets the family's rows
-    void (*build)(std::span<const std::uint8_t>) = nullptr; // appends a row for a record; null: takes none
+    void (*reset)() = nullptr;                  // forgets the family's rows and its press
+    void (*build)(const Parameters&) = nullptr; // appends a row for a record; null: takes none
 };
 
-constexpr std::uint16_t FamilyMask = 0xB0FF; // without NotifyFlag and the list bits
-
 constexpr TouchFamily Families[] = {
-    {.code = 0x8000, .name = "SwipeGesture"}, {.code = 0x8001, .name = "PageKey"},
-    {.code = 0x8002, .name = "NumberEntry"},  {.code = 0x8003, .name = "StepKey"},
-    {.code = 0x8004, .name = "slider"},       {.code = 0x8005, .name = "KeyboardKey"},
-    {.code = 0x8006, .name = "RollerPicker"}, {.code = 0x8007, .name = "rtouch"},
-    {.code = 0x8008, .name = "PopupKey"},     {.code = 0x8009, .name = "TextEntry"},
-    {.code = 0x800A, .name = "PinyinEntry"},  {.code = 0x800B, .name = "MultiKey"},
-    {.code = 0x800C, .name = "SlidePage"},    {.code = 0x800D, .name = "StateKey"},
-    {.code = 0x800E, .name = "CopyKey"},      {.code = 0x800F, .name = "SlidingList"},
+    {.code = 0x8000, .name = "SwipeGesture"},
+    {.code = 0x8001, .name = "PageKey", .reset = ResetPageKeys, .build = AddPageKey},
+    {.code = 0x8002, .name = "NumberEntry"},
+    {.code = 0x8003, .name = "StepKey"},
+    {.code = 0x8004, .name = "slider"},
+    {.code = 0x8005, .name = "KeyboardKey"},
+    {.code = 0x8006, .name = "RollerPicker"},
+    {.code = 0x8007, .name = "rtouch"},
+    {.code = 0x8008, .name = "PopupKey"},
+    {.code = 0x8009, .name = "TextEntry"},
+    {.code = 0x800A, .name = "PinyinEntry"},
+    {.code = 0x800B, .name = "MultiKey"},
+    {.code = 0x800C, .name = "SlidePage"},
+    {.code = 0x800D, .name = "StateKey"},
+    {.code = 0x800E, .name = "CopyKey"},
+    {.code = 0x800F, .name = "SlidingList"},
 };
 static_assert(std::ranges::adjacent_find(Families, std::ranges::greater_equal{}, &TouchFamily::code)
               == std::end(Families));
@@ -52,7 +60,7 @@ void BuildTouchTables(std::uint16_t page) {
     StreamWalker walker(TouchStream.bytes(), Framing::Touch);
     while (const auto record = walker.next()) {
         const TouchFamily* family = findFamily(record->typeWord);
-        if (family && family->build) family->build(record->bytes);
+        if (family && family->build) family->build(Parameters(record->bytes, WithoutBlock));
     }
 }
 

@@ -1,0 +1,17 @@
+// The frames by which the panel tells its host what happened. Engine thread, and main thread for timers that
+// end.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace panel {
+
+/// A word and the value that it has now.
+void SendNotification(std::uint16_t address, std::uint16_t value);
+/// The code of an action, sent in place of a value.
+void SendActionCode(std::uint16_t code);
+/// A variable of 2, 4 or 8 bytes as it stands in the store.
+void SendVariable(std::uint16_t address, std::size_t byteCount = 2);
+
+} // namespace panel

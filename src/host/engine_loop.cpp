@@ -15,7 +15,11 @@
 #include "store/variable_store.h"
 #include "widgets/display/image_animation.h"
 #include "widgets/display/uitimer.h"
+#include "widgets/touch/copy_key.h"
 #include "widgets/touch/page_key.h"
+#include "widgets/touch/popup_key.h"
+#include "widgets/touch/state_key.h"
+#include "widgets/touch/step_key.h"
 
 #include <QColor>
 
@@ -134,11 +138,11 @@ constexpr CycleStep CycleSteps[] = {
     {"SlidePageTick", nullptr},
     {"SlideListDrag, SlideListCoast", nullptr},
     {"TouchPageKeys", step<TouchPageKeys>},
-    {"TouchStepKeys", nullptr},
+    {"TouchStepKeys", step<TouchStepKeys>},
     {"TouchMultiKeys", nullptr},
-    {"TouchPopupKeys", nullptr},
-    {"TouchStateKeys", nullptr},
-    {"TouchCopyKeys", nullptr},
+    {"TouchPopupKeys", step<TouchPopupKeys>},
+    {"TouchStateKeys", step<TouchStateKeys>},
+    {"TouchCopyKeys", step<TouchCopyKeys>},
     {"TouchSlider", nullptr},
     {"TouchRollerPickers", nullptr},
     {"TouchRtouch", nullptr},
@@ -166,9 +170,15 @@ struct TickCounter {
     void (*count)(); // null: as in CycleSteps
 };
 constexpr TickCounter TickCounters[] = {
-    {"autoStep", nullptr},     {"needleMeter", nullptr},     {"imageAnimation", CountAnimationTicks},
-    {"step repeat", nullptr},  {"text cursor", nullptr},     {"textroll", nullptr},
-    {"curve", nullptr},        {"idle time", countIdleTime}, {"MultiKey", nullptr},
+    {"autoStep", nullptr},
+    {"needleMeter", nullptr},
+    {"imageAnimation", CountAnimationTicks},
+    {"step repeat", CountRepeatTicks},
+    {"text cursor", nullptr},
+    {"textroll", nullptr},
+    {"curve", nullptr},
+    {"idle time", countIdleTime},
+    {"MultiKey", nullptr},
     {"refresh", countRefresh},
 };
 

@@ -7,7 +7,9 @@
 #include "widgets/display/group.h"
 #include "widgets/display/image_animation.h"
 #include "widgets/display/uitimer.h"
+#include "widgets/touch/copy_key.h"
 #include "widgets/touch/page_key.h"
+#include "widgets/touch/state_key.h"
 
 #include <span>
 
@@ -93,6 +95,12 @@ void repaintKeyGroups(std::uint16_t page) {
     for (const auto& row : Keys.rows()) RepaintKeyGroup(page, row);
 }
 
+/// Of a family: what its rows show is no longer a change.
+template <void (*Sync)()>
+void syncRows(std::uint16_t /*page*/) {
+    Sync();
+}
+
 struct RefreshStep {
     const char* name;
     void (*run)(std::uint16_t page); // null: nothing on this panel takes part yet
@@ -105,11 +113,12 @@ constexpr RefreshStep RowSteps[] = {
     {"PageKey", repaintKeyGroups<PageKeys>},
     {"MultiKey", nullptr},
     {"imageAnimation", RepaintAnimationGroups},
-    {"StateKey", nullptr},
-    {"CopyKey", nullptr},
+    {"StateKey", repaintKeyGroups<StateKeys>},
+    {"CopyKey", repaintKeyGroups<CopyKeys>},
     {"imageAnimation", RepaintAnimationGroups},
     {"groups", PrepareGroupStream},
     {"RollerPicker", nullptr},
+    {"values of StateKey", syncRows<SyncStateKeys>},
     {"values of slider, rtouch and RollerPicker", nullptr},
 };
 
@@ -119,13 +128,14 @@ constexpr RefreshStep RowStepsAfterTouch[] = {
     {"RollerPicker", nullptr},
     {"PageKey", repaintKeyGroups<PageKeys>},
     {"MultiKey", nullptr},
-    {"StateKey", nullptr},
-    {"CopyKey", nullptr},
+    {"StateKey", repaintKeyGroups<StateKeys>},
+    {"CopyKey", repaintKeyGroups<CopyKeys>},
     {"imageAnimation", RepaintAnimationGroups},
     {"groups", PrepareGroupStream},
 };
 
 constexpr RefreshStep SyncStepsAfterTouch[] = {
+    {"values of StateKey", syncRows<SyncStateKeys>},
     {"values of slider, rtouch and RollerPicker", nullptr},
 };
 

@@ -50,13 +50,14 @@ struct KeyFamily {
     std::uint8_t& active;    // 1 while a key of the family owns the press
     std::uint8_t& activeRow; // and which one
 
-    /// How a press shows.
-    void (*showPressed)(const Row&);
+    /// The key takes the press: its press look.
+    void (*press)(const Row&);
     /// While the key still owns the press: its frame, its normal look.
     void (*letGo)(const Row&);
     /// What the key is for, once the press is free again. May be null.
-    void (*act)(const Row&);
-    void (*virtualKey)(const Row&);
+    void (*act)(const Row&) = nullptr;
+    /// All that a virtual key does. Null: the family serves virtual keys by itself.
+    void (*virtualKey)(const Row&) = nullptr;
     /// Whether a row takes a press at all. Null: all do.
     bool (*takesPress)(const Row&) = nullptr;
 };
@@ -66,7 +67,7 @@ void TakePress(const KeyFamily<Row, N>& family) {
     for (std::size_t i = 0; i < family.rows.size() && !TouchBusy && !family.active; ++i) {
         const Row row = *family.rows.at(i);
         if (!HitTest(row.head) || (family.takesPress && !family.takesPress(row))) continue;
-        family.showPressed(row);
+        family.press(row);
         family.active = 1;
         family.activeRow = static_cast<std::uint8_t>(i);
         OwnPress();

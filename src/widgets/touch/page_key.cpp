@@ -41,7 +41,7 @@ void virtualKey(const PageKeyRow& row) {
 constexpr KeyFamily Family{.rows = PageKeys,
                            .active = PageKeyActive,
                            .activeRow = PageKeyActiveRow,
-                           .showPressed = showPressed,
+                           .press = showPressed,
                            .letGo = letGo,
                            .act = changePage,
                            .virtualKey = virtualKey};

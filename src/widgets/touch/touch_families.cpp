@@ -3,7 +3,11 @@
 #include "pages/page_table.h"
 #include "pages/parameters.h"
 #include "pages/stream_walker.h"
+#include "widgets/touch/copy_key.h"
 #include "widgets/touch/page_key.h"
+#include "widgets/touch/popup_key.h"
+#include "widgets/touch/state_key.h"
+#include "widgets/touch/step_key.h"
 #include "widgets/touch/touch_row.h"
 
 #include <algorithm>
@@ -22,18 +26,18 @@ constexpr TouchFamily Families[] = {
     {.code = 0x8000, .name = "SwipeGesture"},
     {.code = 0x8001, .name = "PageKey", .reset = ResetPageKeys, .build = AddPageKey},
     {.code = 0x8002, .name = "NumberEntry"},
-    {.code = 0x8003, .name = "StepKey"},
+    {.code = 0x8003, .name = "StepKey", .reset = ResetStepKeys, .build = AddStepKey},
     {.code = 0x8004, .name = "slider"},
     {.code = 0x8005, .name = "KeyboardKey"},
     {.code = 0x8006, .name = "RollerPicker"},
     {.code = 0x8007, .name = "rtouch"},
-    {.code = 0x8008, .name = "PopupKey"},
+    {.code = 0x8008, .name = "PopupKey", .reset = ResetPopupKeys, .build = AddPopupKey},
     {.code = 0x8009, .name = "TextEntry"},
     {.code = 0x800A, .name = "PinyinEntry"},
     {.code = 0x800B, .name = "MultiKey"},
     {.code = 0x800C, .name = "SlidePage"},
-    {.code = 0x800D, .name = "StateKey"},
-    {.code = 0x800E, .name = "CopyKey"},
+    {.code = 0x800D, .name = "StateKey", .reset = ResetStateKeys, .build = AddStateKey},
+    {.code = 0x800E, .name = "CopyKey", .reset = ResetCopyKeys, .build = AddCopyKey},
     {.code = 0x800F, .name = "SlidingList"},
 };
 static_assert(std::ranges::adjacent_find(Families, std::ranges::greater_equal{}, &TouchFamily::code)

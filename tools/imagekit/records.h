@@ -22,6 +22,9 @@ struct DisplayRecord {
     bool LengthFlag = false; // bit 7 of the length byte
 };
 
+/// The flag bits of a widget that lies on the page's sliding list, or not.
+constexpr std::uint16_t ListFlag(bool inList) { return inList ? 0x0100 : 0; }
+
 /// A record of a touch stream. A touch widget's own struct becomes one by `TouchRecord Encode(const
 /// Widget&)`.
 struct TouchRecord {

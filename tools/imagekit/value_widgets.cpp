@@ -5,10 +5,7 @@
 namespace imagekit {
 namespace {
 
-constexpr std::uint16_t InListFlag = 0x0100;
 constexpr std::size_t LongestUnit = 0x7F - 0x13; // what the block has room for beside its other fields
-
-std::uint16_t listFlag(bool inList) { return inList ? InListFlag : std::uint16_t{0}; }
 
 template <class Enum>
 std::uint32_t code(Enum value) {
@@ -25,7 +22,7 @@ DisplayRecord Encode(const Label& label) {
     block.u16(label.TextLength).u8(label.CharSpacing).u8(label.LineSpacing).u8(label.Anchor).u8(flags);
     block.u8(label.String != 0 ? 1 : 0).u16(label.String);
     return {.Kind = 0x01,
-            .Flags = listFlag(label.InList),
+            .Flags = ListFlag(label.InList),
             .ParameterAddress = label.ParameterAddress,
             .Block = block.take()};
 }
@@ -39,7 +36,7 @@ DisplayRecord Encode(const Number& number) {
     block.u8(alignment).u8(number.IntegerDigits).u8(number.DecimalDigits).u8(code(number.Type));
     block.u8(static_cast<std::uint32_t>(number.Unit.size())).text(number.Unit).u16(number.HideAddress);
     return {.Kind = 0x02,
-            .Flags = listFlag(number.InList),
+            .Flags = ListFlag(number.InList),
             .ParameterAddress = number.ParameterAddress,
             .Block = block.take()};
 }
@@ -52,7 +49,7 @@ DisplayRecord Encode(const ImageAnimation& animation) {
     block.u16(animation.OnceValue).u16(animation.HideValue).u16(animation.DoneAddress);
     block.u16(animation.DoneValue).u16(animation.Group);
     return {.Kind = 0x05,
-            .Flags = listFlag(animation.InList),
+            .Flags = ListFlag(animation.InList),
             .ParameterAddress = animation.ParameterAddress,
             .Block = block.take(),
             .LengthFlag = animation.Shown};

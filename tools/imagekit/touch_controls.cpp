@@ -1,0 +1,31 @@
+#include "imagekit/touch_controls.h"
+
+namespace imagekit {
+
+TouchRecord Encode(const Slider& slider) {
+    ByteWriter body;
+    body.u16(slider.FillX).u16(slider.FillY).u16(slider.FillImage).u16(slider.Address);
+    body.u16(slider.Where.X0).u16(slider.Where.Y0).u16(slider.Where.X1).u16(slider.Where.Y1);
+    body.u16(slider.ThumbImage).u8(static_cast<std::uint32_t>(slider.Direction));
+    body.u16(static_cast<std::uint16_t>(slider.Highest)).u16(static_cast<std::uint16_t>(slider.Lowest));
+    body.u16(slider.BackX).u16(slider.BackY).u16(slider.BackImage).u8(slider.Touchable ? 1 : 0);
+    body.u16(slider.OverlayGroup);
+    return {.Family = 0x8004, .Notify = slider.Notify, .InList = slider.InList, .Body = body.take()};
+}
+
+TouchRecord Encode(const RollerPicker& picker) {
+    ByteWriter body;
+    body.u16(picker.Address);
+    body.u16(picker.Window.X0).u16(picker.Window.Y0).u16(picker.Window.X1).u16(picker.Window.Y1);
+    body.u16(picker.MarginA).u16(picker.MarginB);
+    body.u8((picker.Horizontal ? 0x01u : 0u) | (picker.StopsAtEnds ? 0x80u : 0u));
+    body.u16(picker.SelectedStrip).u16(picker.NormalStrip);
+    body.u16(picker.Lowest).u16(picker.Highest).u16(picker.Step);
+    return {.Family = 0x8006, .Notify = picker.Notify, .Body = body.take()};
+}
+
+WidgetDescription Describe(const Slider& slider) {
+    return {.Name = "slider", .Address = slider.Address, .Table = WidgetTable::Touch};
+}
+
+} // namespace imagekit

@@ -1,0 +1,47 @@
+// Controls: touch widgets that set a variable while a finger moves. Images are indices of the picture table.
+#pragma once
+
+#include "imagekit/touch_keys.h"
+
+#include <cstdint>
+
+namespace imagekit {
+
+/// The way in which a slider's value rises.
+enum class SlideDirection : std::uint8_t { Right = 0, Left = 1, Down = 2, Up = 3 };
+
+/// A fill picture that is shown as far as the value reaches, with or without a thumb and a background.
+struct Slider {
+    bool Notify = false;
+    std::uint8_t InList = 0;
+    std::uint16_t FillX = 0, FillY = 0; // px
+    std::uint16_t FillImage = None;
+    std::uint16_t Address = 0;
+    Area Where{}; // that a finger can reach, the track
+    std::uint16_t ThumbImage = None;
+    SlideDirection Direction = SlideDirection::Right;
+    std::int16_t Highest = 100, Lowest = 0;
+    std::uint16_t BackX = 0, BackY = 0; // px
+    std::uint16_t BackImage = None;
+    bool Touchable = true;
+    std::uint16_t OverlayGroup = None;
+};
+
+/// A drum: a strip with one cell a value behind a window. The strips have the same size.
+struct RollerPicker {
+    bool Notify = false;
+    std::uint16_t Address = 0;
+    Area Window{};
+    std::uint16_t MarginA = 0, MarginB = 0; // px of the window before and behind the selected cell
+    bool Horizontal = false;
+    bool StopsAtEnds = false;
+    std::uint16_t SelectedStrip = None, NormalStrip = None;
+    std::uint16_t Lowest = 0, Highest = 0, Step = 1;
+};
+
+TouchRecord Encode(const Slider& slider);
+TouchRecord Encode(const RollerPicker& picker);
+
+WidgetDescription Describe(const Slider& slider);
+
+} // namespace imagekit

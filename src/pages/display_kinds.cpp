@@ -1,9 +1,11 @@
 #include "pages/display_kinds.h"
 
+#include "widgets/display/bit_icon.h"
 #include "widgets/display/image_animation.h"
 #include "widgets/display/label.h"
 #include "widgets/display/number.h"
 #include "widgets/display/uitimer.h"
+#include "widgets/display/value_icon.h"
 
 #include <algorithm>
 
@@ -32,6 +34,8 @@ constexpr DisplayKind Kinds[] = {
     {.code = 0x03,
      .name = "valueIcon",
      .dependsOn = ValueWord,
+     .display = DisplayValueIcon,
+     .displayInGroup = DisplayValueIconInGroup,
      .inGroups = true,
      .onTop = true,
      .refresh = Refresh::ByValue,
@@ -73,10 +77,14 @@ constexpr DisplayKind Kinds[] = {
     {.code = 0x0F,
      .name = "bitIcon",
      .dependsOn = ValueWord,
+     .display = DisplayBitIcon,
+     .displayInGroup = DisplayBitIconInGroup,
      .inGroups = true,
      .refresh = Refresh::ByValue,
      .afterTouch = true,
-     .groupAt = 0x11},
+     .groupAt = 0x11,
+     .valueChanged = BitChanged,
+     .changedInGroup = BitChangedInGroup},
     {.code = 0x10,
      .name = "uitimer",
      .dependsOn = ValueWord,

@@ -7,7 +7,7 @@
 namespace panel {
 
 void DrawGroupInRect(std::uint16_t page, std::uint16_t group, QRect host) {
-    if (!GroupStreamPlace(page).valid()) return;
+    if (group == NoGroup || !GroupStreamPlace(page).valid()) return;
     StreamWalker walker(GroupStream.bytes(), Framing::Group);
     while (const auto record = walker.next()) {
         if (record->groupId != group) continue;

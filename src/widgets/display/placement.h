@@ -1,4 +1,4 @@
-// Where a display widget stands on the panel, and what lies behind it.
+// Where a display widget stands on the panel, and what lies behind it. Engine thread.
 #pragma once
 
 #include "graphics/image_blit.h"
@@ -7,12 +7,23 @@
 #include <QPoint>
 #include <QRect>
 
+#include <cstdint>
+
 namespace panel {
 
-/// What is added to every position of a record: the open pop-up's top left corner. Engine thread.
+/// What is added to every position of a record: the open pop-up's top left corner.
 inline QPoint PopupShift() { return PopupActive == 1 ? QPoint(PopupOriginX, PopupOriginY) : QPoint(); }
 
-/// Puts the page's background back on the FrameSurface. Engine thread.
+/// Puts the page's background back on the FrameSurface.
 inline void RestoreBackground(QRect rect) { RestoreFrameRect(rect.topLeft(), PageImage, rect, DisplayWidth); }
+
+// A widget composes on the WorkSurface from (0, 0) on. Its rectangle is in panel coordinates, or with
+// `inList` not 0 in those of the sliding list's picture.
+
+/// Puts what lies behind the widget on the WorkSurface.
+void BackdropToWork(QRect rect, std::uint8_t inList);
+/// Lands what the widget has composed: on the FrameSurface, or on the list, which shows it in its next
+/// refresh.
+void LandWork(QRect rect, std::uint8_t inList);
 
 } // namespace panel

@@ -1,35 +1,18 @@
 #include "widgets/touch/key_image.h"
 
-#include "graphics/primitives.h"
 #include "graphics/surfaces.h"
 #include "pages/page_switch.h"
 #include "pages/refresh.h"
 #include "widgets/display/image_animation.h"
+#include "widgets/display/placement.h"
 #include "widgets/touch/encoder.h"
 
 namespace panel {
 namespace {
 
-QRect placedAt(QPoint at, const ImageRow& image) { return {at, QSize(image.Width, image.Height)}; }
-
 /// An icon over an animation stands on the animation, and is no part of the page's background.
 bool standsOnAnimation(const ImageRow& image, QPoint at) {
     return image.Format == format::aRGB4444 && IsUnderAnimation(at.x(), at.y());
-}
-
-void prepareWork(const QRect& rect, std::uint8_t inList) {
-    if (inList)
-        CopySurfaceRect(ListSurfaceB, rect, WorkSurface, {0, 0});
-    else
-        RestoreWorkRect({0, 0}, rect);
-}
-
-void landWork(const QRect& rect, std::uint8_t inList) {
-    const QRect source({0, 0}, rect.size());
-    if (inList)
-        CopySurfaceRect(WorkSurface, source, ListSurfaceA, rect.topLeft());
-    else
-        CopyToFrame(WorkSurface, source, rect.topLeft());
 }
 
 } // namespace
@@ -44,14 +27,20 @@ void DrawKeyImage(std::uint16_t image, QPoint at, Backdrop behind, std::uint8_t 
     if (BaseInUse) DrawImage(BaseSurface, at, row, behind);
 }
 
+bool BlitKeyImage(std::uint16_t image, QPoint at) {
+    const ImageRow row = TableImageRow(image);
+    if (!DrawsSomething(row)) return false;
+    BlitImage(WorkSurface, at, row, {0, 0, row.Width, row.Height}, row.Width);
+    return true;
+}
+
 void DrawKeyImageWithGroup(std::uint16_t image, QPoint at, std::uint16_t group, std::uint8_t inList) {
     const ImageRow row = TableImageRow(image);
-    if (!DrawsSomething(row)) return;
-    const QRect rect = placedAt(at, row);
-    if (row.showsWhatIsBehind()) prepareWork(rect, inList);
-    BlitImage(WorkSurface, {0, 0}, row, {{0, 0}, rect.size()}, row.Width);
+    const QRect rect(at, QSize(row.Width, row.Height));
+    if (row.showsWhatIsBehind()) BackdropToWork(rect, inList);
+    if (!BlitKeyImage(image, {0, 0})) return;
     DrawGroupInRect(CurrentPage, group, rect);
-    landWork(rect, inList);
+    LandWork(rect, inList);
 }
 
 void DrawKey(const TouchHead& head, std::uint16_t image, std::uint16_t group) {

@@ -20,6 +20,10 @@ void DrawKeyImage(std::uint16_t image, QPoint at, Backdrop behind, std::uint8_t 
 /// Draws a picture over the page, and the records of a group over it.
 void DrawKeyImageWithGroup(std::uint16_t image, QPoint at, std::uint16_t group, std::uint8_t inList);
 
+/// Draws a whole picture at `at` on the WorkSurface, over what is there. Returns false when there was nothing
+/// to draw.
+bool BlitKeyImage(std::uint16_t image, QPoint at);
+
 /// The looks of a key, as indices of the image table or NoImage, and the group over them or NoGroup.
 struct KeyLooks {
     std::uint16_t NormalImage = NoImage;

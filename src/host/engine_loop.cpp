@@ -16,6 +16,7 @@
 #include "widgets/display/image_animation.h"
 #include "widgets/display/uitimer.h"
 #include "widgets/touch/copy_key.h"
+#include "widgets/touch/multi_key.h"
 #include "widgets/touch/page_key.h"
 #include "widgets/touch/popup_key.h"
 #include "widgets/touch/state_key.h"
@@ -139,7 +140,7 @@ constexpr CycleStep CycleSteps[] = {
     {"SlideListDrag, SlideListCoast", nullptr},
     {"TouchPageKeys", step<TouchPageKeys>},
     {"TouchStepKeys", step<TouchStepKeys>},
-    {"TouchMultiKeys", nullptr},
+    {"TouchMultiKeys", step<TouchMultiKeys>},
     {"TouchPopupKeys", step<TouchPopupKeys>},
     {"TouchStateKeys", step<TouchStateKeys>},
     {"TouchCopyKeys", step<TouchCopyKeys>},
@@ -178,7 +179,7 @@ constexpr TickCounter TickCounters[] = {
     {"textroll", nullptr},
     {"curve", nullptr},
     {"idle time", countIdleTime},
-    {"MultiKey", nullptr},
+    {"MultiKey", CountMultiKeyTicks},
     {"refresh", countRefresh},
 };
 

@@ -8,6 +8,7 @@
 #include "widgets/display/image_animation.h"
 #include "widgets/display/uitimer.h"
 #include "widgets/touch/copy_key.h"
+#include "widgets/touch/multi_key.h"
 #include "widgets/touch/page_key.h"
 #include "widgets/touch/state_key.h"
 
@@ -111,7 +112,7 @@ constexpr RefreshStep RowSteps[] = {
     {"slider", nullptr},
     {"rtouch", nullptr},
     {"PageKey", repaintKeyGroups<PageKeys>},
-    {"MultiKey", nullptr},
+    {"MultiKey", repaintKeyGroups<MultiKeys>},
     {"imageAnimation", RepaintAnimationGroups},
     {"StateKey", repaintKeyGroups<StateKeys>},
     {"CopyKey", repaintKeyGroups<CopyKeys>},
@@ -127,7 +128,7 @@ constexpr RefreshStep RowStepsAfterTouch[] = {
     {"rtouch", nullptr},
     {"RollerPicker", nullptr},
     {"PageKey", repaintKeyGroups<PageKeys>},
-    {"MultiKey", nullptr},
+    {"MultiKey", repaintKeyGroups<MultiKeys>},
     {"StateKey", repaintKeyGroups<StateKeys>},
     {"CopyKey", repaintKeyGroups<CopyKeys>},
     {"imageAnimation", RepaintAnimationGroups},

@@ -4,6 +4,7 @@
 #include "pages/parameters.h"
 #include "pages/stream_walker.h"
 #include "widgets/touch/copy_key.h"
+#include "widgets/touch/multi_key.h"
 #include "widgets/touch/page_key.h"
 #include "widgets/touch/popup_key.h"
 #include "widgets/touch/state_key.h"
@@ -34,7 +35,7 @@ constexpr TouchFamily Families[] = {
     {.code = 0x8008, .name = "PopupKey", .reset = ResetPopupKeys, .build = AddPopupKey},
     {.code = 0x8009, .name = "TextEntry"},
     {.code = 0x800A, .name = "PinyinEntry"},
-    {.code = 0x800B, .name = "MultiKey"},
+    {.code = 0x800B, .name = "MultiKey", .reset = ResetMultiKeys, .build = AddMultiKey},
     {.code = 0x800C, .name = "SlidePage"},
     {.code = 0x800D, .name = "StateKey", .reset = ResetStateKeys, .build = AddStateKey},
     {.code = 0x800E, .name = "CopyKey", .reset = ResetCopyKeys, .build = AddCopyKey},

@@ -9,10 +9,10 @@
 namespace panel {
 
 struct CopyKeyRow {
-    TouchHead head;
+    TouchHead head{};
     std::uint16_t NotifyCode = 0;
     std::uint16_t TargetPage = NoPage;
-    KeyLooks Looks;
+    KeyLooks Looks{};
     std::uint16_t Destination = 0; // word addresses
     std::uint16_t Source = 0;
     std::uint8_t WordCount = 0;

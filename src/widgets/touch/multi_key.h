@@ -19,9 +19,9 @@ struct KeyAction {
 };
 
 struct MultiKeyRecord {
-    TouchHead head;
-    KeyLooks Looks;
-    KeyAction Click, DoubleClick, LongPress;
+    TouchHead head{};
+    KeyLooks Looks{};
+    KeyAction Click{}, DoubleClick{}, LongPress{};
     std::uint8_t DoubleClickWindow = 0; // units of 5 ticks
     std::uint8_t LongPressTicks = 0;
 };

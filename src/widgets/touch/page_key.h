@@ -9,9 +9,9 @@
 namespace panel {
 
 struct PageKeyRow {
-    TouchHead head;
+    TouchHead head{};
     std::uint16_t NotifyCode = 0;
-    KeyLooks Looks;
+    KeyLooks Looks{};
     std::uint16_t TargetPage = NoPage; // none: the key only notifies
 };
 inline RowTable<PageKeyRow, 128> PageKeys;

@@ -9,9 +9,9 @@
 namespace panel {
 
 struct PopupKeyRow {
-    TouchHead head;
+    TouchHead head{};
     std::uint16_t NotifyCode = 0;
-    KeyLooks Looks; // never with a group
+    KeyLooks Looks{}; // never with a group
     std::uint16_t Page = NoPage;
     std::uint16_t PopupX = 0, PopupY = 0; // of the pop-up's top left corner, px on the panel
     std::uint8_t Flags = 0;

@@ -10,7 +10,7 @@
 namespace panel {
 
 struct StateKeyRow {
-    TouchHead head;
+    TouchHead head{};
     std::uint16_t Address = 0xFFFF; // of the variable; none: the key shows nothing and takes no press
     std::uint16_t Lowest = 0, Highest = 0;
     std::uint16_t FirstImage = NoImage; // normal look of the lowest value; its press look follows

@@ -10,14 +10,14 @@
 namespace panel {
 
 struct StepKeyRow {
-    TouchHead head;
+    TouchHead head{};
     std::uint16_t Address = 0;
     std::uint8_t DataType = 0; // a code of store/typed_value.h, or 0x40 to 0x4F: bit 0 to 15 of the word
     bool Up = false;
     bool Wraps = false; // at a limit, to the opposite one
     std::uint16_t Step = 0;
     std::int32_t Highest = 0, Lowest = 0;
-    KeyLooks Looks; // never with a group
+    KeyLooks Looks{}; // never with a group
     bool Repeats = false;
 };
 inline RowTable<StepKeyRow, 255> StepKeys; // the count is one byte on the panel

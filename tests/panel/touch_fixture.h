@@ -1,0 +1,54 @@
+// A panel with touch widgets, and a finger on it.
+#pragma once
+
+#include "imagekit/touch_keys.h"
+#include "panel_test.h"
+
+#include <vector>
+
+namespace panel {
+
+using Payload = std::vector<std::uint8_t>;
+using Payloads = std::vector<Payload>;
+
+class TouchTest : public PanelTest {
+protected:
+    TouchTest() : image(Small) {}
+
+    std::uint16_t addPicture(QColor colour, int width = 10, int height = 10) {
+        QImage picture(width, height, QImage::Format_ARGB32);
+        picture.fill(colour);
+        return image.addPicture(imagekit::Pixels{picture});
+    }
+    imagekit::Page& addPage(QColor colour = Qt::gray) { return image.addPage(PlainPage(Small, colour)); }
+
+    void start() {
+        ASSERT_EQ(boot(image), StartResult::Running);
+        cycles(1);
+        TakeSentFrames();
+    }
+    void press(int x, int y) {
+        PressPointer({x, y});
+        cycles(1);
+    }
+    void drag(int x, int y) {
+        MovePointer({x, y});
+        cycles(1);
+    }
+    void letGo() {
+        ReleasePointer();
+        cycles(1);
+    }
+    void tap(int x, int y) {
+        press(x, y);
+        letGo();
+    }
+    void virtualKey(std::uint16_t code) {
+        apply(word::VirtualKey, code);
+        cycles(1);
+    }
+
+    imagekit::ImageBuilder image;
+};
+
+} // namespace panel

@@ -19,6 +19,7 @@
 #include "widgets/touch/multi_key.h"
 #include "widgets/touch/page_key.h"
 #include "widgets/touch/popup_key.h"
+#include "widgets/touch/slider.h"
 #include "widgets/touch/state_key.h"
 #include "widgets/touch/step_key.h"
 
@@ -144,7 +145,7 @@ constexpr CycleStep CycleSteps[] = {
     {"TouchPopupKeys", step<TouchPopupKeys>},
     {"TouchStateKeys", step<TouchStateKeys>},
     {"TouchCopyKeys", step<TouchCopyKeys>},
-    {"TouchSlider", nullptr},
+    {"TouchSlider", step<TouchSlider>},
     {"TouchRollerPickers", nullptr},
     {"TouchRtouch", nullptr},
     {"TouchNumberEntry", nullptr},

@@ -10,6 +10,7 @@
 #include "widgets/touch/copy_key.h"
 #include "widgets/touch/multi_key.h"
 #include "widgets/touch/page_key.h"
+#include "widgets/touch/slider.h"
 #include "widgets/touch/state_key.h"
 
 #include <span>
@@ -109,7 +110,7 @@ struct RefreshStep {
 
 constexpr RefreshStep RowSteps[] = {
     {"uitimer", RefreshUiTimers},
-    {"slider", nullptr},
+    {"slider", RefreshSliders},
     {"rtouch", nullptr},
     {"PageKey", repaintKeyGroups<PageKeys>},
     {"MultiKey", repaintKeyGroups<MultiKeys>},
@@ -120,11 +121,13 @@ constexpr RefreshStep RowSteps[] = {
     {"groups", PrepareGroupStream},
     {"RollerPicker", nullptr},
     {"values of StateKey", syncRows<SyncStateKeys>},
-    {"values of slider, rtouch and RollerPicker", nullptr},
+    {"values of slider", syncRows<SyncSliders>},
+    {"values of rtouch", nullptr},
+    {"values of RollerPicker", nullptr},
 };
 
 constexpr RefreshStep RowStepsAfterTouch[] = {
-    {"slider", nullptr},
+    {"slider", RefreshSlidersAfterTouch},
     {"rtouch", nullptr},
     {"RollerPicker", nullptr},
     {"PageKey", repaintKeyGroups<PageKeys>},
@@ -137,7 +140,9 @@ constexpr RefreshStep RowStepsAfterTouch[] = {
 
 constexpr RefreshStep SyncStepsAfterTouch[] = {
     {"values of StateKey", syncRows<SyncStateKeys>},
-    {"values of slider, rtouch and RollerPicker", nullptr},
+    {"values of slider", syncRows<SyncSliders>},
+    {"values of rtouch", nullptr},
+    {"values of RollerPicker", nullptr},
 };
 
 void runSteps(std::span<const RefreshStep> steps, std::uint16_t page) {

@@ -148,7 +148,7 @@ TEST_F(TouchTest, RowsOnAListAreHitWhereTheListShowsThem) {
     std::mt19937 random(1);
     const auto below = [&](int bound) { return static_cast<int>(random() % static_cast<unsigned>(bound)); };
     int hits = 0;
-    for (int run = 0; run < 4000; ++run) {
+    for (int run = 0; run < 20000; ++run) {
         ListMode = std::array<std::uint8_t, 4>{0, 1, 0x80, 0x81}[run % 4u];
         const bool vertical = (ListMode & 1) == 0, endless = (ListMode & 0x80) != 0;
         const int length = vertical ? 40 : 50, view = vertical ? 16 : 20;

@@ -27,12 +27,14 @@ QPoint onList(QPoint at) {
 
 } // namespace
 
+QPoint PointerPlace(std::uint8_t inList) {
+    const QPoint at(TouchX, TouchY);
+    return inList == 0 ? at : onList(at - ListWindow.topLeft());
+}
+
 bool HitTest(std::uint16_t x0, std::uint16_t x1, std::uint16_t y0, std::uint16_t y1, std::uint8_t inList) {
-    QPoint at(TouchX, TouchY);
-    if (inList != 0) {
-        if (!SlideListActive || !ListWindow.contains(at)) return false;
-        at = onList(at - ListWindow.topLeft());
-    }
+    if (inList != 0 && (!SlideListActive || !ListWindow.contains(TouchX, TouchY))) return false;
+    const QPoint at = PointerPlace(inList);
     return x0 <= at.x() && at.x() <= x1 && y0 <= at.y() && at.y() <= y1;
 }
 

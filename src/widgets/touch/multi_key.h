@@ -29,8 +29,8 @@ inline RowTable<MultiKeyRecord, 128> MultiKeys;
 
 // One press and one first click are followed for the whole family.
 
-inline std::uint8_t MultiKeyActive = 0;  // 1 while a press is followed
-inline std::uint8_t MultiKeyRow = 0; // the row of that press
+inline std::uint8_t MultiKeyActive = 0; // 1 while a press is followed
+inline std::uint8_t MultiKeyRow = 0;    // the row of that press
 
 enum class DoubleClickState : std::uint8_t { Idle, FirstClick, SecondClick };
 enum class LongPressState : std::uint8_t { Idle, Timing, Fired, FiredPageGone };

@@ -7,6 +7,7 @@
 #include "widgets/touch/multi_key.h"
 #include "widgets/touch/page_key.h"
 #include "widgets/touch/popup_key.h"
+#include "widgets/touch/slider.h"
 #include "widgets/touch/state_key.h"
 #include "widgets/touch/step_key.h"
 #include "widgets/touch/touch_row.h"
@@ -28,7 +29,7 @@ constexpr TouchFamily Families[] = {
     {.code = 0x8001, .name = "PageKey", .reset = ResetPageKeys, .build = AddPageKey},
     {.code = 0x8002, .name = "NumberEntry"},
     {.code = 0x8003, .name = "StepKey", .reset = ResetStepKeys, .build = AddStepKey},
-    {.code = 0x8004, .name = "slider"},
+    {.code = 0x8004, .name = "slider", .reset = ResetSliders, .build = AddSlider},
     {.code = 0x8005, .name = "KeyboardKey"},
     {.code = 0x8006, .name = "RollerPicker"},
     {.code = 0x8007, .name = "rtouch"},

@@ -43,9 +43,9 @@ QRect changedArea(const QImage& before, const QImage& after, int tolerance = 0) 
 
 TEST_F(DemoProject, HasEveryPageAsItWasPainted) {
     constexpr int Rounding = 4; // a 5-bit step
-    ASSERT_EQ(pages.size(), StandbyPage + 1u);
+    ASSERT_EQ(pages.size(), DatePopup + 1u);
     for (std::uint16_t id = 0; id < pages.size(); ++id) {
-        if (id == AwayPopup || id == BoostPopup) continue;
+        if (id == AwayPopup || id == BoostPopup || id == DatePopup) continue;
         panel::ShowPage(id);
         EXPECT_TRUE(changedArea(pages[id].image, panel::PageBackground, Rounding).isEmpty())
             << pages[id].name;
@@ -53,7 +53,7 @@ TEST_F(DemoProject, HasEveryPageAsItWasPainted) {
 }
 
 TEST_F(DemoProject, OpensPopupsOverThePageWithTheirShadow) {
-    for (const PageId id : {AwayPopup, BoostPopup}) {
+    for (const PageId id : {AwayPopup, BoostPopup, DatePopup}) {
         panel::ShowPage(HomePage);
         panel::PopupActive = 1; // as the key leaves it that opens the pop-up
         panel::PopupOriginX = static_cast<std::uint16_t>(layout::popup::Origin.x());

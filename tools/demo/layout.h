@@ -154,6 +154,7 @@ inline constexpr QRect Window{Shadow, Shadow, 396, 260};
 inline constexpr QRect LessKey{Shadow + 92, Shadow + 124, 48, 48};
 inline constexpr QRect Value{Shadow + 148, Shadow + 126, 100, 44};
 inline constexpr QRect MoreKey{Shadow + 256, Shadow + 124, 48, 48};
+constexpr QRect Drum(int index) { return QRect(Shadow + 38 + index * 112, Shadow + 52, 96, 120); }
 inline constexpr QRect CancelKey{Shadow + 20, Shadow + 192, 172, 48};
 inline constexpr QRect ConfirmKey{Shadow + 204, Shadow + 192, 172, 48};
 } // namespace popup

@@ -1,5 +1,6 @@
 #include "demo/project.h"
 
+#include "demo/controls.h"
 #include "demo/dither.h"
 #include "demo/layout.h"
 #include "demo/live_values.h"
@@ -93,6 +94,9 @@ void setChoices(imagekit::ImageBuilder& image) {
     image.setWord(words::Hygiene, 1);
     image.setWord(words::AwayDays, 7);
     image.setWord(words::BoostMinutes, 45);
+    image.setWord(words::KeyTones, 1);
+    image.setWords(words::Numbers, {0, 1, 2});
+    image.setWords(words::DayPrograms, {0, 0, 0, 0, 0, 1, 1});
 }
 
 void setRunning(imagekit::ImageBuilder& image) {
@@ -102,11 +106,6 @@ void setRunning(imagekit::ImageBuilder& image) {
     image.setWord(words::BoostControl, 1);
 }
 
-void addCaptions(imagekit::ImageBuilder& image, Texts& texts, const std::vector<PaintedPage>& pages) {
-    for (std::uint16_t id = 0; id < pages.size(); ++id)
-        for (const Caption& caption : pages[id].captions) image.page(id).add(texts.caption(caption));
-}
-
 void addTexts(imagekit::ImageBuilder& image, const std::vector<PaintedPage>& pages) {
     Texts texts(image);
     NeedLiveTexts(texts);
@@ -114,7 +113,7 @@ void addTexts(imagekit::ImageBuilder& image, const std::vector<PaintedPage>& pag
         for (const Caption& caption : page.captions)
             texts.need(caption.style, caption.words + Chinese(caption.words));
     texts.addFonts();
-    addCaptions(image, texts, pages);
+    AddControls(image, texts, pages);
     AddLiveValues(image, texts);
 }
 
@@ -131,7 +130,8 @@ std::vector<PaintedPage> PaintPages() {
             pageOf("service", PaintService(), format::RGB565),
             pageOf("away", PaintAwayPopup(), format::PngAlpha),
             pageOf("boost", PaintBoostPopup(), format::aRGB8888),
-            pageOf("standby", paintStandby(), format::SolidColour)};
+            pageOf("standby", paintStandby(), format::SolidColour),
+            pageOf("date", PaintDatePopup(), format::PngAlpha)};
 }
 
 imagekit::ImageBuilder BuildProject(const std::vector<PaintedPage>& pages) {

@@ -24,6 +24,7 @@ enum PageId : std::uint16_t {
     AwayPopup,
     BoostPopup,
     StandbyPage,
+    DatePopup,
 };
 
 struct PaintedPage {

@@ -48,6 +48,9 @@ enum Word : std::uint16_t {
     ChildLock,
     AwayDays,
     BoostMinutes,
+    KeyTones,             // 0 or 1
+    Numbers = 0x0240,     // 0, 1 and 2, for keys that copy one of them
+    DayPrograms = 0x0250, // seven words from Monday: 0 comfort, 1 eco, 2 night
 
     // Of the panel itself.
     FanControl = 0x0300, // 0 stands still, 1 turns

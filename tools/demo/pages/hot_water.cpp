@@ -79,12 +79,7 @@ void paintTarget(Canvas& canvas) {
     canvas.iconKey(LessKey, Icon::Minus);
     canvas.iconKey(MoreKey, Icon::Plus);
     canvas.well(TargetValue, "°C");
-    QLinearGradient range(TargetSlider.topLeft(), TargetSlider.topRight());
-    range.setColorAt(0, colour::Cool);
-    range.setColorAt(0.55, colour::Warm);
-    range.setColorAt(1, colour::Hot);
     canvas.sliderTrack(TargetSlider, 7);
-    canvas.rounded(TargetSlider, TargetSlider.height() / 2.0, range);
     const QRectF labels(TargetSlider.x(), TargetSlider.bottom() + 11, TargetSlider.width(), 16);
     canvas.text(labels, "35", style::Scale, Qt::AlignLeft | Qt::AlignVCenter);
     canvas.text(labels, "50", style::Scale, Qt::AlignCenter);

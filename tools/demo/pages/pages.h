@@ -16,5 +16,6 @@ Art PaintService();
 // Pop-ups: smaller than the screen, transparent around the window and its shadow.
 Art PaintAwayPopup();
 Art PaintBoostPopup();
+Art PaintDatePopup();
 
 } // namespace demo

@@ -51,6 +51,18 @@ Art paintPopup(const Popup& popup) {
 
 } // namespace
 
+Art PaintDatePopup() {
+    Canvas canvas(Picture, Qt::transparent);
+    paintShadow(canvas);
+    paintWindow(canvas);
+    canvas.text(QRectF(Window.x(), Window.y() + 14, Window.width(), 26), "Date",
+                TextStyle{20, QFont::DemiBold, colour::Text}, Qt::AlignCenter);
+    for (int i = 0; i < 3; ++i) canvas.well(Drum(i).adjusted(-6, -6, 6, 6));
+    canvas.labelKey(CancelKey, "Cancel", colour::Raised, colour::Text);
+    canvas.labelKey(ConfirmKey, "Set date", colour::Warm, colour::Rail);
+    return canvas.take();
+}
+
 Art PaintAwayPopup() {
     return paintPopup({Icon::Suitcase, colour::Cool, "Away mode",
                        "Keeps the house frost-free and heats up\nagain before you are back.", "days",

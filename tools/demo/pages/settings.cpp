@@ -24,9 +24,9 @@ const Setting Settings[2][4] = {
      {Icon::Moon, colour::Violet, Control::Switch, "Auto-dimming", "Dims when nobody is near"},
      {Icon::Bell, colour::Warm, Control::Switch, "Key tones", "A click at every touch"}},
     {{Icon::Globe, colour::Eco, Control::Value, "Language", "Of this display", "English"},
-     {Icon::Clock, colour::Warm, Control::Value, "Date and time", "Set by the network", "Automatic"},
+     {Icon::Clock, colour::Warm, Control::Value, "Date and time", "Of this display", "Change"},
      {Icon::Wifi, colour::Cool, Control::Value, "Network", "Wireless", "Connected"},
-     {Icon::Shield, colour::Hot, Control::Switch, "Child lock", "Hold for three seconds"}},
+     {Icon::Shield, colour::Hot, Control::Switch, "Child lock", "Hold to lock, tap twice to free"}},
 };
 
 void paintControl(Canvas& canvas, const QRect& tile, const Setting& setting) {

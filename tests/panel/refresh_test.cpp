@@ -1,6 +1,6 @@
 #include "pages/refresh.h"
 
-#include "imagekit/value_widgets.h"
+#include "imagekit/icon_widgets.h"
 #include "pages/display_kinds.h"
 #include "pages/page_switch.h"
 #include "pages/page_table.h"
@@ -202,6 +202,10 @@ INSTANTIATE_TEST_SUITE_P(
                   true},
         GroupCase{"Block", Encode(labelAt(Text, 0, 0, Block)), 2 * Block + 3, true},
         GroupCase{"BlockText", Encode(labelAt(Text, 0, 4, Block)), 2 * Text, true},
+        GroupCase{"ValueIcon", Encode(imagekit::ValueIcon{.ValueAddress = Text}), 2 * Text, true},
+        GroupCase{"ItsBit", Encode(imagekit::BitIcon{.ValueAddress = Text, .Bit = 8}), 2 * Text, true},
+        GroupCase{"OtherBit", Encode(imagekit::BitIcon{.ValueAddress = Text, .Bit = 9}), 2 * Text, false},
+        GroupCase{"BitOfABlock", Encode(imagekit::BitIcon{Block, false, Text, 0, 0, 8}), 2 * Text, false},
         GroupCase{"Flagged", Encode(Label{.InList = true, .TextAddress = Text, .TextLength = 4}), 2 * Text,
                   false},
         GroupCase{"KindOutsideGroups", Encode(imagekit::UiTimer{.PresetAddress = Text}), 2 * Text, false}),

@@ -6,10 +6,9 @@
 namespace panel {
 
 void BackdropToWork(QRect rect, std::uint8_t inList) {
-    if (inList)
-        CopySurfaceRect(ListSurfaceB, rect, WorkSurface, {0, 0});
-    else
-        RestoreWorkRect({0, 0}, rect);
+    CopySurfaceRect(inList ? ListSurfaceB : PageBackground, rect, WorkSurface, {0, 0});
+    // A page's picture that cannot be drawn a second time leaves the copy.
+    if (!inList) RestoreWorkRect({0, 0}, rect);
 }
 
 void LandWork(QRect rect, std::uint8_t inList) {

@@ -37,7 +37,7 @@ bool BlitKeyImage(std::uint16_t image, QPoint at) {
 void DrawKeyImageWithGroup(std::uint16_t image, QPoint at, std::uint16_t group, std::uint8_t inList) {
     const ImageRow row = TableImageRow(image);
     const QRect rect(at, QSize(row.Width, row.Height));
-    if (row.showsWhatIsBehind()) BackdropToWork(rect, inList);
+    BackdropToWork(rect, inList); // also for opaque pictures: one may have fewer rows than its rectangle
     if (!BlitKeyImage(image, {0, 0})) return;
     DrawGroupInRect(CurrentPage, group, rect);
     LandWork(rect, inList);

@@ -1,0 +1,197 @@
+#include "imagekit/icon_widgets.h"
+#include "pages/page_switch.h"
+#include "pages/refresh.h"
+#include "panel_test.h"
+#include "widgets/touch/encoder.h"
+
+#include <QPainter>
+
+#include <random>
+
+namespace panel {
+namespace {
+
+using imagekit::BitIcon;
+using imagekit::None;
+using imagekit::ValueIcon;
+
+constexpr std::uint16_t Value = 0x0100, Bits = 0x0101, Block = 0x0200, Group = 3;
+constexpr std::uint16_t Red = 0, Green = 1, Blue = 2; // of the image table
+constexpr QRgb Colours[] = {0xFFFF0000, 0xFF00FF00, 0xFF0000FF}, Mark = 0xFFFF00FF, Gray = 0xFF808080;
+constexpr QSize Size(10, 8);
+
+QImage filled(QRgb colour) {
+    QImage image(Size, QImage::Format_ARGB32);
+    image.fill(colour);
+    return image;
+}
+
+/// A page on which no two pixels are the same.
+imagekit::Pixels pattern(int width, int height) {
+    QImage image(width, height, QImage::Format_ARGB32);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x) image.setPixel(x, y, qRgb(x * 2, y * 2, width));
+    return {.Image = image};
+}
+
+QImage with(QImage picture, QRect rect, QRgb colour) {
+    QPainter(&picture).fillRect(rect, QColor(colour));
+    return picture;
+}
+
+class Icons : public PanelTest {
+protected:
+    Icons() {
+        for (const QRgb colour : Colours) image.addPicture(imagekit::Pixels{filled(colour)});
+        image.addPage(pattern(64, 48));
+    }
+    /// Boots, and keeps what lies behind the icons.
+    void start() {
+        boot(image);
+        page = PageBackground;
+    }
+    /// What a full refresh shows once a word is written.
+    QImage shown(std::uint16_t address, std::uint16_t value) {
+        StoreWord(address, value);
+        run(240);
+        return outputs.frame;
+    }
+
+    imagekit::ImageBuilder image{Small};
+    QImage page;
+};
+
+/// The block or None, whether on a pop-up, the group.
+using RangeCase = std::tuple<std::uint16_t, bool, std::uint16_t>;
+class IconRange : public Icons, public ::testing::WithParamInterface<RangeCase> {};
+
+TEST_P(IconRange, ShowsThePictureOfAValueAndErasesOutside) {
+    const auto [block, popup, group] = GetParam();
+    const ValueIcon icon{block, false, Value, 8, 6, Red, 5, 7, 0, group};
+    auto& host = popup ? image.addPage(pattern(30, 20)) : image.page(0);
+    host.add(icon);
+    host.addToGroup(Group, BitIcon{.ValueAddress = Bits, .X = 10, .Y = 7, .ClearImage = Blue});
+    host.addToGroup(Group, ValueIcon{.ValueAddress = Bits, .X = 12, .Y = 8, .FirstImage = Green});
+    image.setBytes(Block, Encode(icon).Block);
+    start();
+    QRect place(QPoint(8, 6), Size);
+    if (popup) {
+        place.translate(PopupOriginX = 20, PopupOriginY = 10);
+        PopupActive = 1;
+        OpenPopup(1, 20, 10);
+        page = PageBackground;
+    }
+    const auto members = [group = group, place](const QImage& under) {
+        if (group == None) return under;
+        const QImage first = with(under, place & place.translated(2, 1), Colours[Blue]);
+        return ReadWord(Bits) > 1 ? first : with(first, place & place.translated(4, 2), Colours[Green]);
+    };
+    for (const std::uint16_t value : {5, 4, 7, 0, 6, 8, 5, 6, 0xFFFF}) {
+        const bool inside = value >= 5 && value <= 7;
+        EXPECT_EQ(shown(Value, value), members(inside ? with(page, place, Colours[value - 5]) : page));
+    }
+    const QImage oneMember = shown(Bits, 2);
+    EXPECT_EQ(oneMember, members(page));
+    if (block == None) return;
+    StoreByte(2 * Block + 10, 6); // the minimum
+    EXPECT_EQ(shown(Value, 6), members(with(page, place, Colours[Red])));
+}
+
+INSTANTIATE_TEST_SUITE_P(Forms, IconRange,
+                         ::testing::Combine(::testing::Values(None, Block), ::testing::Bool(),
+                                            ::testing::Values(None, Group)));
+
+TEST_F(Icons, OfABitLookAtTheirOwnBit) {
+    constexpr std::uint8_t bits[] = {0, 1, 8, 15, 16, 31};
+    const auto left = [&](const std::uint8_t& bit) { return static_cast<std::uint16_t>(10 * (&bit - bits)); };
+    for (const std::uint8_t& bit : bits)
+        image.page(0).add(BitIcon{None, false, Bits, left(bit), 0, bit, Red, Green});
+    start();
+    std::mt19937 random(1);
+    std::uint32_t last = 0;
+    for (int round = 0; round < 50; ++round) {
+        FrameSurface.fill(Mark);
+        const std::uint32_t word = random() & random() & 0xFFFF;
+        shown(Bits, static_cast<std::uint16_t>(word));
+        for (const std::uint8_t& bit : bits) {
+            const QRgb drawn = Colours[word >> bit & 1 ? Green : Red];
+            EXPECT_EQ(pixel(left(bit) + 5, 4), (word ^ last) >> bit & 1 ? drawn : Mark) << word;
+        }
+        last = word;
+    }
+}
+
+TEST_F(Icons, ComeOnTopWhenAPageIsShownAndAfterATouch) {
+    image.page(0).add(ValueIcon{.ValueAddress = Value, .Minimum = 0, .Maximum = 1});
+    image.page(0).add(BitIcon{.ValueAddress = Bits, .ClearImage = Blue, .SetImage = Blue});
+    start();
+    const auto change = [](void (*refresh)(std::uint16_t), std::uint16_t value) {
+        StoreWord(Value, value);
+        StoreWord(Bits, value);
+        refresh(0);
+        return FrameSurface.pixel(5, 4);
+    };
+    EXPECT_EQ(FrameSurface.pixel(5, 4), Colours[Red]);
+    EXPECT_EQ(change(RefreshPageWidgets, 1), Colours[Blue]) << "by the order of the stream";
+    EXPECT_EQ(change(RefreshAfterTouch, 0), Colours[Red]);
+    BaseVariable = Value; // that of a background widget: no other pass shows the icon
+    BaseInUse = 1;
+    EXPECT_EQ(change(RefreshPageWidgets, 1), Colours[Blue]);
+    BaseSurface.fill(Mark);
+    EXPECT_EQ(change(RefreshAfterTouch, 3), Mark);
+    EXPECT_EQ(change(ShowPage, 1), Colours[Green]);
+}
+
+TEST_F(Icons, OfABackgroundWidgetsPageAndOfAListShowThereToo) {
+    image.page(0).add(ValueIcon{None, false, Value, 0, 0, Red, 1, 1});
+    image.page(0).add(ValueIcon{None, true, Value, 20, 0, Red, 1, 1});
+    image.page(0).add(ValueIcon{None, true, Value, 20, 60, Red, 1, 1, 0, Group});
+    start();
+    BaseInUse = 1;
+    BaseSurface = page;
+    ListSurfaceA = ListSurfaceB = QImage(64, 90, FrameSurface.format());
+    ListSurfaceA.fill(Mark);
+    ListSurfaceB.fill(Mark);
+    const QImage list = ListSurfaceA, one = with(page, {{}, Size}, Colours[Red]);
+    EXPECT_EQ(shown(Value, 1), one);
+    EXPECT_EQ(BaseSurface, one);
+    EXPECT_EQ(ListSurfaceA, with(with(list, {{20, 0}, Size}, Colours[Red]), {{20, 60}, Size}, Colours[Red]));
+    EXPECT_EQ(shown(Value, 2), page);
+    EXPECT_EQ(BaseSurface, page);
+    EXPECT_EQ(ListSurfaceA, list);
+}
+
+/// Pictures of every format as every kind of icon, while the WorkSurface holds another widget's pixels.
+TEST_F(Icons, LandNothingButTheirPicture) {
+    // 0x103: no compressed picture where the row promises one.
+    for (const int kind : {0, 1, 2, 3, 4, 5, 6, 7, 8, 10, 9, 11, 12, 16, 0xFF, 0x103}) {
+        const bool drawn = kind <= 10 && kind != 9;
+        const auto code = static_cast<std::uint8_t>(kind);
+        const imagekit::StoredPicture nothing{10, 8, code == 0xFF ? 0u : 0x48u, code,
+                                              imagekit::Bytes(0x48, 0x5A)};
+        QImage red = filled(Colours[Red]);
+        red.setPixel(0, 0, 0);
+        for (const imagekit::Picture& background : {imagekit::Picture(pattern(64, 48)), {}}) {
+            imagekit::ImageBuilder formats({.Width = 64, .Height = 48});
+            formats.addPicture(drawn ? imagekit::Picture(imagekit::Pixels{red, code}) : nothing);
+            auto& host = formats.addPage(background);
+            for (const std::uint16_t group : {None, Group}) {
+                const auto y = static_cast<std::uint16_t>(group == None ? 0 : 20);
+                host.add(ValueIcon{None, false, Value, 0, y, 0, 1, 1, 0, group});
+                host.add(BitIcon{None, false, Value, 20, y, 0, None, 0, 0, group});
+            }
+            StoreWord(Value, 0);
+            boot(formats);
+            FrameSurface.fill(Gray);
+            WorkSurface.fill(Mark);
+            shown(Value, 1);
+            for (const QPoint at : {QPoint(0, 0), QPoint(20, 0), QPoint(0, 20), QPoint(20, 20)}) {
+                EXPECT_EQ(pixel(at.x() + 5, at.y() + 4), drawn ? Colours[Red] : Gray) << kind;
+                EXPECT_NE(pixel(at.x(), at.y()), Mark) << kind;
+            }
+        }
+    }
+}
+
+} // namespace
+} // namespace panel

@@ -6,7 +6,7 @@
 #include "graphics/primitives.h"
 #include "graphics/surfaces.h"
 #include "host/config_block.h"
-#include "host/flash_image.h"
+#include "host/memory_image.h"
 
 #include <benchmark/benchmark.h>
 
@@ -17,7 +17,6 @@
 #include <chrono>
 #include <cstring>
 #include <functional>
-#include <memory>
 #include <random>
 #include <string>
 #include <vector>
@@ -86,9 +85,7 @@ Bytes keyedWords() {
 }
 
 void load(const Bytes& bytes) {
-    auto data = std::make_unique<std::uint8_t[]>(bytes.size());
-    std::ranges::copy(bytes, data.get());
-    FlashImage.replace(std::move(data), static_cast<std::int32_t>(bytes.size()));
+    TakeImage(bytes);
     DropDecodedPictures();
 }
 

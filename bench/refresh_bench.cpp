@@ -1,7 +1,8 @@
 // A refresh of a page on which nothing changed: what the panel does five times a second, whatever it shows.
 #include "graphics/surfaces.h"
 #include "host/engine_loop.h"
-#include "host/flash_image.h"
+#include "host/memory_image.h"
+#include "host/silent_outputs.h"
 #include "imagekit/image_builder.h"
 #include "imagekit/value_widgets.h"
 #include "pages/refresh.h"
@@ -11,7 +12,6 @@
 #include <benchmark/benchmark.h>
 #include <chrono>
 #include <cstring>
-#include <memory>
 #include <vector>
 
 namespace {
@@ -19,17 +19,6 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using imagekit::Label;
 using imagekit::Number;
-
-struct NoOutputs : panel::PanelOutputs {
-    void showFrame(const QImage&) override {}
-    void playSound() override {}
-    void playVideo() override {}
-    void playCamera() override {}
-    void setPlayerVolume(int) override {}
-    void stopMusic() override {}
-    void closeVideo() override {}
-    void closeCamera() override {}
-};
 
 /// 30 numbers and 30 labels with 16 characters each, half of each kind in the pointer form.
 imagekit::ImageBuilder fullPage() {
@@ -61,12 +50,6 @@ imagekit::ImageBuilder fullPage() {
     return image;
 }
 
-void load(const QByteArray& image) {
-    auto data = std::make_unique<std::uint8_t[]>(static_cast<std::size_t>(image.size()));
-    std::memcpy(data.get(), image.constData(), static_cast<std::size_t>(image.size()));
-    panel::FlashImage.replace(std::move(data), image.size());
-}
-
 template <class Work>
 double seconds(Work work) {
     const auto start = Clock::now();
@@ -83,8 +66,8 @@ double median(std::vector<double>& runs) {
 
 /// Reports the median as a multiple of a memcpy of the 800 x 480 surface, taken in turns with it.
 void refreshUnchangedPage(benchmark::State& state) {
-    load(fullPage().build());
-    NoOutputs outputs;
+    panel::TakeImage(fullPage().build());
+    panel::SilentOutputs outputs;
     panel::StartPanel(outputs);
     const auto surfaceBytes = static_cast<std::size_t>(panel::FrameSurface.sizeInBytes());
     const std::vector<char> from(surfaceBytes, 1);

@@ -4,14 +4,12 @@
 #include "graphics/surfaces.h"
 #include "graphics/text.h"
 #include "host/config_block.h"
-#include "host/flash_image.h"
+#include "host/memory_image.h"
 #include "imagekit/font.h"
 
 #include <QPainter>
 
 #include <benchmark/benchmark.h>
-#include <cstring>
-#include <memory>
 #include <vector>
 
 namespace panel {
@@ -43,9 +41,7 @@ public:
                 for (int x = 0; x < GlyphWidth; ++x) glyph.Values.push_back(strokePixel(depth, code, x, y));
             return glyph;
         });
-        auto data = std::make_unique<std::uint8_t[]>(font.Data.size());
-        std::memcpy(data.get(), font.Data.data(), font.Data.size());
-        FlashImage.replace(std::move(data), static_cast<std::int32_t>(font.Data.size()));
+        TakeImage(font.Data);
         ColourMode = 1;
         ICType = 4;
         DisplayWidth = Width;

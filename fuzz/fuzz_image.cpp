@@ -1,7 +1,8 @@
 // Loads any bytes as an image, starts the panel and runs it under input that the same bytes choose.
 #include "host/config_block.h"
 #include "host/engine_loop.h"
-#include "host/flash_image.h"
+#include "host/memory_image.h"
+#include "host/silent_outputs.h"
 #include "store/pending_writes.h"
 #include "store/system_words.h"
 #include "store/variable_store.h"
@@ -11,8 +12,6 @@
 #include <QImage>
 #include <QtGlobal>
 
-#include <algorithm>
-#include <memory>
 #include <span>
 
 namespace {
@@ -21,17 +20,6 @@ using namespace panel;
 
 constexpr std::size_t ScriptBytes = 64; // at the end of the input: what happens in each cycle
 constexpr int Cycles = 256;
-
-struct NoOutputs : PanelOutputs {
-    void showFrame(const QImage&) override {}
-    void playSound() override {}
-    void playVideo() override {}
-    void playCamera() override {}
-    void setPlayerVolume(int) override {}
-    void stopMusic() override {}
-    void closeVideo() override {}
-    void closeCamera() override {}
-};
 
 /// A panel small enough for many runs a second; nothing else of the head is touched.
 void shrinkPanel(std::span<std::uint8_t> image) {
@@ -44,11 +32,9 @@ void shrinkPanel(std::span<std::uint8_t> image) {
     image[ConfigBlockAddress + 7] &= 1; // colour modes that start
 }
 
-void load(const std::uint8_t* data, std::size_t size) {
-    auto bytes = std::make_unique<std::uint8_t[]>(size);
-    std::copy_n(data, size, bytes.get());
-    shrinkPanel({bytes.get(), size});
-    FlashImage.replace(std::move(bytes), static_cast<std::int32_t>(size));
+void load(std::span<const std::uint8_t> bytes) {
+    TakeImage(bytes);
+    shrinkPanel({FlashImage.data.get(), bytes.size()});
     CheckImageIntegrity();
     IllegalImage = 0; // a wrong check would end every run at the error frame
 }
@@ -84,8 +70,8 @@ void act(std::uint8_t what, std::uint8_t how) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size < ScriptBytes) return 0;
     const std::span script(data + size - ScriptBytes, ScriptBytes);
-    load(data, size - ScriptBytes);
-    NoOutputs outputs;
+    load({data, size - ScriptBytes});
+    SilentOutputs outputs;
     if (StartPanel(outputs) != StartResult::Running) return 0;
     int tickCount = 0;
     for (std::size_t cycle = 0; cycle < Cycles; ++cycle) {

@@ -3,7 +3,7 @@
 
 #include "graphics/surfaces.h"
 #include "host/engine_loop.h"
-#include "host/flash_image.h"
+#include "host/memory_image.h"
 #include "host/panel_outputs.h"
 #include "host/serial_recorder.h"
 #include "imagekit/image_builder.h"
@@ -17,8 +17,6 @@
 #include <QImage>
 
 #include <algorithm>
-#include <cstring>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -45,9 +43,7 @@ struct RecordedOutputs : PanelOutputs {
 
 /// Puts the bytes in place of the image, as a load does. No engine may run.
 inline void LoadFlash(const QByteArray& bytes) {
-    auto data = std::make_unique<std::uint8_t[]>(static_cast<std::size_t>(bytes.size()));
-    std::memcpy(data.get(), bytes.constData(), static_cast<std::size_t>(bytes.size()));
-    FlashImage.replace(std::move(data), bytes.size());
+    TakeImage(bytes);
     IllegalImage = 0;
     CheckImageIntegrity();
 }

@@ -2,16 +2,14 @@
 #pragma once
 
 #include "graphics/image_blit.h"
-#include "host/flash_image.h"
+#include "host/memory_image.h"
 
 #include <QBuffer>
 #include <QByteArray>
 #include <QImage>
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
-#include <memory>
 #include <vector>
 
 namespace panel {
@@ -30,9 +28,7 @@ struct Bytes : std::vector<std::uint8_t> {
 
 /// Makes the bytes the loaded image.
 inline void LoadBytes(const Bytes& bytes) {
-    auto data = std::make_unique<std::uint8_t[]>(bytes.size());
-    std::ranges::copy(bytes, data.get());
-    FlashImage.replace(std::move(data), static_cast<std::int32_t>(bytes.size()));
+    TakeImage(bytes);
     DropDecodedPictures();
 }
 

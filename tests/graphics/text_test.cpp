@@ -5,6 +5,7 @@
 #include "graphics/primitives.h"
 #include "host/config_block.h"
 
+#include <cstring>
 #include <random>
 
 namespace panel {

@@ -7,15 +7,13 @@
 #include "graphics/surfaces.h"
 #include "host/config_block.h"
 #include "host/memory_image.h"
+#include "yardstick.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QBuffer>
 #include <QPainter>
 
-#include <algorithm>
-#include <chrono>
-#include <cstring>
 #include <functional>
 #include <random>
 #include <string>
@@ -25,45 +23,13 @@ namespace {
 
 using namespace panel;
 using Bytes = std::vector<std::uint8_t>;
-using Job = std::function<void()>;
+using yardstick::Job;
+using yardstick::measure;
 
 constexpr QSize Screen(800, 480);
 constexpr QSize SmallScreen(80, 48); // of the plain definition
 constexpr double PlainScale = 100;   // times as many pixels on the screen
 constexpr QRect WholeScreen({0, 0}, Screen);
-
-double secondsOf(const Job& job) {
-    const auto start = std::chrono::steady_clock::now();
-    job();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-double median(std::vector<double> values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::ranges::nth_element(values, middle);
-    return *middle;
-}
-
-/// Runs the job and a memcpy of the screen in turn and reports the ratio of their medians. `prepare` is not
-/// timed.
-void measure(
-    benchmark::State& state, const Job& job, double scale = 1, const Job& prepare = [] {}) {
-    const std::size_t bytes = std::size_t{4} * Screen.width() * Screen.height();
-    Bytes from(bytes, 1), to(bytes, 2);
-    std::vector<double> jobTimes, copyTimes;
-    for (auto _ : state) {
-        copyTimes.push_back(secondsOf([&] {
-            std::memcpy(to.data(), from.data(), bytes);
-            benchmark::DoNotOptimize(to.data());
-            benchmark::ClobberMemory();
-        }));
-        prepare();
-        const double seconds = secondsOf(job);
-        jobTimes.push_back(seconds);
-        state.SetIterationTime(seconds);
-    }
-    state.counters["memcpys"] = scale * median(jobTimes) / median(copyTimes);
-}
 
 std::uint32_t randomWord() {
     static std::mt19937 generator(1);

@@ -1,5 +1,4 @@
 // A refresh of a page on which nothing changed: what the panel does five times a second, whatever it shows.
-#include "graphics/surfaces.h"
 #include "host/engine_loop.h"
 #include "host/memory_image.h"
 #include "host/silent_outputs.h"
@@ -7,16 +6,12 @@
 #include "imagekit/value_widgets.h"
 #include "pages/refresh.h"
 #include "store/variable_store.h"
+#include "yardstick.h"
 
-#include <algorithm>
 #include <benchmark/benchmark.h>
-#include <chrono>
-#include <cstring>
-#include <vector>
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
 using imagekit::Label;
 using imagekit::Number;
 
@@ -50,36 +45,11 @@ imagekit::ImageBuilder fullPage() {
     return image;
 }
 
-template <class Work>
-double seconds(Work work) {
-    const auto start = Clock::now();
-    work();
-    benchmark::ClobberMemory();
-    return std::chrono::duration<double>(Clock::now() - start).count();
-}
-
-double median(std::vector<double>& runs) {
-    const auto middle = runs.begin() + static_cast<std::ptrdiff_t>(runs.size() / 2);
-    std::ranges::nth_element(runs, middle);
-    return *middle;
-}
-
-/// Reports the median as a multiple of a memcpy of the 800 x 480 surface, taken in turns with it.
 void refreshUnchangedPage(benchmark::State& state) {
     panel::TakeImage(fullPage().build());
     panel::SilentOutputs outputs;
     panel::StartPanel(outputs);
-    const auto surfaceBytes = static_cast<std::size_t>(panel::FrameSurface.sizeInBytes());
-    const std::vector<char> from(surfaceBytes, 1);
-    std::vector<char> to(surfaceBytes);
-    std::vector<double> copies;
-    std::vector<double> refreshes;
-    for (auto _ : state) {
-        copies.push_back(seconds([&] { std::memcpy(to.data(), from.data(), surfaceBytes); }));
-        refreshes.push_back(seconds([] { panel::RefreshPageWidgets(0); }));
-        state.SetIterationTime(refreshes.back());
-    }
-    state.counters["memcpys"] = median(refreshes) / median(copies);
+    yardstick::measure(state, [] { panel::RefreshPageWidgets(0); });
 }
 BENCHMARK(refreshUnchangedPage)
     ->Name("refresh of 60 unchanged widgets")

@@ -77,7 +77,7 @@ TEST_F(DemoProject, ShowsEachChangeInItsPlace) {
         QRect place;
     } changes[] = {{HomePage, words::RoomTemperature, 305, layout::home::RoomValue},
                    {HomePage, words::FanControl, 1, layout::home::Fan},
-                   {HeatingPage, words::CurveShift, 0xFFF4, layout::heating::ShiftValue},
+                   {HeatingPage, words::CurveShift, 0xFFF4, layout::heating::ShiftCard}, // with its slider
                    {HotWaterPage, words::TankUpperTemperature, 1, layout::water::TankTopValue},
                    {HotWaterPage, words::BoostControl, 1, layout::water::BoostTime},
                    {ServicePage, words::ServicePin, 0, layout::service::ServicePin}};

@@ -65,19 +65,10 @@ void keepAsUnderlay(const AnimationRow& row) {
     CopySurfaceRect(FrameSurface, rectOf(row), TextSurface, rectOf(row).topLeft());
 }
 
-void copyListBackground(const AnimationRow& row) {
-    CopySurfaceRect(ListSurfaceB, rectOf(row), WorkSurface, {0, 0});
-}
-
-void landOnFrame(const AnimationRow& row) {
+void land(const AnimationRow& row) {
     DrawGroupInRect(CurrentPage, row.Group, rectOf(row));
-    CopyToFrame(WorkSurface, onWorkSurface(row), rectOf(row).topLeft());
-    keepAsUnderlay(row);
-}
-
-void landOnList(const AnimationRow& row) {
-    DrawGroupInRect(CurrentPage, row.Group, rectOf(row));
-    CopySurfaceRect(WorkSurface, onWorkSurface(row), ListSurfaceA, rectOf(row).topLeft());
+    LandWork(rectOf(row), row.InList);
+    if (!row.InList) keepAsUnderlay(row);
 }
 
 void blitToWork(const AnimationRow& row, const ImageRow& frame) {
@@ -95,17 +86,9 @@ void drawWithoutGroup(const AnimationRow& row, ImageRow frame) {
 }
 
 void drawWithGroup(const AnimationRow& row, const ImageRow& frame) {
-    if (frame.showsWhatIsBehind()) {
-        if (row.InList)
-            copyListBackground(row);
-        else
-            RestoreWorkRect({0, 0}, rectOf(row));
-    }
+    if (frame.showsWhatIsBehind()) BackdropToWork(rectOf(row), row.InList);
     blitToWork(row, frame);
-    if (row.InList)
-        landOnList(row);
-    else
-        landOnFrame(row);
+    land(row);
 }
 
 void drawFrame(AnimationRow& row, std::uint32_t index) {
@@ -131,7 +114,7 @@ void eraseFromList(const AnimationRow& row) {
         DrawImage(ListSurfaceA, rectOf(row).topLeft(), frame, Backdrop::ListB);
     } else {
         blitToWork(row, frame);
-        landOnList(row);
+        land(row);
     }
 }
 
@@ -142,8 +125,8 @@ void erase(const AnimationRow& row) {
         RestoreBackground(rectOf(row));
         keepAsUnderlay(row);
     } else {
-        RestoreWorkRect({0, 0}, rectOf(row));
-        landOnFrame(row);
+        BackdropToWork(rectOf(row), 0);
+        land(row);
     }
 }
 
@@ -151,10 +134,7 @@ void erase(const AnimationRow& row) {
 void drawGroupAlone(const AnimationRow& row) {
     if (row.Group == NoGroup) return;
     CopySurfaceRect(row.InList ? ListSurfaceA : FrameSurface, rectOf(row), WorkSurface, {0, 0});
-    if (row.InList)
-        landOnList(row);
-    else
-        landOnFrame(row);
+    land(row);
 }
 
 bool hides(const AnimationRow& row, std::uint16_t value) {
@@ -320,9 +300,9 @@ void RepaintAnimationGroup(std::uint16_t page, AnimationRow& row) {
     const std::uint16_t value = ReadWord(row.ControlAddress);
     if ((value != row.IdleValue && !hides(row, value)) || !GroupChanged(page, row.Group)) return;
     const ImageRow frame = frameImage(row, row.FrameOnShow);
-    if (!row.Shown || frame.showsWhatIsBehind()) RestoreWorkRect({0, 0}, rectOf(row));
+    if (!row.Shown || frame.showsWhatIsBehind()) BackdropToWork(rectOf(row), 0);
     if (row.Shown) blitToWork(row, frame);
-    landOnFrame(row);
+    land(row);
 }
 
 bool IsUnderAnimation(int x, int y) {

@@ -19,6 +19,7 @@
 #include "widgets/touch/multi_key.h"
 #include "widgets/touch/page_key.h"
 #include "widgets/touch/popup_key.h"
+#include "widgets/touch/roller_picker.h"
 #include "widgets/touch/slider.h"
 #include "widgets/touch/state_key.h"
 #include "widgets/touch/step_key.h"
@@ -146,7 +147,7 @@ constexpr CycleStep CycleSteps[] = {
     {"TouchStateKeys", step<TouchStateKeys>},
     {"TouchCopyKeys", step<TouchCopyKeys>},
     {"TouchSlider", step<TouchSlider>},
-    {"TouchRollerPickers", nullptr},
+    {"TouchRollerPickers", step<TouchRollerPickers>},
     {"TouchRtouch", nullptr},
     {"TouchNumberEntry", nullptr},
     {"TouchTextEntry", nullptr},

@@ -10,6 +10,7 @@
 #include "widgets/touch/copy_key.h"
 #include "widgets/touch/multi_key.h"
 #include "widgets/touch/page_key.h"
+#include "widgets/touch/roller_picker.h"
 #include "widgets/touch/slider.h"
 #include "widgets/touch/state_key.h"
 
@@ -119,17 +120,17 @@ constexpr RefreshStep RowSteps[] = {
     {"CopyKey", repaintKeyGroups<CopyKeys>},
     {"imageAnimation", RepaintAnimationGroups},
     {"groups", PrepareGroupStream},
-    {"RollerPicker", nullptr},
+    {"RollerPicker", RefreshRollers},
     {"values of StateKey", syncRows<SyncStateKeys>},
     {"values of slider", syncRows<SyncSliders>},
     {"values of rtouch", nullptr},
-    {"values of RollerPicker", nullptr},
+    {"values of RollerPicker", syncRows<SyncRollers>},
 };
 
 constexpr RefreshStep RowStepsAfterTouch[] = {
     {"slider", RefreshSlidersAfterTouch},
     {"rtouch", nullptr},
-    {"RollerPicker", nullptr},
+    {"RollerPicker", RedrawRollersAfterTouch},
     {"PageKey", repaintKeyGroups<PageKeys>},
     {"MultiKey", repaintKeyGroups<MultiKeys>},
     {"StateKey", repaintKeyGroups<StateKeys>},
@@ -142,7 +143,7 @@ constexpr RefreshStep SyncStepsAfterTouch[] = {
     {"values of StateKey", syncRows<SyncStateKeys>},
     {"values of slider", syncRows<SyncSliders>},
     {"values of rtouch", nullptr},
-    {"values of RollerPicker", nullptr},
+    {"values of RollerPicker", syncRows<SyncRollers>},
 };
 
 void runSteps(std::span<const RefreshStep> steps, std::uint16_t page) {

@@ -21,6 +21,10 @@ inline Shared<std::uint8_t> TouchStartLatched{0}; // 1 once that is stored
 /// 1 while a widget owns the press. Engine only.
 inline std::uint8_t TouchBusy = 0;
 
+/// The position up to which a widget that a finger turns has followed it, px. Engine only.
+inline std::uint16_t RingLastX = 0;
+inline std::uint16_t RingLastY = 0;
+
 // Main thread. Positions are panel pixels. A press at a negative place changes nothing, and one beyond the
 // right or lower edge ends the press; a move to any place outside ends it, as a release does.
 void PressPointer(QPoint at);

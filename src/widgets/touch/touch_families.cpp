@@ -7,6 +7,7 @@
 #include "widgets/touch/multi_key.h"
 #include "widgets/touch/page_key.h"
 #include "widgets/touch/popup_key.h"
+#include "widgets/touch/roller_picker.h"
 #include "widgets/touch/slider.h"
 #include "widgets/touch/state_key.h"
 #include "widgets/touch/step_key.h"
@@ -31,7 +32,7 @@ constexpr TouchFamily Families[] = {
     {.code = 0x8003, .name = "StepKey", .reset = ResetStepKeys, .build = AddStepKey},
     {.code = 0x8004, .name = "slider", .reset = ResetSliders, .build = AddSlider},
     {.code = 0x8005, .name = "KeyboardKey"},
-    {.code = 0x8006, .name = "RollerPicker"},
+    {.code = 0x8006, .name = "RollerPicker", .reset = ResetRollers, .build = AddRoller},
     {.code = 0x8007, .name = "rtouch"},
     {.code = 0x8008, .name = "PopupKey", .reset = ResetPopupKeys, .build = AddPopupKey},
     {.code = 0x8009, .name = "TextEntry"},

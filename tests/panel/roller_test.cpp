@@ -1,0 +1,318 @@
+#include "imagekit/touch_controls.h"
+#include "pages/page_switch.h"
+#include "pages/refresh.h"
+#include "touch_fixture.h"
+#include "widgets/touch/roller_picker.h"
+
+#include <QDate>
+
+#include <random>
+
+namespace panel {
+namespace {
+
+using imagekit::RollerPicker;
+
+constexpr std::uint16_t Value = 0x0100;
+constexpr QRgb Gray = 0xFFA0A0A4;
+constexpr int Across = 7, Cells = 4, Cell = 6, Window = 17;
+
+/// A colour for each place of a strip; none where a keyed strip lets the page through.
+QRgb stripPixel(bool selected, int along, int across) {
+    if ((along + across) % 4 == 0) return qRgba(0, 0, 0, 0);
+    return qRgb(1 + along, 10 * across, selected ? 200 : 100);
+}
+
+/// A roller of the values 3, 7, 11 and 15 whose window is a little shorter than its strip.
+RollerPicker pickerAt(bool horizontal) {
+    const imagekit::Area tall{.X0 = 20, .Y0 = 10, .X1 = 20 + Across, .Y1 = 10 + Window};
+    const imagekit::Area wide{.X0 = 20, .Y0 = 10, .X1 = 20 + Window, .Y1 = 10 + Across};
+    return {.Notify = true,
+            .Address = Value,
+            .Window = horizontal ? wide : tall,
+            .MarginA = 7,
+            .MarginB = 4,
+            .Horizontal = horizontal,
+            .SelectedStrip = static_cast<std::uint16_t>(horizontal ? 1 : 0),
+            .NormalStrip = static_cast<std::uint16_t>(horizontal ? 3 : 2),
+            .Lowest = 3,
+            .Highest = 15,
+            .Step = 4};
+}
+
+class RollerTest : public TouchTest {
+protected:
+    /// Pictures 0 and 1: the selected strips, tall and wide; 2 and 3: the normal ones.
+    void addStrips(std::uint8_t selectedFormat = format::RGB565, int length = Cells * Cell) {
+        for (const bool selected : {true, false}) {
+            for (const bool wide : {false, true}) {
+                QImage strip(wide ? length : Across, wide ? Across : length, QImage::Format_ARGB32);
+                for (int y = 0; y < strip.height(); ++y)
+                    for (int x = 0; x < strip.width(); ++x)
+                        strip.setPixel(x, y, stripPixel(selected, wide ? x : y, wide ? y : x));
+                const std::uint8_t kind = selected ? selectedFormat : format::RGB565;
+                if (kind == format::None)
+                    image.addPicture({});
+                else
+                    image.addPicture(imagekit::Pixels{strip, kind});
+            }
+        }
+    }
+
+    /// Holds the whole frame against the definition of the window, place by place.
+    void expectWindow(const RollerPicker& picker, int offset, std::uint8_t selectedFormat = format::RGB565) {
+        QImage expected(64, 48, QImage::Format_ARGB32_Premultiplied);
+        expected.fill(Gray);
+        const int length = Cells * Cell;
+        for (int d = 0; d < Window; ++d) {
+            for (int across = 0; across < Across; ++across) {
+                const bool selected = d >= picker.MarginA && d < Window - picker.MarginB;
+                const std::uint8_t kind = selected ? selectedFormat : format::RGB565;
+                const int along = ((offset + d - picker.MarginA) % length + length) % length;
+                const QRgb pixel = stripPixel(selected, along, across);
+                if (kind == format::None || (kind == format::RGB565Key && pixel == 0)) continue;
+                expected.setPixel(20 + (picker.Horizontal ? d : across),
+                                  10 + (picker.Horizontal ? across : d), pixel | 0xFF000000);
+            }
+        }
+        ASSERT_TRUE(FrameSurface == expected) << offset << (picker.Horizontal ? " wide" : " tall");
+    }
+
+    Roller& roller() { return *Rollers.at(0); }
+};
+
+TEST_F(RollerTest, TheWindowShowsTheStripAtEveryOffset) {
+    for (const std::uint8_t kind : {format::RGB565, format::RGB565Key, format::None}) {
+        image = imagekit::ImageBuilder(Small);
+        addStrips(kind);
+        for (const bool horizontal : {false, true}) addPage().add(pickerAt(horizontal));
+        start();
+        for (const bool horizontal : {false, true}) {
+            ShowPage(horizontal ? 1 : 0);
+            for (int offset = -30; offset <= 26; ++offset) {
+                roller().Offset = static_cast<std::int16_t>(offset);
+                WorkSurface.fill(Qt::magenta); // what another widget may have left there
+                DrawRoller(roller());
+                EXPECT_EQ(roller().Offset, std::min(offset, Cells * Cell));
+                expectWindow(pickerAt(horizontal), roller().Offset, kind);
+            }
+        }
+    }
+}
+
+/// The rules of a drag, one movement of up to a strip's length at a time.
+struct PlainRoller {
+    bool stops = false;
+    int offset = 0, last = 0;
+    std::uint16_t value = 0;
+    bool active = false;
+
+    void drag(int pointer) {
+        constexpr int length = Cells * Cell;
+        offset += last - pointer;
+        last = pointer;
+        if (stops) offset = std::clamp(offset, 0, length - Cell);
+        if (offset < 0) offset += length;
+        if (offset > length) offset -= length;
+    }
+    void letGo() {
+        active = false;
+        const int index = (offset + (Cell - 1) / 2) / Cell; // half a cell is still the lower one's
+        offset = index * Cell;
+        value = static_cast<std::uint16_t>(index < Cells ? 3 + 4 * index : 3);
+    }
+};
+
+TEST_F(RollerTest, TheStripFollowsTheFingerAndSnapsWhenLetGo) {
+    addStrips();
+    for (int kind = 0; kind < 4; ++kind) {
+        RollerPicker picker = pickerAt((kind & 1) != 0);
+        picker.StopsAtEnds = (kind & 2) != 0;
+        addPage().add(picker);
+    }
+    start();
+    std::mt19937 random(706);
+    for (std::uint16_t page = 0; page < 4; ++page) {
+        const RollerPicker picker = pickerAt((page & 1) != 0);
+        StoreWord(Value, 7);
+        ShowPage(page);
+        PlainRoller plain{.stops = (page & 2) != 0, .offset = Cell, .value = 7};
+        QPoint at(22, 12);
+        for (int i = 0; i < 600; ++i) {
+            if (random() % 4 == 0) {
+                letGo();
+                const bool acted = std::exchange(plain.active, false);
+                if (acted) plain.letGo();
+                const Payload frame{0x41, 1, 0, 0, static_cast<std::uint8_t>(plain.value)};
+                ASSERT_EQ(TakeSentFrames(), acted ? Payloads{frame} : Payloads()) << i;
+                ASSERT_EQ(TouchBusy, 0);
+            } else {
+                const auto next = [&](int from, int end) {
+                    return std::clamp(from + static_cast<int>(random() % 21) - 10, 0, end);
+                };
+                at = {next(at.x(), 63), next(at.y(), 47)}; // also far outside the window
+                drag(at.x(), at.y());
+                const int along = picker.Horizontal ? at.x() : at.y();
+                const auto [x0, y0, x1, y1] = picker.Window;
+                if (!plain.active && at.x() >= x0 && at.x() <= x1 && at.y() >= y0 && at.y() <= y1) {
+                    plain.active = true;
+                    plain.last = along;
+                }
+                if (plain.active) plain.drag(along);
+            }
+            ASSERT_EQ(ReadWord(Value), plain.value) << i;
+            ASSERT_EQ(roller().Offset, plain.offset) << i;
+            expectWindow(picker, plain.offset);
+        }
+        letGo();
+        TakeSentFrames();
+    }
+}
+
+TEST_F(RollerTest, ADayEndsWithItsMonth) {
+    addStrips(format::RGB565, 31 * Cell);
+    for (const bool stops : {false, true}) {
+        RollerPicker picker = pickerAt(false);
+        picker.Address = word::Day;
+        picker.StopsAtEnds = stops;
+        picker.Lowest = picker.Step = 1;
+        picker.Highest = 31;
+        addPage().add(picker);
+    }
+    start();
+    const auto dayAfterDrag = [&](int fromDay, int pixels) {
+        roller().Offset = static_cast<std::int16_t>((fromDay - 1) * Cell);
+        press(22, 26);
+        drag(22, 26 - pixels);
+        letGo();
+        return ReadWord(word::Day);
+    };
+    for (const int year : {0, 23, 24, 100, 200}) { // 2100 and 2200 are no leap years
+        for (int month = 0; month <= 13; ++month) {
+            const QDate first(2000 + year, month, 1);
+            const int days = first.isValid() ? first.daysInMonth() : 31;
+            for (const bool stops : {false, true}) {
+                SCOPED_TRACE(testing::Message() << year << '-' << month << " stops: " << stops);
+                ShowPage(stops ? 1 : 0);
+                StoreLowByte(word::Year, static_cast<std::uint8_t>(year));
+                StoreLowByte(word::Month, static_cast<std::uint8_t>(month));
+                EXPECT_EQ(dayAfterDrag(days - 1, Cell + 3), days);
+                EXPECT_EQ(dayAfterDrag(days, 4), stops ? days : 1);
+                EXPECT_EQ(dayAfterDrag(days, 10), stops ? days : 2);
+                EXPECT_EQ(dayAfterDrag(1, -4), stops ? 1 : days);
+            }
+        }
+    }
+}
+
+TEST_F(RollerTest, VariablesAreHeldToTheLimitsOnEntryAndInTheFullRefresh) {
+    addStrips();
+    addPage().add(pickerAt(false));
+    start();
+    const std::array<int, 3> cases[] = {{0, 3, 0}, {6, 6, 0}, {14, 14, 12}, {16, 15, 18}, {0xFFFF, 15, 18}};
+    for (const auto& [written, held, offset] : cases) {
+        StoreWord(Value, static_cast<std::uint16_t>(written));
+        ShowPage(0);
+        EXPECT_EQ(ReadWord(Value), held);
+        expectWindow(pickerAt(false), offset);
+
+        StoreWord(Value, 11);
+        run(460);
+        StoreWord(Value, static_cast<std::uint16_t>(written));
+        RefreshAfterTouch(0);
+        EXPECT_EQ(ReadWord(Value), written) << "not yet";
+        expectWindow(pickerAt(false), 2 * Cell);
+        run(460);
+        EXPECT_EQ(ReadWord(Value), held);
+        expectWindow(pickerAt(false), offset);
+    }
+    press(22, 20);
+    StoreWord(Value, 99);
+    run(460);
+    EXPECT_EQ(ReadWord(Value), 99) << "the one under the finger is left alone";
+    letGo();
+    EXPECT_EQ(ReadWord(Value), 15);
+}
+
+TEST_F(RollerTest, ARollerOfPagesTurnsThemAndAPageChangeEndsTheDrag) {
+    addStrips();
+    RollerPicker pages = pickerAt(false);
+    pages.Address = word::Page;
+    pages.Lowest = 0;
+    pages.Highest = 3;
+    pages.Step = 1;
+    imagekit::TouchRecord onList = Encode(pages); // the bits are ignored, but such a row never sends
+    onList.InList = 3;
+    addPage().add(onList);
+    addPage(Qt::green).add(pages);
+    start();
+    press(22, 20);
+    drag(22, 20 - Cell);
+    EXPECT_EQ(CurrentPage, 0);
+    letGo();
+    EXPECT_EQ(CurrentPage, 1);
+    EXPECT_EQ(TouchBusy + RollerActive + RollerDragging, 0);
+    EXPECT_EQ(TakeSentFrames(), Payloads());
+    press(22, 20);
+    drag(22, 20 + Cell);
+    ShowPage(1);
+    letGo();
+    EXPECT_EQ(CurrentPage, 1);
+
+    PopupActive = 1; // the page as a pop-up, moved to the right
+    PopupOriginX = 20;
+    OpenPopup(1, PopupOriginX, PopupOriginY);
+    press(22, 20);
+    EXPECT_EQ(TouchBusy, 0);
+    tap(42, 20);
+    EXPECT_EQ(TakeSentFrames(), (Payloads{{0x41, 0x70, 0, 0, 1}}));
+}
+
+TEST_F(RollerTest, RecordsThatNoToolWritesDoNoHarm) {
+    addStrips();
+    for (const std::uint16_t side : {0, 0xFFFF})
+        image.addPicture(imagekit::StoredPicture{.Width = side, .Height = side, .Extra = 1, .Format = 0});
+    std::mt19937 random(64);
+    for (int i = 0; i < 150; ++i) {
+        auto& page = addPage();
+        for (int j = 0; j < 66; ++j) {
+            const std::uint16_t edges[] = {0, 1, 7, 16, 40, 255, 0x7FFF, 0x8000, 0xFFFF};
+            imagekit::TouchRecord record = Encode(pickerAt(false));
+            for (std::size_t at = 0; at + 1 < record.Body.size(); ++at) {
+                const bool isStrip = at >= 15 && at <= 18; // mostly one that there is
+                const std::uint16_t word = isStrip ? random() % 7 : edges[random() % std::size(edges)];
+                record.Body[at] = static_cast<std::uint8_t>(word);
+                record.Body[at + 1] = word >> 8;
+                if (at != 14) ++at; // the flags are one byte
+            }
+            page.add(record);
+        }
+    }
+    const std::uint16_t firstFlat = image.pageCount();
+    for (const bool noStep : {false, true}) { // without a step or a band there is nothing to turn
+        RollerPicker picker = pickerAt(false);
+        (noStep ? picker.Step : picker.MarginA) = noStep ? 0 : 13;
+        addPage().add(picker);
+    }
+    start();
+    for (std::uint16_t page = 0; page < firstFlat; ++page) {
+        ShowPage(page);
+        ASSERT_EQ(Rollers.size(), 64u);
+        for (int i = 0; i < 6; ++i) drag(static_cast<int>(random() % 64), static_cast<int>(random() % 48));
+        letGo();
+        run(240);
+    }
+    for (const int page : {0, 1}) {
+        StoreWord(Value, 11);
+        ShowPage(static_cast<std::uint16_t>(firstFlat + page));
+        EXPECT_EQ(roller().Offset, 0);
+        press(22, 20);
+        EXPECT_EQ(TouchBusy, 0);
+        drag(22, 12);
+        letGo();
+        EXPECT_EQ(ReadWord(Value), 11);
+    }
+}
+
+} // namespace
+} // namespace panel

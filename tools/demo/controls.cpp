@@ -261,8 +261,8 @@ void addSchedule(Builder& controls) {
                                    .Source = words::DayPrograms,
                                    .WordCount = 6});
     for (int day = 0; day < 7; ++day)
-        controls.dot(SchedulePage, {DayTrack(day).x() - 16, DayTrack(day).y() + 8},
-                     u16(words::DayPrograms + day), colours);
+        controls.dot(SchedulePage, {layout::Left + 4, DayTrack(day).y() + 8}, u16(words::DayPrograms + day),
+                     colours);
 }
 
 void addSettings(Builder& controls) {

@@ -113,7 +113,7 @@ void letGo() {
     MultiKeyActive = 0;
     LongState = LongPressState::Idle;
     if (key->Click.Enabled && !key->DoubleClick.Enabled) return perform(key->head, key->Click);
-    if (DoubleState != DoubleClickState::SecondClick) return;
+    if (!key->DoubleClick.Enabled || DoubleState != DoubleClickState::SecondClick) return;
     DoubleState = DoubleClickState::Idle;
     perform(key->head, key->DoubleClick);
 }

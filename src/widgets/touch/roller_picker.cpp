@@ -1,6 +1,5 @@
 #include "widgets/touch/roller_picker.h"
 
-#include "graphics/primitives.h"
 #include "graphics/surfaces.h"
 #include "host/reply_frame.h"
 #include "store/variable_store.h"
@@ -249,16 +248,14 @@ void DrawRoller(Roller& roller) {
     roller.Offset = static_cast<std::int16_t>(std::min<int>(roller.Offset, StripLength));
 
     const int end = visibleLength(roller);
-    const QRect window = alongAxis(roller, 0, end, acrossWindow(roller));
-    const QPoint place = roller.head.topLeft();
-    if (!hidesBackground(selected) || !hidesBackground(normal))
-        CopySurfaceRect(PageBackground, window.translated(place), WorkSurface, {0, 0});
+    const QRect window = alongAxis(roller, 0, end, acrossWindow(roller)).translated(roller.head.topLeft());
+    if (!hidesBackground(selected) || !hidesBackground(normal)) BackdropToWork(window, 0);
     const int bandBegin = roller.cell() > 0 ? std::min<int>(roller.MarginA, end) : 0;
     const int bandEnd = roller.cell() > 0 ? std::min(bandBegin + roller.cell(), end) : 0;
     blitStrip(roller, normal, 0, bandBegin);
     blitStrip(roller, selected, bandBegin, bandEnd);
     blitStrip(roller, normal, bandEnd, end);
-    CopyToFrame(WorkSurface, window, place);
+    LandWork(window, 0);
 }
 
 void RefreshRollers(std::uint16_t /*page*/) {

@@ -1,0 +1,249 @@
+#include "widgets/touch/multi_key.h"
+
+#include "imagekit/icon_widgets.h"
+#include "pages/page_switch.h"
+#include "store/backlight.h"
+#include "touch_fixture.h"
+
+#include <random>
+
+namespace panel {
+namespace {
+
+using imagekit::MultiKey;
+using Codes = std::vector<int>;
+
+constexpr QRgb Red = 0xFFFF0000, Green = 0xFF00FF00, Blue = 0xFF0000FF, Cyan = 0xFF00FFFF;
+constexpr int ClickBit = 1, DoubleBit = 2, LongBit = 4;
+constexpr int Width = 8, WindowTicks = 2 * 5, LongTicks = 7;
+constexpr std::uint16_t Words = 0x0100;
+
+/// What key number `key` tells of a gesture, and the value that it writes to the word of that number.
+constexpr std::uint16_t codeOf(int key, int bit) { return static_cast<std::uint16_t>(16 * bit + key); }
+
+/// The key in column `key` with the gestures of the bits. The others have their actions too, but are off.
+MultiKey keyWith(int bits, int key) {
+    const auto action = [&](int bit) {
+        const std::uint16_t code = codeOf(key, bit);
+        return imagekit::KeyAction{.Enabled = (bits & bit) != 0,
+                                   .NotifyCode = code,
+                                   .Address = static_cast<std::uint16_t>(Words + code),
+                                   .Value = code};
+    };
+    const auto x = static_cast<std::uint16_t>(Width * key);
+    return {.Where = {.X0 = x, .X1 = static_cast<std::uint16_t>(x + Width - 1), .Y1 = 9},
+            .Notify = true,
+            .NormalImage = 0,
+            .PressImage = 1,
+            .Click = action(ClickBit),
+            .DoubleClick = action(DoubleBit),
+            .LongPress = action(LongBit),
+            .DoubleClickWindow = WindowTicks / 5,
+            .LongPressTicks = LongTicks};
+}
+
+class MultiKeyTest : public TouchTest {
+protected:
+    MultiKeyTest() {
+        addPicture(Qt::green, Width);
+        addPicture(Qt::red, Width);
+    }
+    /// What the panel has told since the last call; each action has written its word too.
+    Codes told() {
+        Codes codes;
+        for (const Payload& frame : TakeSentFrames()) {
+            codes.push_back(frame[4]);
+            const auto word = static_cast<std::uint16_t>(Words + frame[4]);
+            EXPECT_EQ(ReadWord(word), frame[4]);
+        }
+        return codes;
+    }
+    Codes after(int count) {
+        ticks(count);
+        cycles(1);
+        return told();
+    }
+};
+
+/// The gestures on a row of keys, of which key i has those of the bits of i.
+struct PlainKeys {
+    int held = -1, first = -1, ticks = 0; // keys, or -1
+    bool second = false, timing = false, fired = false;
+
+    void pass(int count) {
+        if ((first >= 0 && !second) || timing) ticks += count;
+    }
+    Codes scan(int pointer) {
+        if (pointer < 0) return scanReleased();
+        if (held < 0 && !fired) press(pointer);
+        if (!timing || ticks < LongTicks) return {};
+        const Codes codes{codeOf(held, LongBit)};
+        *this = {.fired = true};
+        return codes;
+    }
+    void press(int key) {
+        held = key;
+        if (key & DoubleBit) second = std::exchange(first, key) == key;
+        timing = (key & LongBit) != 0;
+        if (key & (DoubleBit | LongBit)) ticks = 0;
+    }
+    Codes scanReleased() {
+        Codes codes;
+        fired = timing = false;
+        const int key = std::exchange(held, -1);
+        if (key >= 0 && (key & 3) == ClickBit) codes.push_back(codeOf(key, ClickBit));
+        if (std::exchange(second, false)) codes.push_back(codeOf(std::exchange(first, -1), DoubleBit));
+        if (first >= 0 && (first & ClickBit) && ticks > WindowTicks) {
+            codes.push_back(codeOf(std::exchange(first, -1), ClickBit));
+            ticks = 0;
+        }
+        return codes;
+    }
+};
+
+TEST_F(MultiKeyTest, AllKindsOfKeysUnderRandomPresses) {
+    auto& page = addPage();
+    for (int key = 0; key < 8; ++key) page.add(keyWith(key, key));
+    start();
+    std::mt19937 random(703);
+    PlainKeys plain;
+    int pointer = -1, key = 0, actions = 0;
+    for (int i = 0; i < 20000; ++i) {
+        const int count = static_cast<int>(random() % 5);
+        ticks(count);
+        plain.pass(count);
+        if (random() % 4 == 0) key = static_cast<int>(random() % 8);
+        if (random() % 2 == 0) pointer = pointer < 0 || random() % 8 == 0 ? key : -1;
+        if (pointer < 0)
+            letGo();
+        else
+            drag(Width * pointer + static_cast<int>(random() % Width), 5);
+        const Codes expected = plain.scan(pointer);
+        ASSERT_EQ(told(), expected) << "scan " << i;
+        ASSERT_EQ(TouchBusy != 0, plain.held >= 0 || plain.fired);
+        if (plain.held >= 0) {
+            ASSERT_EQ(pixel(Width * plain.held, 0), plain.held == 0 ? Green : Red);
+        }
+        actions += static_cast<int>(expected.size());
+    }
+    EXPECT_GT(actions, 2000);
+}
+
+TEST_F(MultiKeyTest, TimesAreMetToTheTick) {
+    MultiKey impatient = keyWith(LongBit, 2);
+    impatient.LongPressTicks = 0;
+    auto& page = addPage();
+    page.add(keyWith(ClickBit | DoubleBit, 0));
+    page.add(keyWith(ClickBit | LongBit, 1));
+    page.add(impatient);
+    start();
+    tap(0, 0);
+    EXPECT_EQ(after(WindowTicks), Codes());
+    EXPECT_EQ(after(1), Codes{codeOf(0, ClickBit)});
+    tap(0, 0);
+    ticks(WindowTicks + 1); // the second press comes in the very cycle in which the window would end
+    tap(0, 0);
+    EXPECT_EQ(told(), Codes{codeOf(0, DoubleBit)});
+    EXPECT_EQ(after(100), Codes()) << "nothing is left of it";
+    press(8, 0);
+    EXPECT_EQ(after(LongTicks - 1), Codes());
+    EXPECT_EQ(after(1), Codes{codeOf(1, LongBit)});
+    EXPECT_EQ(after(100), Codes());
+    EXPECT_EQ(pixel(8, 0), Red);
+    letGo();
+    EXPECT_EQ(pixel(8, 0), Green);
+    press(16, 0);
+    cycles(2);
+    letGo();
+    EXPECT_EQ(told(), Codes(3, codeOf(2, LongBit))) << "in each scan, and no click";
+}
+
+TEST_F(MultiKeyTest, PageChangesCutGesturesShort) {
+    const std::uint16_t blue = addPicture(Qt::blue, 2, 2);
+    MultiKey leaving = keyWith(LongBit, 0);
+    leaving.LongPress.TargetPage = 1;
+    auto& first = addPage();
+    first.add(leaving);
+    first.add(keyWith(ClickBit | DoubleBit, 1));
+    auto& second = addPage();
+    second.add(keyWith(LongBit, 2));
+    second.add(keyWith(ClickBit | DoubleBit, 3));
+    second.add(imagekit::BitIcon{.X = 16, .ClearImage = blue}); // on top of its first key
+    addPage();
+    start();
+    press(0, 0);
+    EXPECT_EQ(after(LongTicks), Codes{codeOf(0, LongBit)});
+    EXPECT_EQ(pixel(16, 0), Blue) << "no key of the new page was let go";
+    drag(16, 0); // the finger is still down: a new press
+    EXPECT_EQ(pixel(16, 0), Red);
+    letGo();
+    EXPECT_EQ(pixel(16, 0), Green);
+
+    ShowPage(0); // while a press is timed
+    press(0, 0);
+    ShowPage(1);
+    ticks(100);
+    press(60, 40);
+    letGo();
+    EXPECT_EQ(told(), Codes());
+    ShowPage(0); // a first click stays with the row, whatever page it is on
+    tap(8, 0);
+    ShowPage(1);
+    EXPECT_EQ(after(WindowTicks + 1), Codes{codeOf(3, ClickBit)});
+    ShowPage(0);
+    tap(8, 0);
+    ShowPage(2); // no such row
+    EXPECT_EQ(after(100), Codes());
+    ShowPage(0);
+    tap(8, 0);
+    EXPECT_EQ(told(), Codes{codeOf(1, DoubleBit)});
+    tap(8, 0); // a second click that does not end on its page is nobody's
+    press(8, 0);
+    ShowPage(1);
+    tap(16, 0);
+    EXPECT_EQ(told(), Codes());
+}
+
+TEST_F(MultiKeyTest, ActionsReachSystemWordsAndVirtualKeysOnlyClick) {
+    MultiKey dim = keyWith(ClickBit, 0);
+    dim.Click = {.Enabled = true, .TargetPage = 1, .Address = word::Brightness, .Value = 20};
+    addPage().add(dim);
+    auto& keys = addPage();
+    for (const int key : {1, 2}) {
+        MultiKey hidden = keyWith(key == 1 ? ClickBit | DoubleBit : DoubleBit | LongBit, key);
+        hidden.Where = imagekit::VirtualKeyOnly(static_cast<std::uint16_t>(key));
+        keys.add(hidden);
+    }
+    start();
+    tap(0, 0);
+    EXPECT_EQ(TakeSentFrames().size(), 1u);
+    EXPECT_EQ(DimValue, DimValueOf(20));
+    EXPECT_EQ(CurrentPage, 1);
+    for (const std::uint16_t code : {1, 2}) {
+        virtualKey(code);
+        EXPECT_EQ(VirtualKeyPending, 0);
+        EXPECT_EQ(told(), code == 1 ? Codes{codeOf(1, ClickBit)} : Codes());
+    }
+}
+
+TEST_F(MultiKeyTest, AChangedGroupKeepsTheLookOfThePress) {
+    constexpr std::uint16_t group = 7;
+    const std::uint16_t clear = addPicture(Qt::blue, 2, 2), set = addPicture(Qt::cyan, 2, 2);
+    MultiKey key = keyWith(LongBit, 0);
+    key.OverlayGroup = group;
+    auto& page = addPage();
+    page.add(key);
+    page.addToGroup(group, imagekit::BitIcon{.ValueAddress = Words, .ClearImage = clear, .SetImage = set});
+    start();
+    press(0, 0);
+    run(200); // also after the long press has fired
+    StoreWord(Words, 1);
+    run(300);
+    EXPECT_EQ(pixel(0, 0), Cyan);
+    EXPECT_EQ(pixel(5, 5), Red);
+    letGo();
+    EXPECT_EQ(pixel(5, 5), Green);
+}
+
+} // namespace
+} // namespace panel

@@ -48,7 +48,9 @@ TEST(SliderTrack, MapsEveryPlaceAndValue) {
             }
         }
     EXPECT_EQ(SliderPixels({5, 5}, 9, 100), 0);
-    EXPECT_EQ(SliderPixels({9, 2}, 9, 100), 100); // limits the wrong way round: some place on the track
+    for (const auto& [value, pixels] : {std::pair{12, 0}, {9, 0}, {7, 28}, {2, 100}, {-5, 100}})
+        EXPECT_EQ(SliderPixels({9, 2}, static_cast<std::int16_t>(value), 100), pixels) << "crossed limits";
+    EXPECT_EQ(SliderValue({9, 2}, 30, 0, 100), 6);
     EXPECT_EQ(SliderValue({0, 50}, 20, 20, 20), 50);
 }
 
@@ -246,6 +248,86 @@ TEST_F(TouchTest, ASliderOnAListMovesWithIt) {
     EXPECT_EQ(ReadWord(Value), 25);
     EXPECT_EQ(ListSurfaceA.pixelColor(15, 50), QColor(Qt::yellow));
     EXPECT_EQ(pixel(25, 23), 0xFFA0A0A4) << "the list shows it, not the slider";
+}
+
+TEST_F(TouchTest, ADragOnAListGoesOnBeyondWindowAndSeam) {
+    const std::uint16_t fill = image.addPicture(Pixels{pattern(30, 6, 1)});
+    addPage().add(Slider{
+        .InList = 1, .FillX = 60, .FillY = 4, .FillImage = fill, .Address = Value, .Where = {60, 2, 90, 12}});
+    start();
+    SlideListActive = 1;
+    ListWindow = {10, 0, 40, 30};
+    ListW = 100;
+    ListH = 40;
+    const auto valueAt = [this](int x, int y) {
+        drag(x, y);
+        return ReadWord(Value);
+    };
+    ListMode = list_mode::Horizontal;
+    ListShown = 45;
+    press(40, 5); // place 75
+    EXPECT_EQ(ReadWord(Value), 50);
+    EXPECT_EQ(valueAt(63, 5), 100) << "right of the window";
+    EXPECT_EQ(valueAt(2, 5), 0) << "left of it";
+    EXPECT_EQ(valueAt(40, 31), 0) << "below it the finger is off the slider";
+    letGo();
+    ListMode = list_mode::EndlessHorizontal;
+    ListShown = 80; // the seam at 30
+    press(15, 5);   // place 85
+    EXPECT_EQ(ReadWord(Value), 83);
+    for (const int x : {28, 35, 49}) EXPECT_EQ(valueAt(x, 5), 100) << "the list's start is still the right";
+    EXPECT_EQ(valueAt(12, 5), 73);
+}
+
+TEST_F(TouchTest, WhatCannotBeDrawnOfASliderIsNotThere) {
+    const std::uint16_t fill = image.addPicture(Pixels{pattern(20, 6, 1)}), key = addPicture(Qt::red, 30, 30);
+    const std::uint16_t unknown =
+        image.addPicture(StoredPicture{.Width = 16, .Height = 16, .Extra = 5, .Format = 9});
+    Slider slider{.FillX = 4, .FillY = 4, .FillImage = unknown, .Address = Value, .Where = {0, 0, 24, 9}};
+    for (int page = 0; page < 2; ++page) {
+        addPage().add(PageKey{.Where = {.X1 = 9, .Y1 = 9}, .NormalImage = key});
+        image.page(static_cast<std::uint16_t>(page)).add(slider);
+        slider.FillImage = fill;
+        slider.ThumbImage = slider.BackImage = unknown;
+    }
+    start();
+    EXPECT_EQ(pixel(5, 5), 0xFFFF0000) << "no fill, no slider";
+    ShowPage(1);
+    cycles(1);
+    EXPECT_EQ(pixel(5, 5), 0xFFA0A0A4) << "the page, behind an empty slider";
+    EXPECT_EQ(pixel(3, 5), 0xFFFF0000) << "as large as its fill alone";
+    EXPECT_EQ(pixel(5, 10), 0xFFFF0000);
+    EXPECT_EQ(Sliders.at(0)->head.x1, 24) << "no thumb that narrows the track";
+}
+
+TEST_F(TouchTest, NoRecordLeadsASliderAstray) {
+    const std::uint16_t huge = image.addPicture(StoredPicture{0xFFFF, 0xFFFF, 1, format::RGB565});
+    const std::uint16_t pictures[] = {addPicture(Qt::red, 20, 6), addPicture(Qt::red, 3, 47), huge, None};
+    std::mt19937 random(7);
+    const auto any = [&] { // a place on the panel, or an edge of 16 bits
+        const std::uint16_t edges[] = {0, 0x7FFF, 0x8000, 0xFFFF};
+        return static_cast<std::uint16_t>(random() % 3 ? random() % 64 : edges[random() % 4]);
+    };
+    for (int i = 0; i < 100; ++i) {
+        Slider slider{random() % 2 == 0,           0, any(), any(), pictures[random() % 3], Value,
+                      {any(), any(), any(), any()}};
+        slider.ThumbImage = pictures[random() % 4];
+        slider.BackImage = pictures[random() % 4];
+        slider.Direction = static_cast<SlideDirection>(i % 4);
+        slider.Highest = static_cast<std::int16_t>(any());
+        slider.Lowest = static_cast<std::int16_t>(any());
+        addPage().add(slider);
+    }
+    start();
+    int taken = 0;
+    for (std::uint16_t page = 0; page < 100; ++page) {
+        ShowPage(page);
+        for (int step = 0; step < 8; ++step, taken += SliderActive)
+            press(static_cast<int>(random() % 64), static_cast<int>(random() % 48));
+        letGo();
+        ASSERT_EQ(TouchBusy, 0);
+    }
+    EXPECT_GT(taken, 20);
 }
 
 } // namespace

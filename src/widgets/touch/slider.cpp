@@ -7,6 +7,7 @@
 #include "store/variable_store.h"
 #include "widgets/display/placement.h"
 #include "widgets/touch/key_family.h"
+#include "widgets/touch/sliding_list.h"
 #include "widgets/touch/touch_write.h"
 
 #include <algorithm>
@@ -46,7 +47,7 @@ bool isReversed(const SliderRecord& row) { return (row.Direction & ReversedBit) 
 
 QPoint alongAxis(const SliderRecord& row, QPoint at) { return isVertical(row) ? at.transposed() : at; }
 QSize alongAxis(const SliderRecord& row, QSize size) { return isVertical(row) ? size.transposed() : size; }
-QRect onPanel(const SliderRecord& row, QRect rect) {
+QRect exchanged(const SliderRecord& row, QRect rect) {
     return isVertical(row) ? QRect(rect.topLeft().transposed(), rect.size().transposed()) : rect;
 }
 
@@ -56,7 +57,7 @@ std::uint16_t& trackEnd(SliderRecord& row) { return isVertical(row) ? row.head.y
 
 std::uint16_t coordinate(int value) { return static_cast<std::uint16_t>(std::clamp(value, 0, 0xFFFF)); }
 
-/// A picture of the slider; not drawn when it has no data.
+/// A picture of the slider. One that cannot be drawn is as one that is not there.
 struct Part {
     ImageRow image{};
     bool drawn = false;
@@ -66,7 +67,7 @@ struct Part {
         if (index == NoImage) return;
         image = TableImageRow(index);
         drawn = DrawsSomething(image);
-        size = alongAxis(row, QSize(image.Width, image.Height));
+        if (drawn) size = alongAxis(row, QSize(image.Width, image.Height));
     }
 };
 
@@ -105,7 +106,7 @@ private:
 
 /// The thumb's middle stays where the whole thumb is within the widget.
 void narrowTrack(SliderRecord& row, const Layout& layout) {
-    if (row.ThumbImage == NoImage) return;
+    if (!layout.thumb.drawn) return;
     const int half = layout.halfThumb();
     const int start = layout.area.x(), end = start + layout.area.width();
     if (trackStart(row) - start < half) trackStart(row) = coordinate(start + half);
@@ -114,7 +115,7 @@ void narrowTrack(SliderRecord& row, const Layout& layout) {
 
 void blit(const SliderRecord& row, const Part& part, QPoint at, QRect piece) {
     if (part.drawn)
-        BlitImage(WorkSurface, alongAxis(row, at), part.image, onPanel(row, piece), part.image.Width);
+        BlitImage(WorkSurface, alongAxis(row, at), part.image, exchanged(row, piece), part.image.Width);
 }
 
 void blitFill(const SliderRecord& row, const Layout& layout, std::int16_t value) {
@@ -131,9 +132,9 @@ void blitThumb(SliderRecord& row, const Layout& layout, std::int16_t value) {
     blit(row, layout.thumb, at, {{0, 0}, layout.thumb.size});
 }
 
+/// The page comes behind opaque pictures too: on small chips one may have fewer rows than its rectangle.
 void blitBack(const SliderRecord& row, const Layout& layout) {
-    if (!layout.back.drawn || layout.back.image.showsWhatIsBehind())
-        BackdropToWork(onPanel(row, layout.area), row.head.inList());
+    BackdropToWork(exchanged(row, layout.area), row.head.inList());
     blit(row, layout.back, {0, 0}, {{0, 0}, layout.back.size});
 }
 
@@ -150,20 +151,38 @@ void landWithGroup(const SliderRecord& row, QRect area) {
 
 bool isDragged(const SliderRecord& row) { return SliderActive && &row == Sliders.at(SliderRow); }
 
-/// A drag goes on past the ends of the track, but not off it sideways.
+bool isBetween(int value, int first, int last) { return first <= value && value <= last; }
+
+/// A drag goes on past the ends of the track, and of the window of a list, but not off them sideways.
 bool reaches(const SliderRecord& row) {
     const TouchHead& head = row.head;
     if (!isDragged(row)) return HitTest(head);
-    constexpr std::uint16_t anywhere = 0xFFFF;
-    return isVertical(row) ? HitTest(head.x0, head.x1, 0, anywhere, head.inList())
-                           : HitTest(0, anywhere, head.y0, head.y1, head.inList());
+    const QRect window = exchanged(row, ListWindow);
+    const int pointer = alongAxis(row, QPoint(TouchX, TouchY)).y();
+    if (head.inList() && !isBetween(pointer, window.top(), window.bottom())) return false;
+    const int across = alongAxis(row, PointerPlace(head.inList())).y();
+    return isVertical(row) ? isBetween(across, head.x0, head.x1) : isBetween(across, head.y0, head.y1);
+}
+
+std::uint16_t& lastPlace(SliderRecord& row) { return isVertical(row) ? row.ThumbY : row.ThumbX; }
+bool pressIsNew(const SliderRecord& row) { return row.LastX == NoPosition; }
+
+/// The place of the pointer along the axis. A finger that crosses the seam of an endless list is still on the
+/// same side of the track.
+int placeOfPointer(SliderRecord& row) {
+    const int place = alongAxis(row, PointerPlace(row.head.inList())).x();
+    const bool seamAcross = ListIsEndless() && ListIsVertical() == isVertical(row);
+    if (!row.head.inList() || !seamAcross || pressIsNew(row)) return place;
+    const int length = ListIsVertical() ? ListH : ListW;
+    const int moved = place - lastPlace(row);
+    if (moved > length / 2) return place - length;
+    return moved < -length / 2 ? place + length : place;
 }
 
 void writeValue(SliderRecord& row) {
-    const QPoint at = alongAxis(row, PointerPlace(row.head.inList()));
     const int start = trackStart(row), end = trackEnd(row);
-    const int place = std::min(std::max(at.x(), start), end);
-    (isVertical(row) ? row.ThumbY : row.ThumbX) = coordinate(place);
+    const int place = std::min(std::max(placeOfPointer(row), start), end);
+    lastPlace(row) = coordinate(place);
     if (row.Range.span() == 0) return;
     const std::int16_t value = isReversed(row) ? SliderValue(row.Range, place, end, start)
                                                : SliderValue(row.Range, place, start, end);
@@ -198,7 +217,7 @@ void letGo() {
     SliderActive = 0;
     TouchBusy = 0;
     row->LastX = row->LastY = NoPosition; // a second press on the same pixel counts
-    if (row->head.notifies()) SendVariable(row->Address);
+    if (row->head.notifies() && IsStoreWord(row->Address)) SendVariable(row->Address);
 }
 
 template <class Also>
@@ -245,14 +264,14 @@ void AddSlider(const Parameters& p) {
 }
 
 void DrawSlider(SliderRecord& row) {
-    if (row.FillImage == NoImage) return;
     const Layout layout(row);
+    if (!layout.fill.drawn) return;
     const auto value = static_cast<std::int16_t>(ReadWord(row.Address));
     narrowTrack(row, layout);
     blitBack(row, layout);
     blitFill(row, layout, value);
     blitThumb(row, layout, value);
-    landWithGroup(row, onPanel(row, layout.area));
+    landWithGroup(row, exchanged(row, layout.area));
 }
 
 void TouchSlider() {

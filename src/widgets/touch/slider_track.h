@@ -6,16 +6,14 @@
 
 namespace panel {
 
-/// What a slider can be set to. Limits that are equal, or crossed, are in the records of an image like any
-/// others.
+/// What a slider can be set to. Limits may be equal, and crossed ones give values that fall along the track.
 struct SliderRange {
     std::int16_t lowest = 0;
     std::int16_t highest = 0;
 
     int span() const { return highest - lowest; }
     int clamped(std::int16_t value) const {
-        if (value < lowest) return lowest;
-        return std::min(value, highest);
+        return std::clamp(value, std::min(lowest, highest), std::max(lowest, highest));
     }
 };
 

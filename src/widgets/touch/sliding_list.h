@@ -22,4 +22,7 @@ inline std::uint8_t ListMode = list_mode::Vertical;
 inline std::uint16_t ListW = 0, ListH = 0; // size of the list's picture, px
 inline std::int16_t ListShown = 0;         // px along the axis by which the picture on show has moved
 
+inline bool ListIsEndless() { return (ListMode & 0x80) != 0; }
+inline bool ListIsVertical() { return (ListMode & 0x01) == 0; }
+
 } // namespace panel

@@ -7,8 +7,6 @@ namespace panel {
 
 void BackdropToWork(QRect rect, std::uint8_t inList) {
     CopySurfaceRect(inList ? ListSurfaceB : PageBackground, rect, WorkSurface, {0, 0});
-    // A page's picture that cannot be drawn a second time leaves the copy.
-    if (!inList) RestoreWorkRect({0, 0}, rect);
 }
 
 void LandWork(QRect rect, std::uint8_t inList) {

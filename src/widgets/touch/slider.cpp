@@ -58,12 +58,12 @@ std::uint16_t& trackEnd(SliderRecord& row) { return isVertical(row) ? row.head.y
 std::uint16_t coordinate(int value) { return static_cast<std::uint16_t>(std::clamp(value, 0, 0xFFFF)); }
 
 /// A picture of the slider. One that cannot be drawn is as one that is not there.
-struct Part {
+struct Picture {
     ImageRow image{};
     bool drawn = false;
     QSize size{}; // along and across the axis; of no picture (0, 0)
 
-    Part(const SliderRecord& row, std::uint16_t index) {
+    Picture(const SliderRecord& row, std::uint16_t index) {
         if (index == NoImage) return;
         image = TableImageRow(index);
         drawn = DrawsSomething(image);
@@ -73,7 +73,7 @@ struct Part {
 
 /// The pictures of a slider and where they stand, all along the axis.
 struct Layout {
-    Part fill, thumb, back;
+    Picture fill, thumb, back;
     QRect area{};        // of the whole widget
     QPoint fillAt{};     // within the area
     int thumbAcross = 0; // within the area
@@ -113,7 +113,7 @@ void narrowTrack(SliderRecord& row, const Layout& layout) {
     if (end - trackEnd(row) < half) trackEnd(row) = coordinate(end - half);
 }
 
-void blit(const SliderRecord& row, const Part& part, QPoint at, QRect piece) {
+void blit(const SliderRecord& row, const Picture& part, QPoint at, QRect piece) {
     if (part.drawn)
         BlitImage(WorkSurface, alongAxis(row, at), part.image, exchanged(row, piece), part.image.Width);
 }

@@ -1,5 +1,7 @@
 // Writes sound images for the fuzz targets to start from: make-seeds FOLDER.
+#include "imagekit/icon_widgets.h"
 #include "imagekit/image_builder.h"
+#include "imagekit/touch_controls.h"
 
 #include <QDir>
 #include <QFile>
@@ -45,6 +47,75 @@ ImageBuilder everyFormat(PanelConfig config) {
     return image;
 }
 
+/// An image whose pages are covered with touch widgets and icons, with groups on them.
+ImageBuilder everyTouchWidget(PanelConfig config) {
+    ImageBuilder image(config);
+    for (const std::uint8_t format : {6, 2, 10}) image.addPicture(Pixels{gradient(12, 12), format});
+    const std::uint16_t strip = image.addPicture(Pixels{gradient(10, 60), 6});
+    for (const std::uint16_t target : {1, 2, 0}) {
+        Page& page = image.addPage(Pixels{gradient(40, 30), 6});
+        page.addToGroup(1, BitIcon{.ValueAddress = 0x70, .X = 2, .Y = 2, .ClearImage = 0, .SetImage = 1});
+        page.addToGroup(1, ValueIcon{.ValueAddress = 0x70, .X = 6, .Y = 6, .Maximum = 2});
+        page.add(PageKey{.Where = {0, 0, 9, 9},
+                         .Notify = true,
+                         .NormalImage = 0,
+                         .PressImage = 1,
+                         .TargetPage = target,
+                         .OverlayGroup = 1});
+        page.add(StepKey{.Where = {10, 0, 19, 9},
+                         .Notify = true,
+                         .Address = 0x70,
+                         .Wrap = true,
+                         .Highest = 3,
+                         .NormalImage = 1,
+                         .PressImage = 2,
+                         .Repeat = true});
+        page.add(StateKey{.Where = {20, 0, 29, 9}, .Address = 0x70, .FirstPreset = 1, .OverlayGroup = 1});
+        page.add(CopyKey{
+            .Where = {30, 0, 39, 9}, .NormalImage = 2, .Destination = 0x71, .Source = 0x70, .WordCount = 9});
+        page.add(PopupKey{.Where = {0, 10, 9, 19},
+                          .NormalImage = 0,
+                          .PressImage = 1,
+                          .Page = target,
+                          .PopupX = 8,
+                          .PopupY = 8,
+                          .Dim = true,
+                          .CleanOld = true});
+        page.add(MultiKey{.Where = {10, 10, 19, 19},
+                          .NormalImage = 0,
+                          .PressImage = 1,
+                          .Click = {.Enabled = true, .Address = 0x70, .Value = 1},
+                          .DoubleClick = {.Enabled = true, .TargetPage = target},
+                          .LongPress = {.Enabled = true, .Address = 0x70, .Value = 2},
+                          .LongPressTicks = 8,
+                          .OverlayGroup = 1});
+        page.add(Slider{.Notify = true,
+                        .FillX = 2,
+                        .FillY = 20,
+                        .FillImage = strip,
+                        .Address = 0x71,
+                        .Where = {0, 20, 39, 30},
+                        .ThumbImage = 2,
+                        .BackX = 0,
+                        .BackY = 20,
+                        .BackImage = 0,
+                        .OverlayGroup = 1});
+        page.add(RollerPicker{.Notify = true,
+                              .Address = 0x7004,
+                              .Window = {30, 10, 39, 39},
+                              .MarginA = 10,
+                              .MarginB = 10,
+                              .SelectedStrip = strip,
+                              .NormalStrip = strip,
+                              .Lowest = 1,
+                              .Highest = 31});
+        page.add(ValueIcon{.ValueAddress = 0x70, .X = 20, .Y = 12, .Maximum = 2, .Group = 1});
+        page.add(BitIcon{.ValueAddress = 0x71, .X = 24, .Y = 14, .Bit = 1, .ClearImage = 0, .SetImage = 2});
+        page.add(PagePreset{1, {{0x70, 2}, {0x7000, target}}});
+    }
+    return image;
+}
+
 bool writeSeed(const QDir& folder, const QString& name, const ImageBuilder& image) {
     QFile file(folder.filePath(name));
     const QByteArray bytes = image.build() + QByteArray(ScriptBytes, '\x07');
@@ -59,7 +130,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     const QDir folder(argv[1]);
-    bool written = true;
+    bool written = writeSeed(folder, "touch", everyTouchWidget({.Width = 48, .Height = 40, .LangueNum = 2}));
     for (const std::uint8_t chip : {1, 4, 5})
         for (const std::uint8_t mode : {0, 1})
             for (const bool nand : {false, true})

@@ -14,6 +14,7 @@
 #include "store/system_words.h"
 #include "store/variable_store.h"
 #include "widgets/display/image_animation.h"
+#include "widgets/display/media.h"
 #include "widgets/display/uitimer.h"
 #include "widgets/touch/copy_key.h"
 #include "widgets/touch/multi_key.h"
@@ -83,12 +84,13 @@ void refreshVariables(PanelOutputs&) {
     RefreshPageWidgets(CurrentPage);
 }
 
-/// Each request is taken back before it is passed on, so the main thread hears of it once.
+/// Each request is taken back before it is passed on, so the main thread hears of it once. An end comes
+/// before a start: it is for what the page before has played.
 void requestSoundAndVideo(PanelOutputs& outputs) {
-    if (FileMediaChip() && VideoRequest.exchange(0) == 1) outputs.playVideo();
     if (VideoCloseRequest.exchange(0) == 1) outputs.closeVideo();
-    if (MusicPlaying.exchange(0) == 1) outputs.playSound();
+    if (FileMediaChip() && VideoRequest.exchange(0) == 1) outputs.playVideo();
     if (MusicStopRequest.exchange(0) == 1) outputs.stopMusic();
+    if (MusicPlaying.exchange(0) == 1) outputs.playSound();
 }
 
 void dimPanel(PanelOutputs&) {
@@ -127,7 +129,7 @@ constexpr CycleStep CycleSteps[] = {
     {"variable refresh", refreshVariables},
     {"sound and video requests", requestSoundAndVideo},
     {"BacklightTask", dimPanel},
-    {"CameraWatch", nullptr},
+    {"CameraWatch", step<CameraWatch>},
     {"camera requests", requestCamera},
     {"AnimationTick", step<AnimationTick>},
     {"AnalogClockTick", nullptr},

@@ -8,6 +8,7 @@
 #include "inspector/dialog_reg.h"
 #include "store/backlight.h"
 #include "ui_main_window.h"
+#include "widgets/display/media.h"
 #include "widgets/touch/encoder.h"
 #include "widgets/touch/pointer.h"
 
@@ -125,6 +126,7 @@ void MainWindow::LoadImage(const QString& path) {
     }
     ui_->label_Show->setFocus();
     pathFiles_.SaveLastPath(DirectoryOf(path));
+    panel::SetMediaDirectory(DirectoryOf(path));
     startEngine();
     dialogReg_->setTableDirectory(DirectoryOf(path));
     emit Update_to_DialogInfo();

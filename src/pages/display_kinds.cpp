@@ -3,6 +3,7 @@
 #include "widgets/display/bit_icon.h"
 #include "widgets/display/image_animation.h"
 #include "widgets/display/label.h"
+#include "widgets/display/media.h"
 #include "widgets/display/number.h"
 #include "widgets/display/uitimer.h"
 #include "widgets/display/value_icon.h"
@@ -60,7 +61,7 @@ constexpr DisplayKind Kinds[] = {
     {.code = 0x07, .name = "qrcode", .dependsOn = QrText, .refresh = Refresh::ByValue},
     {.code = 0x08, .name = "AnalogClock", .refresh = Refresh::ByRow},
     {.code = 0x09, .name = "textroll", .dependsOn = TextrollText, .refresh = Refresh::ByValue},
-    {.code = 0x0A, .name = "musicPlayer", .hasBlock = false},
+    {.code = 0x0A, .name = "musicPlayer", .display = DisplayMusicPlayer, .hasBlock = false},
     {.code = 0x0B,
      .name = "imageBar",
      .dependsOn = ValueWord,
@@ -97,8 +98,8 @@ constexpr DisplayKind Kinds[] = {
     {.code = 0x12, .name = "needleMeter", .dependsOn = ValueWord, .refresh = Refresh::ByRow},
     {.code = 0x13, .name = "encoderEntry", .hasBlock = false, .background = true},
     {.code = 0x14, .name = "encoderPages", .hasBlock = false, .background = true},
-    {.code = 0x20, .name = "cameraView", .hasBlock = false},
-    {.code = 0x22, .name = "videoPlayer", .hasBlock = false},
+    {.code = 0x20, .name = "cameraView", .display = ShowCameraView, .hasBlock = false},
+    {.code = 0x22, .name = "videoPlayer", .display = ShowVideo, .hasBlock = false},
 };
 static_assert(std::ranges::adjacent_find(Kinds, std::ranges::greater_equal{}, &DisplayKind::code)
               == std::end(Kinds));
@@ -110,6 +111,10 @@ std::span<const DisplayKind> DisplayKinds() { return Kinds; }
 const DisplayKind* FindDisplayKind(std::uint16_t code) {
     const auto* found = std::ranges::lower_bound(Kinds, code, {}, &DisplayKind::code);
     return found != std::end(Kinds) && found->code == code ? found : nullptr;
+}
+
+Parameters ReadParameters(const DisplayKind& kind, std::span<const std::uint8_t> record) {
+    return kind.hasBlock ? Parameters(record) : Parameters(record, WithoutBlock);
 }
 
 void ForgetDisplayKinds() {

@@ -60,6 +60,9 @@ std::span<const DisplayKind> DisplayKinds();
 /// The row of a masked type word, or nullptr for one that nobody knows.
 const DisplayKind* FindDisplayKind(std::uint16_t code);
 
+/// The fields of a record of that kind.
+Parameters ReadParameters(const DisplayKind& kind, std::span<const std::uint8_t> record);
+
 /// Every kind forgets the page before.
 void ForgetDisplayKinds();
 /// Ends a walk: all cursors stand before the first record again.

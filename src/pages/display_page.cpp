@@ -32,7 +32,7 @@ void displayWidgets() {
     while (const auto record = walker.next()) {
         const DisplayKind* kind = FindDisplayKind(record->kind());
         if (!kind) continue;
-        displayRecord(*kind, Parameters(record->bytes));
+        displayRecord(*kind, ReadParameters(*kind, record->bytes));
         if (kind->cursor) ++*kind->cursor;
     }
 }
@@ -43,7 +43,7 @@ void displayIconsOnTop() {
         const DisplayKind* kind = FindDisplayKind(record->typeWord);
         if (!kind || !kind->onTop) continue;
         IconPass = 1;
-        displayRecord(*kind, Parameters(record->bytes));
+        displayRecord(*kind, ReadParameters(*kind, record->bytes));
     }
 }
 

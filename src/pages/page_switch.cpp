@@ -11,6 +11,7 @@
 #include "store/clock.h"
 #include "store/system_words.h"
 #include "store/variable_store.h"
+#include "widgets/display/media.h"
 #include "widgets/display/uitimer.h"
 #include "widgets/touch/encoder.h"
 #include "widgets/touch/pointer.h"
@@ -96,6 +97,7 @@ void OpenPopup(std::uint16_t page, std::uint16_t x, std::uint16_t y) {
     ReadClockWords();
     CopyClockToWords();
     showWidgets(page);
+    PlayMusic(ReadWord(word::Music)); // what the page under the pop-up plays begins anew
 }
 
 } // namespace panel

@@ -57,7 +57,7 @@ void refreshRecords(std::uint16_t page, bool (*takesPart)(const DisplayKind&)) {
     while (const auto record = walker.next()) {
         const DisplayKind* kind = FindDisplayKind(record->kind());
         if (!kind) continue;
-        if (takesPart(*kind)) refreshRecord(*kind, Parameters(record->bytes), page);
+        if (takesPart(*kind)) refreshRecord(*kind, ReadParameters(*kind, record->bytes), page);
         if (kind->cursor) ++*kind->cursor;
     }
     ResetCursors();
@@ -78,7 +78,7 @@ void syncAllRecords() {
     StreamWalker walker(DisplayStream.bytes(), Framing::DisplayByKind);
     while (const auto record = walker.next())
         if (const DisplayKind* kind = FindDisplayKind(record->kind()))
-            syncRecord(*kind, Parameters(record->bytes));
+            syncRecord(*kind, ReadParameters(*kind, record->bytes));
 }
 
 /// Goes by the whole type word: a record with flag bits, as one on a sliding list has, keeps counting as
@@ -87,7 +87,7 @@ void syncRecordsAfterTouch() {
     StreamWalker walker(DisplayStream.bytes(), Framing::DisplayByTypeWord);
     while (const auto record = walker.next()) {
         const DisplayKind* kind = FindDisplayKind(record->typeWord);
-        if (kind && kind->afterTouch) syncRecord(*kind, Parameters(record->bytes));
+        if (kind && kind->afterTouch) syncRecord(*kind, ReadParameters(*kind, record->bytes));
     }
 }
 

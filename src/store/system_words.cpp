@@ -7,6 +7,7 @@
 #include "store/clock.h"
 #include "store/language.h"
 #include "store/variable_store.h"
+#include "widgets/display/media.h"
 
 #include <algorithm>
 
@@ -48,6 +49,8 @@ void setAutoDimming() {
 
 void applyPreset() { ApplyPagePreset(ReadWord(word::PagePreset)); }
 
+void playMusic() { PlayMusic(ReadWord(word::Music)); }
+
 struct SystemWord {
     std::uint16_t address;
     void (*apply)();
@@ -59,6 +62,7 @@ constexpr SystemWord SystemWords[] = {
     {word::Page, switchPage, &PageRequestFromInspector},
     {word::Brightness, setBrightness, nullptr},
     {word::SetTime, SetClockFromWords, nullptr},
+    {word::Music, playMusic, &MusicRequestFromInspector},
     {word::Volume, setVolume, nullptr},
     {word::VirtualKey, raiseVirtualKey, nullptr},
     {word::AutoDimming, setAutoDimming, nullptr},
@@ -87,7 +91,8 @@ void ApplySystemWordFromMainThread(std::uint16_t address) {
 }
 
 void ServeInspectorRequests() {
-    // The page comes first: the other two may show the page on show again, which takes word 0x7000 back.
+    // The page comes first: language and preset may show the page on show again, which takes word 0x7000
+    // back.
     const std::uint16_t page = ReadWord(word::Page);
     if (page != CurrentPage && PageRequestFromInspector) {
         PageRequestFromInspector = 0;
@@ -95,6 +100,7 @@ void ServeInspectorRequests() {
     }
     if (LanguageRequestFromInspector.exchange(0)) ChangeLanguage();
     if (PresetRequestFromInspector.exchange(0)) applyPreset();
+    if (MusicRequestFromInspector.exchange(0)) playMusic();
 }
 
 } // namespace panel

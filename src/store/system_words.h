@@ -41,14 +41,16 @@ inline Shared<std::uint16_t> VirtualKeyCode{0};
 /// Acts on a word after it was written. Engine thread; a word without an action does nothing.
 void ApplySystemWord(std::uint16_t address);
 
-/// Acts on a word that the main thread wrote. Words that draw (page, language, page preset) are handed to the
-/// engine, which serves them at the end of its cycle; all others act at once. Main thread.
+/// Acts on a word that the main thread wrote. Words that draw or read files (page, language, page preset,
+/// music) are handed to the engine, which serves them at the end of its cycle; all others act at once. Main
+/// thread.
 void ApplySystemWordFromMainThread(std::uint16_t address);
 
 /// What ApplySystemWordFromMainThread() handed over. Main thread raises, engine clears.
 inline Shared<std::uint8_t> PageRequestFromInspector{0};
 inline Shared<std::uint8_t> LanguageRequestFromInspector{0};
 inline Shared<std::uint8_t> PresetRequestFromInspector{0};
+inline Shared<std::uint8_t> MusicRequestFromInspector{0};
 
 /// Serves those requests, the page first. Engine thread.
 void ServeInspectorRequests();

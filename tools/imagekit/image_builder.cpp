@@ -129,6 +129,17 @@ Bytes ImageBuilder::encodeString(const LanguageText& text, const std::string& wh
     return record.u16(static_cast<std::uint32_t>(bytes.size())).bytes(bytes).take();
 }
 
+/// The panel takes samples whose zero is shifted.
+std::uint16_t ImageBuilder::addSound(const std::vector<std::int16_t>& samples) {
+    constexpr std::size_t mostSounds = 0x7FFF;
+    if (sounds_.size() == mostSounds)
+        throw ImageError("audio table", AtMost(sounds_.size() + 1, "sounds", mostSounds));
+    ByteWriter stored;
+    for (const std::int16_t sample : samples) stored.u16(static_cast<std::uint16_t>(sample + 0x7FFF));
+    sounds_.push_back(stored.take());
+    return static_cast<std::uint16_t>(sounds_.size());
+}
+
 std::uint16_t ImageBuilder::addString(const LanguageText& text) {
     const std::size_t index = strings_.size() + 1;
     if (index > LargestCount) throw ImageError(stringName(index), AtMost(index, "strings", LargestCount));
@@ -234,6 +245,13 @@ void ImageBuilder::placeFonts(ImageLayout& layout) const {
     layout.placeTable(SectionWord::FontTable, table.data(), fonts_.size());
 }
 
+void ImageBuilder::placeSounds(ImageLayout& layout) const {
+    ByteWriter table;
+    for (const Bytes& sound : sounds_)
+        table.u32(layout.place(sound)).u32(static_cast<std::uint32_t>(sound.size()));
+    layout.placeTable(SectionWord::AudioTable, table.data(), sounds_.size());
+}
+
 void ImageBuilder::placeStrings(ImageLayout& layout) const {
     const auto place = [&](const StoredString& text) { return text ? layout.place(*text) : NoString; };
     std::vector<std::uint32_t> common;
@@ -268,6 +286,7 @@ QByteArray ImageBuilder::build() const {
     placePictures(layout);
     placeFonts(layout);
     placeStrings(layout);
+    placeSounds(layout);
     placeSequences(sequences_, layout);
     placeLanguagePresets(languagePresets_, layout);
     Bytes image = layout.finish(EncodeConfig(config_));

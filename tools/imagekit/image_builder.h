@@ -91,6 +91,8 @@ public:
     /// Appends a sequence of pictures for animations and gives its id. Frames are drawn in the size of the
     /// widget, which should be theirs.
     std::uint16_t addSequence(const std::vector<Picture>& frames);
+    /// Appends a sound, one channel of 22050 samples a second, and gives its number, from 1.
+    std::uint16_t addSound(const std::vector<std::int16_t>& samples);
 
     /// The word of an opaque colour in this image.
     std::uint32_t colour(const QColor& colour) const { return OpaqueColourWord(colour, config_.ColourMode); }
@@ -138,6 +140,7 @@ private:
     Bytes encodeString(const LanguageText& text, const std::string& where) const;
     void placeFonts(ImageLayout& layout) const;
     void placeStrings(ImageLayout& layout) const;
+    void placeSounds(ImageLayout& layout) const;
     void checkLanguage(std::uint8_t language, const std::string& where) const;
     void placePictures(ImageLayout& layout) const;
     void applyPatches(Bytes& image) const;
@@ -148,6 +151,7 @@ private:
     std::vector<LanguagePictures> pictures_;
     std::vector<StoredFont> fonts_;
     std::vector<LanguageStrings> strings_;
+    std::vector<Bytes> sounds_; // as stored
     std::vector<std::vector<StoredPicture>> sequences_;
     Bytes variables_;                    // empty as long as all words are zero
     std::vector<Bytes> languagePresets_; // by language; empty when no language has any

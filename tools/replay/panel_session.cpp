@@ -5,19 +5,57 @@
 #include "host/image_file.h"
 #include "host/serial_recorder.h"
 #include "replay/command_error.h"
+#include "widgets/display/media.h"
+
+#include <QFileInfo>
 
 #include <utility>
 
 namespace replay {
+namespace {
+
+/// A media file as seen from the directory of the image.
+QString besideImage(const QString& file) {
+    const QString directory = panel::MediaDirectory();
+    return file.startsWith(directory) ? file.mid(directory.size()) : file;
+}
+
+QString placeText(const QRect& rect) {
+    return QString("x=%1 y=%2 w=%3 h=%4").arg(rect.x()).arg(rect.y()).arg(rect.width()).arg(rect.height());
+}
+
+} // namespace
 
 void OutputRecorder::showFrame(const QImage& frame) {
     lastFrame_ = frame;
     ++frameCount_;
 }
 
+void OutputRecorder::playSound() {
+    const panel::ReadySound sound = panel::TakeReadySound();
+    media_ += QString("wav ready=%1 bytes=%2 repeat=%3 file=%4")
+                  .arg(sound.ready ? 1 : 0)
+                  .arg(sound.samples.size())
+                  .arg(sound.repeat ? 1 : 0)
+                  .arg(besideImage(sound.file));
+}
+
+void OutputRecorder::playVideo() {
+    const panel::ReadyVideo video = panel::VideoToPlay();
+    media_ += QString("video mode=%1 %2 file=%3")
+                  .arg(video.mode)
+                  .arg(placeText(video.rect), besideImage(video.file));
+}
+
+void OutputRecorder::playCamera() {
+    const panel::ReadyCamera camera = panel::CameraToShow();
+    media_ += QString("camera %1 group=%2").arg(placeText(camera.rect)).arg(camera.group);
+}
+
 void PanelSession::load(const QString& path) {
     running_ = false;
     if (!panel::ReadImageFile(path)) throw CommandError("cannot read the image " + path);
+    panel::SetMediaDirectory(QFileInfo(path).path());
     running_ = panel::StartPanel(outputs_) == panel::StartResult::Running;
 }
 

@@ -27,10 +27,9 @@ public:
     void stopMusic() override { media_ += "stop-music"; }
     void closeVideo() override { media_ += "close-video"; }
     void closeCamera() override { media_ += "close-camera"; }
-    // No page has a player or a camera to start.
-    void playSound() override {}
-    void playVideo() override {}
-    void playCamera() override {}
+    void playSound() override;
+    void playVideo() override;
+    void playCamera() override;
 
 private:
     QImage lastFrame_;

@@ -1,13 +1,17 @@
 #include "panel_test.h"
 
 #include "demo/layout.h"
+#include "demo/media_project.h"
 #include "demo/project.h"
 #include "demo/texts.h"
 #include "demo/words.h"
 
 #include "pages/page_switch.h"
+#include "widgets/display/media.h"
 
+#include <QFile>
 #include <QGuiApplication>
+#include <QTemporaryDir>
 
 #include <cstdlib>
 
@@ -122,6 +126,30 @@ TEST_F(DemoProject, StartsAtHomeAndChangesScenesByPresets) {
         panel::StoreWord(words::Scene, words::Comfort);
         panel::StoreWord(words::RoomTarget, 0);
     }
+}
+
+TEST_F(DemoProject, HasASecondOneThatPlaysFiles) {
+    const QTemporaryDir folder;
+    WriteMediaProject(folder.path());
+    QFile image(folder.filePath("media.bin"));
+    ASSERT_TRUE(image.open(QIODevice::ReadOnly));
+    panel::SetMediaDirectory(folder.path());
+    boot(image.readAll());
+    const auto tap = [this](QPoint at) {
+        run(100);
+        panel::PressPointer(at);
+        run(40);
+        panel::ReleasePointer();
+        run(40);
+    };
+    tap({400, 300});
+    EXPECT_EQ(panel::TakeReadySound().file, folder.filePath("Music/0001.wav"));
+    tap({100, 150});
+    EXPECT_EQ(panel::VideoToPlay().file, folder.filePath("Video/0001.avi"));
+    tap({60, 40});
+    tap({640, 150});
+    tap({460, 412});
+    EXPECT_EQ(media().back(), "camera");
 }
 
 } // namespace

@@ -12,14 +12,7 @@
 namespace demo {
 namespace {
 
-using imagekit::Area;
 namespace panelWord = panel::word;
-
-std::uint16_t u16(int value) { return static_cast<std::uint16_t>(value); }
-
-Area areaOf(const QRect& rect) {
-    return {u16(rect.left()), u16(rect.top()), u16(rect.right()), u16(rect.bottom())};
-}
 
 /// What a key shows when a word has a certain value.
 struct Choice {
@@ -41,7 +34,7 @@ public:
     template <class Key>
     void key(PageId page, const QRect& area, int radius, Key key, const Choice* choice = nullptr) {
         const KeyLooks looks = art_.cut(page, area, area, radius);
-        key.Where = areaOf(area);
+        key.Where = AreaOf(area);
         key.NormalImage = looks.normal;
         key.PressImage = looks.pressed;
         key.OverlayGroup = groupOn(page, area, choice);
@@ -54,7 +47,7 @@ public:
     void plainKey(PageId page, const QRect& area, const QRect& lit, Key key) {
         const QRect piece = area & QRect(area.topLeft(), lit.bottomRight() + QPoint(4, 4));
         const KeyLooks looks = art_.cut(page, piece, lit, lit.height() / 2);
-        key.Where = areaOf(area);
+        key.Where = AreaOf(area);
         key.NormalImage = looks.normal;
         key.PressImage = looks.pressed;
         image_.page(page).add(key);
@@ -64,38 +57,12 @@ public:
         plainKey(page, area, area, key);
     }
 
-    /// Flips bit 0 of a word.
     void onOff(PageId page, const QRect& area, std::uint16_t word, const QString& name) {
-        const auto picture = [&](SwitchLook look) { return art_.opaque(SwitchPicture(area.size(), look)); };
-        image_.page(page).add(imagekit::StepKey{.Where = areaOf(area),
-                                                .Address = word,
-                                                .Type = imagekit::BitOfWord(0),
-                                                .PressImage = picture(SwitchLook::Pressed)});
-        image_.page(page).add(imagekit::BitIcon{.ValueAddress = word,
-                                                .X = u16(area.x()),
-                                                .Y = u16(area.y()),
-                                                .ClearImage = picture(SwitchLook::Off),
-                                                .SetImage = picture(SwitchLook::On)},
-                              name);
+        AddSwitch(image_.page(page), art_, area, word, name);
     }
-
-    struct Range {
-        int lowest, highest;
-        QColor from, to;
-    };
-    void slider(PageId page, const QRect& track, std::uint16_t word, const Range& range,
+    void slider(PageId page, const QRect& track, std::uint16_t word, const SliderScale& scale,
                 const QString& name) {
-        constexpr int reach = 18; // px beside the track that a finger may miss it by
-        image_.page(page).add(
-            imagekit::Slider{.FillX = u16(track.x()),
-                             .FillY = u16(track.y()),
-                             .FillImage = art_.withAlpha(SliderFill(track.size(), range.from, range.to)),
-                             .Address = word,
-                             .Where = areaOf(track.adjusted(0, -reach, 1, reach)),
-                             .ThumbImage = art_.withAlpha(SliderThumb(26)),
-                             .Highest = static_cast<std::int16_t>(range.highest),
-                             .Lowest = static_cast<std::int16_t>(range.lowest)},
-            name);
+        AddSlider(image_.page(page), art_, track, word, scale, name);
     }
 
     void drum(PageId page, const QRect& window, std::uint16_t word, int lowest,
@@ -103,15 +70,15 @@ public:
         const QSize cell(window.width(), window.height() / 3);
         image_.page(page).add(imagekit::RollerPicker{
             .Address = word,
-            .Window = {u16(window.x()), u16(window.y()), u16(window.x() + window.width()),
-                       u16(window.y() + window.height())},
-            .MarginA = u16(cell.height()),
-            .MarginB = u16(cell.height()),
+            .Window = {U16(window.x()), U16(window.y()), U16(window.x() + window.width()),
+                       U16(window.y() + window.height())},
+            .MarginA = U16(cell.height()),
+            .MarginB = U16(cell.height()),
             .StopsAtEnds = stops,
             .SelectedStrip = art_.opaque(DrumStrip(cells, cell, true)),
             .NormalStrip = art_.opaque(DrumStrip(cells, cell, false)),
-            .Lowest = u16(lowest),
-            .Highest = u16(lowest + static_cast<int>(cells.size()) - 1)});
+            .Lowest = U16(lowest),
+            .Highest = U16(lowest + static_cast<int>(cells.size()) - 1)});
     }
 
     /// A mark of its own, beside a key that carries none.
@@ -124,10 +91,10 @@ public:
         std::vector<std::uint16_t> pictures;
         for (const QColor& colour : colours) pictures.push_back(art_.withAlpha(Dot(10, colour)));
         image_.page(page).add(imagekit::ValueIcon{.ValueAddress = word,
-                                                  .X = u16(at.x()),
-                                                  .Y = u16(at.y()),
+                                                  .X = U16(at.x()),
+                                                  .Y = U16(at.y()),
                                                   .FirstImage = pictures.front(),
-                                                  .Maximum = u16(static_cast<int>(colours.size()) - 1)});
+                                                  .Maximum = U16(static_cast<int>(colours.size()) - 1)});
     }
 
     /// The captions that are on no key.
@@ -135,7 +102,7 @@ public:
         for (std::size_t page = 0; page < pages_.size(); ++page)
             for (std::size_t i = 0; i < pages_[page].captions.size(); ++i)
                 if (!captionTaken_[page][i])
-                    image_.page(u16(static_cast<int>(page))).add(texts_.caption(pages_[page].captions[i]));
+                    image_.page(U16(static_cast<int>(page))).add(texts_.caption(pages_[page].captions[i]));
     }
 
 private:
@@ -143,11 +110,11 @@ private:
 
     imagekit::ValueIcon markOn(const QRect& card, const Choice& choice) {
         return {.ValueAddress = choice.word,
-                .X = u16(card.right() - MarkSize - 8),
-                .Y = u16(card.y() + 9),
+                .X = U16(card.right() - MarkSize - 8),
+                .Y = U16(card.y() + 9),
                 .FirstImage = art_.withAlpha(ChosenMark(MarkSize, choice.colour)),
-                .Minimum = u16(choice.value),
-                .Maximum = u16(choice.value)};
+                .Minimum = U16(choice.value),
+                .Maximum = U16(choice.value)};
     }
 
     std::uint16_t groupOn(PageId page, const QRect& area, const Choice* choice) {
@@ -175,23 +142,23 @@ private:
 
 imagekit::StepKey stepOf(std::uint16_t word, bool up, int step, int lowest, int highest) {
     return {
-        .Address = word, .Up = up, .Step = u16(step), .Highest = highest, .Lowest = lowest, .Repeat = true};
+        .Address = word, .Up = up, .Step = U16(step), .Highest = highest, .Lowest = lowest, .Repeat = true};
 }
 
 /// Writes a word at a click, and then changes the page.
 imagekit::MultiKey writing(std::uint16_t word, int value, std::uint16_t target = imagekit::None) {
-    return {.Click = {.Enabled = true, .TargetPage = target, .Address = word, .Value = u16(value)}};
+    return {.Click = {.Enabled = true, .TargetPage = target, .Address = word, .Value = U16(value)}};
 }
 
 /// Copies one of the words 0, 1, 2 that the image holds for it.
 imagekit::CopyKey choosing(std::uint16_t word, int value, std::uint16_t target = imagekit::None) {
-    return {.TargetPage = target, .Destination = word, .Source = u16(words::Numbers + value)};
+    return {.TargetPage = target, .Destination = word, .Source = U16(words::Numbers + value)};
 }
 
 imagekit::PopupKey opening(PageId popup) {
     return {.Page = popup,
-            .PopupX = u16(layout::popup::Origin.x()),
-            .PopupY = u16(layout::popup::Origin.y()),
+            .PopupX = U16(layout::popup::Origin.x()),
+            .PopupY = U16(layout::popup::Origin.y()),
             .Dim = true};
 }
 
@@ -261,7 +228,7 @@ void addSchedule(Builder& controls) {
                                    .Source = words::DayPrograms,
                                    .WordCount = 6});
     for (int day = 0; day < 7; ++day)
-        controls.dot(SchedulePage, {layout::Left + 4, DayTrack(day).y() + 8}, u16(words::DayPrograms + day),
+        controls.dot(SchedulePage, {layout::Left + 4, DayTrack(day).y() + 8}, U16(words::DayPrograms + day),
                      colours);
 }
 
@@ -274,6 +241,8 @@ void addSettings(Builder& controls) {
                     {0, 16, colour::Cool, colour::Cool}, "Volume");
     controls.onOff(SettingsPage, TileSwitch(Tile(0, 2)), panelWord::AutoDimming, "Auto-dimming");
     controls.onOff(SettingsPage, TileSwitch(Tile(0, 3)), words::KeyTones, "Key tones");
+    const QRect bell = badge(Tile(0, 3));
+    controls.key(SettingsPage, bell, bell.height() / 2, writing(panelWord::Music, ChimeSound));
     imagekit::StepKey language = stepOf(panelWord::Language, true, 1, 0, LanguageIds - 1);
     language.Wrap = true;
     language.Repeat = false;

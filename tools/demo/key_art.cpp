@@ -2,7 +2,11 @@
 
 #include "demo/canvas.h"
 
+#include "imagekit/icon_widgets.h"
+
 #include <QLinearGradient>
+
+#include <functional>
 
 namespace demo {
 namespace {
@@ -98,6 +102,35 @@ QImage DrumStrip(const std::vector<QString>& cells, QSize cell, bool selected) {
         place.translate(0, cell.height());
     }
     return canvas.take().image;
+}
+
+void AddSwitch(imagekit::Page& page, KeyArt& art, const QRect& area, std::uint16_t word,
+               const QString& name) {
+    const auto picture = [&](SwitchLook look) { return art.opaque(SwitchPicture(area.size(), look)); };
+    page.add(imagekit::StepKey{.Where = AreaOf(area),
+                               .Address = word,
+                               .Type = imagekit::BitOfWord(0),
+                               .PressImage = picture(SwitchLook::Pressed)});
+    page.add(imagekit::BitIcon{.ValueAddress = word,
+                               .X = U16(area.x()),
+                               .Y = U16(area.y()),
+                               .ClearImage = picture(SwitchLook::Off),
+                               .SetImage = picture(SwitchLook::On)},
+             name);
+}
+
+void AddSlider(imagekit::Page& page, KeyArt& art, const QRect& track, std::uint16_t word,
+               const SliderScale& scale, const QString& name) {
+    constexpr int reach = 18; // px beside the track that a finger may miss it by
+    page.add(imagekit::Slider{.FillX = U16(track.x()),
+                              .FillY = U16(track.y()),
+                              .FillImage = art.withAlpha(SliderFill(track.size(), scale.from, scale.to)),
+                              .Address = word,
+                              .Where = AreaOf(track.adjusted(0, -reach, 1, reach)),
+                              .ThumbImage = art.withAlpha(SliderThumb(26)),
+                              .Highest = static_cast<std::int16_t>(scale.highest),
+                              .Lowest = static_cast<std::int16_t>(scale.lowest)},
+             name);
 }
 
 } // namespace demo

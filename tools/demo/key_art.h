@@ -3,6 +3,8 @@
 
 #include "demo/project.h"
 
+#include "imagekit/touch_controls.h"
+
 #include <QByteArray>
 #include <QImage>
 #include <QRect>
@@ -12,6 +14,12 @@
 #include <vector>
 
 namespace demo {
+
+/// A coordinate on the panel as records hold it.
+inline std::uint16_t U16(int value) { return static_cast<std::uint16_t>(value); }
+inline imagekit::Area AreaOf(const QRect& rect) {
+    return {U16(rect.left()), U16(rect.top()), U16(rect.right()), U16(rect.bottom())};
+}
 
 struct KeyLooks {
     std::uint16_t normal = 0, pressed = 0; // pictures of the image
@@ -49,5 +57,16 @@ QImage Dot(int diameter, const QColor& colour);
 
 /// The cells of a drum, one under the other. The selected look is that of its middle.
 QImage DrumStrip(const std::vector<QString>& cells, QSize cell, bool selected);
+
+/// A switch that flips bit 0 of a word.
+void AddSwitch(imagekit::Page& page, KeyArt& art, const QRect& area, std::uint16_t word, const QString& name);
+
+struct SliderScale {
+    int lowest, highest;
+    QColor from, to;
+};
+/// A slider over a painted track.
+void AddSlider(imagekit::Page& page, KeyArt& art, const QRect& track, std::uint16_t word,
+               const SliderScale& scale, const QString& name);
 
 } // namespace demo

@@ -1,5 +1,7 @@
-// make-demo: paints the demo project and writes it as demo.bin, with the tables of its widgets beside it.
+// make-demo: paints the demo project and writes it as demo.bin, with the tables of its widgets beside it, and
+// a second one that plays music and video into the folder "media".
 
+#include "demo/media_project.h"
 #include "demo/project.h"
 
 #include "imagekit/image_error.h"
@@ -35,6 +37,7 @@ void makeDemo(const QString& output, const QString& pictures) {
     const QDir directory = outputDirectory(output);
     image.write(directory.filePath("demo.bin"));
     imagekit::WriteWidgetTables(image, directory.path());
+    demo::WriteMediaProject(outputDirectory(directory.filePath("media")));
 }
 
 } // namespace
@@ -45,7 +48,8 @@ int main(int argc, char** argv) {
     const QGuiApplication application(argc, argv);
 
     QCommandLineParser parser;
-    parser.setApplicationDescription("Paints the demo project and writes it as OUTPUT_DIR/demo.bin.");
+    parser.setApplicationDescription("Paints the demo projects and writes them as OUTPUT_DIR/demo.bin and "
+                                     "OUTPUT_DIR/media/media.bin.");
     parser.addHelpOption();
     parser.addPositionalArgument("OUTPUT_DIR", "Directory of the image; made if there is none.");
     const QCommandLineOption pictures(

@@ -5,6 +5,7 @@
 #include "demo/layout.h"
 #include "demo/live_values.h"
 #include "demo/pages/pages.h"
+#include "demo/sounds.h"
 #include "demo/texts.h"
 #include "demo/theme.h"
 #include "demo/translations.h"
@@ -142,6 +143,7 @@ imagekit::ImageBuilder BuildProject(const std::vector<PaintedPage>& pages) {
                                   .StartPage = HomePage,
                                   .LangueNum = LanguageIds});
     for (const PaintedPage& page : pages) image.addPage(pictureOf(page));
+    image.addSound(Chime());
     addTexts(image, pages);
     addScenes(image.page(HomePage));
     addScenes(image.page(AwayPopup));

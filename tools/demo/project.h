@@ -34,6 +34,9 @@ struct PaintedPage {
     std::vector<Caption> captions;
 };
 
+/// The number of the one sound that the image holds, a chime.
+inline constexpr std::uint16_t ChimeSound = 1;
+
 /// All pages, painted, in the order of PageId.
 std::vector<PaintedPage> PaintPages();
 

@@ -5,6 +5,7 @@
 #include "widgets/display/label.h"
 #include "widgets/display/media.h"
 #include "widgets/display/number.h"
+#include "widgets/display/png_number.h"
 #include "widgets/display/uitimer.h"
 #include "widgets/display/value_icon.h"
 
@@ -45,6 +46,10 @@ constexpr DisplayKind Kinds[] = {
     {.code = 0x04,
      .name = "pngNumber",
      .dependsOn = PngNumberValue,
+     .display = DisplayPngNumber,
+     .displayInGroup = DisplayPngNumberInGroup,
+     .forget = ForgetPngNumberWidths,
+     .cursor = &PngNumberCursor,
      .inGroups = true,
      .refresh = Refresh::ByValue,
      .afterTouch = true},

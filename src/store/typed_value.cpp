@@ -36,4 +36,8 @@ NumericValue ReadNumeric(std::uint16_t address, std::uint8_t typeCode) {
             .negative = true}; // 2^64 is 0 here, and 0 - value is right too
 }
 
+NumericValue ReadNumericStrictly(std::uint16_t address, std::uint8_t typeCode) {
+    return typeCode == TypePlain64 ? NumericValue{} : ReadNumeric(address, typeCode);
+}
+
 } // namespace panel

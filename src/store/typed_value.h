@@ -22,5 +22,7 @@ struct NumericValue {
 
 /// The variable at a word address; 0 for a code that names no type. Any thread.
 NumericValue ReadNumeric(std::uint16_t address, std::uint8_t typeCode);
+/// The same for widgets that show 64 bits only in their signed type: 0 for TypePlain64 too.
+NumericValue ReadNumericStrictly(std::uint16_t address, std::uint8_t typeCode);
 
 } // namespace panel

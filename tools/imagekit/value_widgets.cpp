@@ -12,6 +12,12 @@ std::uint32_t code(Enum value) {
     return static_cast<std::uint32_t>(value);
 }
 
+std::uint32_t alignmentByte(Alignment alignment, bool leadingZeros) {
+    return code(alignment) | (leadingZeros ? 0x80u : 0u);
+}
+
+QString typeText(DataType type) { return QString("%1").arg(code(type), 2, 16, QChar('0')); }
+
 } // namespace
 
 DisplayRecord Encode(const Label& label) {
@@ -30,12 +36,25 @@ DisplayRecord Encode(const Label& label) {
 DisplayRecord Encode(const Number& number) {
     if (number.Unit.size() > LongestUnit)
         throw ImageError("number", AtMost(number.Unit.size(), "bytes of unit", LongestUnit));
-    const std::uint32_t alignment = code(number.Align) | (number.LeadingZeros ? 0x80u : 0u);
     ByteWriter block;
     block.u16(number.ValueAddress).u16(number.X).u16(number.Y).u24(number.Colour).u8(0).u8(number.Font).u8(0);
-    block.u8(alignment).u8(number.IntegerDigits).u8(number.DecimalDigits).u8(code(number.Type));
+    block.u8(alignmentByte(number.Align, number.LeadingZeros))
+        .u8(number.IntegerDigits)
+        .u8(number.DecimalDigits)
+        .u8(code(number.Type));
     block.u8(static_cast<std::uint32_t>(number.Unit.size())).text(number.Unit).u16(number.HideAddress);
     return {.Kind = 0x02,
+            .Flags = ListFlag(number.InList),
+            .ParameterAddress = number.ParameterAddress,
+            .Block = block.take()};
+}
+
+DisplayRecord Encode(const PngNumber& number) {
+    ByteWriter block;
+    block.u16(number.ValueAddress).u16(number.X).u16(number.Y).u16(number.FirstImage).u16(number.LastImage);
+    block.u8(code(number.Type)).u8(number.IntegerDigits).u8(number.DecimalDigits);
+    block.u8(alignmentByte(number.Align, number.LeadingZeros)).u16(number.HideAddress);
+    return {.Kind = 0x04,
             .Flags = ListFlag(number.InList),
             .ParameterAddress = number.ParameterAddress,
             .Block = block.take()};
@@ -81,7 +100,14 @@ WidgetDescription Describe(const Number& number) {
     return {.Name = "number",
             .Address = number.ValueAddress,
             .VectorAddress = number.ParameterAddress,
-            .Code = QString("%1").arg(code(number.Type), 2, 16, QChar('0'))};
+            .Code = typeText(number.Type)};
+}
+
+WidgetDescription Describe(const PngNumber& number) {
+    return {.Name = "pngNumber",
+            .Address = number.ValueAddress,
+            .VectorAddress = number.ParameterAddress,
+            .Code = typeText(number.Type)};
 }
 
 WidgetDescription Describe(const ImageAnimation& animation) {

@@ -62,6 +62,21 @@ struct Number {
     std::uint16_t HideAddress = None; // hidden while this word is not 0
 };
 
+/// A numeric variable in digit pictures: 0 to 9, then the decimal point and the minus, if it has them.
+struct PngNumber {
+    std::uint16_t ParameterAddress = Inline;
+    bool InList = false;
+    std::uint16_t ValueAddress = 0;
+    std::uint16_t X = 0, Y = 0;                   // px, of the edge or the centre that the alignment names
+    std::uint16_t FirstImage = 0, LastImage = 11; // indices of the picture table
+    bool LeadingZeros = false;
+    Alignment Align = Alignment::Left;
+    std::uint8_t IntegerDigits = 0;
+    std::uint8_t DecimalDigits = 0;
+    DataType Type = DataType::U16;
+    std::uint16_t HideAddress = None; // hidden while this word is not 0
+};
+
 /// Plays a sequence of ImageBuilder::addSequence() as its control word tells.
 struct ImageAnimation {
     std::uint16_t ParameterAddress = Inline;
@@ -99,11 +114,13 @@ struct UiTimer {
 
 DisplayRecord Encode(const Label& label);
 DisplayRecord Encode(const Number& number);
+DisplayRecord Encode(const PngNumber& number);
 DisplayRecord Encode(const ImageAnimation& animation);
 DisplayRecord Encode(const UiTimer& timer);
 
 WidgetDescription Describe(const Label& label);
 WidgetDescription Describe(const Number& number);
+WidgetDescription Describe(const PngNumber& number);
 WidgetDescription Describe(const ImageAnimation& animation);
 WidgetDescription Describe(const UiTimer& timer);
 

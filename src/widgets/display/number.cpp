@@ -2,7 +2,7 @@
 
 #include "graphics/text.h"
 #include "host/config_block.h"
-#include "store/variable_store.h"
+#include "widgets/display/number_record.h"
 #include "widgets/display/number_text.h"
 #include "widgets/display/placement.h"
 
@@ -12,7 +12,6 @@ namespace panel {
 namespace {
 
 namespace field {
-constexpr std::size_t Value = 5;
 constexpr std::size_t X = 7;
 constexpr std::size_t Y = 9;
 constexpr std::size_t Colour = 0x0B;
@@ -24,10 +23,6 @@ constexpr std::size_t DataType = 0x14;
 constexpr std::size_t UnitLength = 0x15;
 constexpr std::size_t Unit = 0x16; // then the address of the hide word
 } // namespace field
-
-constexpr std::uint8_t LeadingZerosBit = 0x80;
-constexpr std::uint8_t Left = 0, Centre = 1, Right = 2;
-constexpr std::uint16_t NoAddress = 0xFFFF;
 
 /// The unit text of a record, up to 255 bytes.
 class Unit {
@@ -42,30 +37,25 @@ private:
     std::size_t count_;
 };
 
-std::uint8_t alignmentOf(const Parameters& p) { return p.u8(field::Alignment) & ~LeadingZerosBit; }
+NumberAlignment alignmentOf(const Parameters& p) { return AlignmentIn(p.u8(field::Alignment)); }
 
 NumberFormat formatOf(const Parameters& p) {
     return {.integerDigits = p.u8(field::IntegerDigits),
             .decimalDigits = p.u8(field::DecimalDigits),
-            .leadingZeros = (p.u8(field::Alignment) & LeadingZerosBit) != 0};
+            .leadingZeros = LeadingZerosIn(p.u8(field::Alignment))};
 }
 
 /// Digits and unit are single-byte characters in any font.
 TextStyle styleOf(const Parameters& p) {
     TextFont font = TableFont(p.u8(field::Font));
     font.encoding = Encoding::Ascii;
-    return {.font = font, .anchor = alignmentOf(p), .colour = p.u24(field::Colour)};
+    return {
+        .font = font, .anchor = static_cast<std::uint8_t>(alignmentOf(p)), .colour = p.u24(field::Colour)};
 }
 
 QPoint positionOf(const Parameters& p) { return QPoint(p.u16(field::X), p.u16(field::Y)) + PopupShift(); }
 
-/// Byte addresses have 16 bits, so a word address above 0x7FFF stands for one below.
-std::uint16_t valueAddress(const Parameters& p) { return p.u16(field::Value) & 0x7FFF; }
-
-bool isHidden(const Parameters& p) {
-    const std::uint16_t address = p.u16(field::Unit + p.u8(field::UnitLength));
-    return address != NoAddress && ReadWord(address) != 0;
-}
+bool isHidden(const Parameters& p) { return HidesNumber(p.u16(field::Unit + p.u8(field::UnitLength))); }
 
 /// The width in px of a text in a box that has room for `characters` of them.
 int measure(const TextStyle& style, int characters, TextBytes text, bool upright) {
@@ -104,11 +94,11 @@ QRect clipBottom(QRect box) {
     return box;
 }
 
-QRect boxOnPage(std::uint8_t alignment, QPoint at, int width, int height) {
+QRect boxOnPage(NumberAlignment alignment, QPoint at, int width, int height) {
     switch (alignment) {
-    case Left: return clipRight({at.x(), at.y(), width, height});
-    case Centre: return clipRight({at.x() - width / 2, at.y(), width, height});
-    case Right: return {at.x() - width, at.y(), width, height};
+    case NumberAlignment::Left: return clipRight({at.x(), at.y(), width, height});
+    case NumberAlignment::Centre: return clipRight({at.x() - width / 2, at.y(), width, height});
+    case NumberAlignment::Right: return {at.x() - width, at.y(), width, height};
     default: return {0, at.y(), width, height};
     }
 }
@@ -154,19 +144,13 @@ QRect rightInGroup(int rotation, QPoint at, int width, int height) {
     }
 }
 
-QRect boxInGroup(std::uint8_t alignment, int rotation, QPoint at, int width, int height) {
+QRect boxInGroup(NumberAlignment alignment, int rotation, QPoint at, int width, int height) {
     switch (alignment) {
-    case Left: return leftInGroup(rotation, at, width, height);
-    case Centre: return centredInGroup(rotation, at, width, height);
-    case Right: return rightInGroup(rotation, at, width, height);
+    case NumberAlignment::Left: return leftInGroup(rotation, at, width, height);
+    case NumberAlignment::Centre: return centredInGroup(rotation, at, width, height);
+    case NumberAlignment::Right: return rightInGroup(rotation, at, width, height);
     default: return {0, 0, width, height};
     }
-}
-
-/// A group shows 64 bits only in their signed type.
-NumericValue valueInGroup(const Parameters& p) {
-    const std::uint8_t type = p.u8(field::DataType);
-    return type == TypePlain64 ? NumericValue{} : ReadNumeric(valueAddress(p), type);
 }
 
 } // namespace
@@ -174,13 +158,13 @@ NumericValue valueInGroup(const Parameters& p) {
 void ForgetNumberWidths() { NumberWidthMemory.fill(0); }
 
 void DisplayNumber(const Parameters& p) {
-    const std::uint16_t address = valueAddress(p);
+    const std::uint16_t address = NumberAddress(p);
     if (!IsStoreWord(address)) return;
     const TextStyle style = styleOf(p);
     const NumericValue value = ReadNumeric(address, p.u8(field::DataType));
     const NumberText text = PageNumberText(value, formatOf(p), Unit(p).bytes());
     const int width = widthInForce(measure(style, charactersOnPage(p), text.bytes(), true));
-    const QRect box = boxOnPage(style.anchor, positionOf(p), width, style.font.height);
+    const QRect box = boxOnPage(alignmentOf(p), positionOf(p), width, style.font.height);
     if (box.isEmpty()) return;
     const auto draw = p.inList() ? DrawTextList : DrawTextFrame;
     draw(style, {}, {box.left(), box.top(), box.right(), box.bottom()}, text.bytes(), TextMode::Draw);
@@ -191,11 +175,12 @@ void DisplayNumberInGroup(const Parameters& p, QRect host) {
     if (isHidden(p)) return;
     const TextStyle style = styleOf(p);
     const NumberFormat format = formatOf(p);
-    const NumberText text = GroupNumberText(valueInGroup(p), format, Unit(p).bytes());
+    const NumberText text = GroupNumberText(ReadNumericStrictly(NumberAddress(p), p.u8(field::DataType)),
+                                            format, Unit(p).bytes());
     const int characters = format.digits() + 2 + p.u8(field::UnitLength);
     const bool upright = Rotation != 1 && Rotation != 3;
     const int width = measure(style, characters, text.bytes(), upright);
-    const QRect box = boxInGroup(style.anchor, Rotation, positionOf(p), width, style.font.height);
+    const QRect box = boxInGroup(alignmentOf(p), Rotation, positionOf(p), width, style.font.height);
     DrawTextWork(style, box.translated(QPoint(1, 1) - host.topLeft()), text.bytes());
 }
 

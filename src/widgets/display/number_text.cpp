@@ -82,4 +82,10 @@ NumberText GroupNumberText(NumericValue value, const NumberFormat& format,
     return text;
 }
 
+NumberText PictureNumberText(NumericValue value, const NumberFormat& format) {
+    NumberText text = GroupNumberText(value, format, {});
+    if (format.digits() == 0) text.put('0');
+    return text;
+}
+
 } // namespace panel

@@ -50,12 +50,15 @@ private:
 };
 
 // Digits above the format's count are dropped. A negative number keeps its sign even if the rest is 0. The
-// two forms differ in leading zeros, and where a number has no integer digits.
+// forms differ in leading zeros, and where a number has no integer digits.
 
 /// The number as a widget of the page shows it.
 NumberText PageNumberText(NumericValue value, const NumberFormat& format, std::span<const std::uint8_t> unit);
 /// The number as a widget in a group shows it.
 NumberText GroupNumberText(NumericValue value, const NumberFormat& format,
                            std::span<const std::uint8_t> unit);
+/// The number as a widget shows it that has pictures for the characters: as in a group, but never without a
+/// digit.
+NumberText PictureNumberText(NumericValue value, const NumberFormat& format);
 
 } // namespace panel

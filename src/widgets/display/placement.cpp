@@ -5,6 +5,12 @@
 
 namespace panel {
 
+bool BlitToWork(const ImageRow& image, QPoint at) {
+    if (!DrawsSomething(image)) return false;
+    BlitImage(WorkSurface, at, image, {0, 0, image.Width, image.Height}, image.Width);
+    return true;
+}
+
 void BackdropToWork(QRect rect, std::uint8_t inList) {
     CopySurfaceRect(inList ? ListSurfaceB : PageBackground, rect, WorkSurface, {0, 0});
 }

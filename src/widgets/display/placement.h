@@ -17,6 +17,10 @@ inline QPoint PopupShift() { return PopupActive == 1 ? QPoint(PopupOriginX, Popu
 /// Puts the page's background back on the FrameSurface.
 inline void RestoreBackground(QRect rect) { RestoreFrameRect(rect.topLeft(), PageImage, rect, DisplayWidth); }
 
+/// Draws a whole picture at `at` on the WorkSurface, over what is there. Returns false when there was nothing
+/// to draw.
+bool BlitToWork(const ImageRow& image, QPoint at);
+
 // A widget composes on the WorkSurface from (0, 0) on. Its rectangle is in panel coordinates, or with
 // `inList` not 0 in those of the sliding list's picture.
 

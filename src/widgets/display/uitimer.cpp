@@ -1,14 +1,11 @@
 #include "widgets/display/uitimer.h"
 
-#include "graphics/image_blit.h"
 #include "graphics/surfaces.h"
 #include "store/clock.h"
 #include "store/variable_store.h"
+#include "widgets/display/glyph_pictures.h"
 #include "widgets/display/placement.h"
 #include "widgets/touch/open_entry.h"
-
-#include <array>
-#include <span>
 
 namespace panel {
 namespace {
@@ -28,22 +25,7 @@ constexpr std::size_t TargetAddress = 0x15;
 constexpr std::size_t TargetValue = 0x17;
 } // namespace field
 
-/// Digits 0 to 9 and the colon, left to right.
-class Glyphs {
-public:
-    static constexpr unsigned Colon = 10;
-
-    Glyphs& put(unsigned code) {
-        codes_[count_++] = static_cast<std::uint8_t>(code);
-        return *this;
-    }
-    Glyphs& putTwo(unsigned value) { return put(value / 10).put(value % 10); }
-    std::span<const std::uint8_t> codes() const { return std::span(codes_).first(count_); }
-
-private:
-    std::array<std::uint8_t, 8> codes_{};
-    std::size_t count_ = 0;
-};
+constexpr unsigned Colon = 10; // behind the digits
 
 unsigned digitsFor(std::uint16_t preset) {
     unsigned digits = 1;
@@ -51,32 +33,27 @@ unsigned digitsFor(std::uint16_t preset) {
     return digits;
 }
 
-Glyphs plainGlyphs(unsigned count, unsigned digits) {
+void putPlain(GlyphPictures& glyphs, unsigned count, unsigned digits) {
     constexpr unsigned powers[] = {1, 10, 100, 1000, 10000};
-    Glyphs glyphs;
     while (digits > 0) glyphs.put(count / powers[--digits] % 10);
-    return glyphs;
 }
 
-Glyphs glyphsOf(const UiTimerRow& row) {
+GlyphPictures glyphsOf(const UiTimerRow& row) {
     const unsigned count = ReadWord(row.Timer);
     const unsigned hours = count / 3600;
     const unsigned minutes = count % 3600 / 60;
     const unsigned seconds = count % 60;
+    GlyphPictures glyphs(row.FirstImage);
     switch (row.Format) {
     case TimerFormat::HoursMinutesSeconds:
-        return Glyphs().putTwo(hours).put(Glyphs::Colon).putTwo(minutes).put(Glyphs::Colon).putTwo(seconds);
-    case TimerFormat::HoursMinutes: return Glyphs().putTwo(hours).put(Glyphs::Colon).putTwo(minutes);
-    case TimerFormat::MinutesSeconds: return Glyphs().putTwo(minutes).put(Glyphs::Colon).putTwo(seconds);
-    case TimerFormat::Plain: return plainGlyphs(count, digitsFor(ReadWord(row.Preset)));
+        glyphs.putTwoDigits(hours).put(Colon).putTwoDigits(minutes).put(Colon).putTwoDigits(seconds);
+        break;
+    case TimerFormat::HoursMinutes: glyphs.putTwoDigits(hours).put(Colon).putTwoDigits(minutes); break;
+    case TimerFormat::MinutesSeconds: glyphs.putTwoDigits(minutes).put(Colon).putTwoDigits(seconds); break;
+    case TimerFormat::Plain: putPlain(glyphs, count, digitsFor(ReadWord(row.Preset))); break;
     case TimerFormat::Nothing: break;
     }
-    return {};
-}
-
-ImageRow glyphImage(const UiTimerRow& row, unsigned code) {
-    const unsigned index = row.FirstImage + code;
-    return index <= 0xFFFF ? TableImageRow(static_cast<std::uint16_t>(index)) : ImageRow{};
+    return glyphs;
 }
 
 bool holds(const UiTimerRow& row, TimerControl control) {
@@ -85,20 +62,8 @@ bool holds(const UiTimerRow& row, TimerControl control) {
 
 void hide(UiTimerRow& row) {
     if (row.LastWidth == 0) return;
-    RestoreBackground({row.X, row.Y, row.LastWidth, glyphImage(row, 0).Height});
+    RestoreBackground({row.X, row.Y, row.LastWidth, GlyphPicture(row.FirstImage, 0).Height});
     row.LastWidth = 0;
-}
-
-void drawGlyphs(UiTimerRow& row, const Glyphs& glyphs) {
-    int x = row.X;
-    for (const std::uint8_t code : glyphs.codes()) {
-        const ImageRow image = glyphImage(row, code);
-        if (!image.hasPicture()) continue;
-        CurrentImage = image;
-        DrawImage(FrameSurface, {x, row.Y}, image, Backdrop::Page);
-        x += image.Width;
-    }
-    row.LastWidth = static_cast<std::uint16_t>(x - row.X);
 }
 
 /// All that the record tells; the width on the screen stays.
@@ -138,9 +103,10 @@ void AddUiTimer(const Parameters& p) {
 
 void DrawUiTimer(UiTimerRow& row) {
     if (holds(row, TimerControl::Hidden)) return hide(row);
-    const Glyphs glyphs = glyphsOf(row);
-    if (glyphs.codes().empty() || OverlapsOpenEntry(row.X, row.Y, 0, CurrentImage.Height)) return;
-    drawGlyphs(row, glyphs);
+    const GlyphPictures glyphs = glyphsOf(row);
+    if (glyphs.pictures().empty() || OverlapsOpenEntry(row.X, row.Y, 0, CurrentImage.Height)) return;
+    const int width = DrawGlyphs(glyphs, FrameSurface, {row.X, row.Y}, Backdrop::Page);
+    row.LastWidth = static_cast<std::uint16_t>(width);
 }
 
 void UiTimerTick() {

@@ -27,12 +27,7 @@ void DrawKeyImage(std::uint16_t image, QPoint at, Backdrop behind, std::uint8_t 
     if (BaseInUse) DrawImage(BaseSurface, at, row, behind);
 }
 
-bool BlitKeyImage(std::uint16_t image, QPoint at) {
-    const ImageRow row = TableImageRow(image);
-    if (!DrawsSomething(row)) return false;
-    BlitImage(WorkSurface, at, row, {0, 0, row.Width, row.Height}, row.Width);
-    return true;
-}
+bool BlitKeyImage(std::uint16_t image, QPoint at) { return BlitToWork(TableImageRow(image), at); }
 
 void DrawKeyImageWithGroup(std::uint16_t image, QPoint at, std::uint16_t group, std::uint8_t inList) {
     const ImageRow row = TableImageRow(image);

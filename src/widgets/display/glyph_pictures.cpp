@@ -1,0 +1,60 @@
+#include "widgets/display/glyph_pictures.h"
+
+#include "widgets/display/placement.h"
+
+namespace panel {
+namespace {
+
+/// From a picture to the place of the next one.
+QPoint stepOver(const ImageRow& picture, int rotation) {
+    switch (rotation) {
+    case 1: return {0, picture.Height};
+    case 2: return {-picture.Width, 0};
+    case 3: return {0, -picture.Height};
+    default: return {picture.Width, 0};
+    }
+}
+
+} // namespace
+
+GlyphPictures& GlyphPictures::put(unsigned code) {
+    if (count_ < Capacity) pictures_[count_++] = GlyphPicture(firstImage_, code);
+    return *this;
+}
+
+int GlyphPictures::width() const {
+    int sum = 0;
+    for (const ImageRow& picture : pictures()) sum += picture.Width;
+    return sum;
+}
+
+int GlyphPictures::height() const {
+    int sum = 0;
+    for (const ImageRow& picture : pictures()) sum += picture.Height;
+    return sum;
+}
+
+ImageRow GlyphPicture(std::uint16_t firstImage, unsigned code) {
+    const unsigned index = firstImage + code;
+    return index <= 0xFFFF ? TableImageRow(static_cast<std::uint16_t>(index)) : ImageRow{};
+}
+
+void BlitGlyphs(const GlyphPictures& glyphs, QPoint at, int rotation) {
+    for (const ImageRow& picture : glyphs.pictures()) {
+        BlitToWork(picture, at);
+        at += stepOver(picture, rotation);
+    }
+}
+
+int DrawGlyphs(const GlyphPictures& glyphs, QImage& target, QPoint at, Backdrop backdrop) {
+    int width = 0;
+    for (const ImageRow& picture : glyphs.pictures()) {
+        if (!picture.hasPicture()) continue;
+        CurrentImage = picture;
+        DrawImage(target, {at.x() + width, at.y()}, picture, backdrop);
+        width += picture.Width;
+    }
+    return width;
+}
+
+} // namespace panel

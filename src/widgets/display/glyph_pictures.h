@@ -1,0 +1,47 @@
+// Texts made of pictures: digits, signs and separators side by side. Engine thread.
+#pragma once
+
+#include "graphics/image_blit.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+namespace panel {
+
+/// The pictures of a text, in its order; what is beyond the capacity is dropped. A glyph's picture lies as
+/// many places behind the first one of the run as its code tells: digits have the codes 0 to 9, the meaning
+/// of others is the widget's. One beyond the image table is no picture and takes no room.
+class GlyphPictures {
+public:
+    static constexpr std::size_t Capacity = 100;
+
+    explicit GlyphPictures(std::uint16_t firstImage) : firstImage_(firstImage) {}
+
+    GlyphPictures& put(unsigned code);
+    GlyphPictures& putTwoDigits(unsigned value) { return put(value / 10).put(value % 10); }
+
+    std::span<const ImageRow> pictures() const { return std::span(pictures_).first(count_); }
+    int width() const;  // px, of all side by side
+    int height() const; // px, of all one below the other
+
+private:
+    std::uint16_t firstImage_;
+    std::array<ImageRow, Capacity> pictures_;
+    std::size_t count_ = 0;
+};
+
+/// The picture of one glyph of a run.
+ImageRow GlyphPicture(std::uint16_t firstImage, unsigned code);
+
+/// Draws the text on the WorkSurface, over what is there. `rotation` tells its way as that of the panel does:
+/// to the right, down, to the left, up. Every picture takes the room that its row tells, also one that cannot
+/// be drawn.
+void BlitGlyphs(const GlyphPictures& glyphs, QPoint at, int rotation = 0);
+
+/// Draws the text to the right over a backdrop. A glyph without a picture takes no room. Returns the width
+/// in px.
+int DrawGlyphs(const GlyphPictures& glyphs, QImage& target, QPoint at, Backdrop backdrop);
+
+} // namespace panel

@@ -66,6 +66,7 @@ TEST_P(NumberTexts, InBothForms) {
     constexpr std::uint8_t unit[] = {'k', 'g'};
     EXPECT_EQ(PageNumberText(value, format, unit).view(), std::string(c.page) + "kg");
     EXPECT_EQ(GroupNumberText(value, format, unit).view(), std::string(c.group) + "kg");
+    EXPECT_EQ(PictureNumberText(value, format).view(), format.digits() > 0 ? c.group : "0");
 }
 
 INSTANTIATE_TEST_SUITE_P(

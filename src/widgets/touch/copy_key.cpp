@@ -58,13 +58,13 @@ void virtualKey(const CopyKeyRow& row) {
     copyAndChangePage(row);
 }
 
-constexpr KeyFamily Family{.rows = CopyKeys,
-                           .active = CopyKeyActive,
-                           .activeRow = CopyKeyActiveRow,
-                           .press = showPressed,
-                           .letGo = letGo,
-                           .act = copyAndChangePage,
-                           .virtualKey = virtualKey};
+constexpr KeyFamily<CopyKeyRow, CopyKeys.Capacity> Family{.rows = CopyKeys,
+                                                          .active = CopyKeyActive,
+                                                          .activeRow = CopyKeyActiveRow,
+                                                          .press = showPressed,
+                                                          .letGo = letGo,
+                                                          .act = copyAndChangePage,
+                                                          .virtualKey = virtualKey};
 
 } // namespace
 

@@ -38,13 +38,13 @@ void virtualKey(const PageKeyRow& row) {
     changePage(row);
 }
 
-constexpr KeyFamily Family{.rows = PageKeys,
-                           .active = PageKeyActive,
-                           .activeRow = PageKeyActiveRow,
-                           .press = showPressed,
-                           .letGo = letGo,
-                           .act = changePage,
-                           .virtualKey = virtualKey};
+constexpr KeyFamily<PageKeyRow, PageKeys.Capacity> Family{.rows = PageKeys,
+                                                          .active = PageKeyActive,
+                                                          .activeRow = PageKeyActiveRow,
+                                                          .press = showPressed,
+                                                          .letGo = letGo,
+                                                          .act = changePage,
+                                                          .virtualKey = virtualKey};
 
 } // namespace
 

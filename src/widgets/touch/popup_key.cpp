@@ -63,11 +63,11 @@ void letGo(const PopupKeyRow& row) {
     openPopup(row);
 }
 
-constexpr KeyFamily Family{.rows = PopupKeys,
-                           .active = PopupKeyActive,
-                           .activeRow = PopupKeyActiveRow,
-                           .press = showPressed,
-                           .letGo = letGo};
+constexpr KeyFamily<PopupKeyRow, PopupKeys.Capacity> Family{.rows = PopupKeys,
+                                                            .active = PopupKeyActive,
+                                                            .activeRow = PopupKeyActiveRow,
+                                                            .press = showPressed,
+                                                            .letGo = letGo};
 
 /// From then on as if the key were pressed; the page behind is kept, and darkened, already now.
 void pressByVirtualKey(const PopupKeyRow& row) {

@@ -52,13 +52,13 @@ void letGo(const StateKeyRow& row) {
     if (StateKeyActive) ShowNormal(row.head, currentLooks(row));
 }
 
-constexpr KeyFamily Family{.rows = StateKeys,
-                           .active = StateKeyActive,
-                           .activeRow = StateKeyActiveRow,
-                           .press = showPressed,
-                           .letGo = letGo,
-                           .virtualKey = startPreset,
-                           .takesPress = hasVariable};
+constexpr KeyFamily<StateKeyRow, StateKeys.Capacity> Family{.rows = StateKeys,
+                                                            .active = StateKeyActive,
+                                                            .activeRow = StateKeyActiveRow,
+                                                            .press = showPressed,
+                                                            .letGo = letGo,
+                                                            .virtualKey = startPreset,
+                                                            .takesPress = hasVariable};
 
 } // namespace
 

@@ -136,13 +136,13 @@ void virtualKey(const StepKeyRow& row) {
     showStep(row);
 }
 
-constexpr KeyFamily Family{.rows = StepKeys,
-                           .active = StepActive,
-                           .activeRow = StepRow,
-                           .press = press,
-                           .letGo = letGo,
-                           .act = showStep,
-                           .virtualKey = virtualKey};
+constexpr KeyFamily<StepKeyRow, StepKeys.Capacity> Family{.rows = StepKeys,
+                                                          .active = StepActive,
+                                                          .activeRow = StepRow,
+                                                          .press = press,
+                                                          .letGo = letGo,
+                                                          .act = showStep,
+                                                          .virtualKey = virtualKey};
 
 bool repeatIsDue() {
     constexpr std::uint8_t firstRepeatTicks = 50; // to be passed, not only reached

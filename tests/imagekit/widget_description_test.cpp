@@ -18,6 +18,7 @@ TEST(WidgetTables, ListWhatIsDescribedPageByPage) {
     Page& first = image.addPage();
     Page& second = image.addPage();
     second.add(Number{.ValueAddress = 0x0abc, .Type = DataType::S32}, "speed");
+    second.add(PngNumber{.ValueAddress = 0x0abd, .Type = DataType::U8}, "level");
     first.add(Label{.TextAddress = 0x100, .Font = ascii}, "名");
     first.add(Label{.ParameterAddress = 0x200, .Font = sparse, .String = 1}, "title");
     first.add(UiTimer{.PresetAddress = 1, .TimerAddress = 2, .ControlAddress = 3}, "egg");
@@ -28,7 +29,8 @@ TEST(WidgetTables, ListWhatIsDescribedPageByPage) {
               "0,label_0,名,0x0100,,0xFFFF,,4,,\n"
               "0,label_1,title, ,,0x0200,,3,,\n"
               "0,uitimer_2,egg,0x0002,,0xFFFF,,0x0001,,0x0003\n"
-              "1,number_0,speed,0x0ABC,,0xFFFF,,82,,\n");
+              "1,number_0,speed,0x0ABC,,0xFFFF,,82,,\n"
+              "1,pngNumber_1,level,0x0ABD,,0xFFFF,,00,,\n");
     EXPECT_EQ(EncodeWidgetTable(image, WidgetTable::Touch),
               "Page,WidgetName,Description,Var_Addr\n0,slider_7,level,0x0050\n");
 

@@ -5,6 +5,7 @@
 #include "demo/words.h"
 
 #include <QFontMetrics>
+#include <QPainterPath>
 
 #include <cmath>
 
@@ -22,7 +23,7 @@ inline constexpr TextStyle Compact{15, QFont::DemiBold, colour::Text};
 inline constexpr TextStyle Value{17, QFont::DemiBold, colour::Text};
 inline constexpr TextStyle Figure{24, QFont::DemiBold, colour::Text};
 inline constexpr TextStyle Large{34, QFont::DemiBold, colour::Text};
-inline constexpr TextStyle Room{46, QFont::DemiBold, colour::Text};
+inline constexpr TextStyle Room{50, QFont::DemiBold, colour::Text};
 } // namespace style
 
 constexpr int WellPadding = 10; // px between a well's end and its text
@@ -41,7 +42,6 @@ struct LiveNumber {
 std::vector<LiveNumber> homeNumbers() {
     using namespace layout::home;
     return {
-        {HomePage, RoomValue, words::RoomTemperature, "Room temperature", style::Room, 2, 1, nullptr},
         {HomePage, TargetValue, words::RoomTarget, "Room target temperature", style::Value.in(colour::Warm),
          2, 1, nullptr},
         {HomePage, OutdoorValue, words::OutdoorTemperature, "Outdoor temperature", style::Large, 2, 1, "°C",
@@ -179,6 +179,45 @@ void addNumbers(imagekit::ImageBuilder& image) {
         for (const LiveNumber& number : numbers) addNumber(image, fonts, number);
 }
 
+/// A character that fades downwards and throws a soft shadow.
+imagekit::Pixels shadedGlyph(QChar character, const TextStyle& style) {
+    constexpr int Margin = 7, ShadowReach = 3; // px
+    const QColor foot(166, 184, 212);
+    const QFont font = ThemeFont(style);
+    const QFontMetrics metrics(font);
+    const int baseline = Margin + metrics.capHeight();
+    Canvas canvas({metrics.horizontalAdvance(character), baseline + Margin}, Qt::transparent);
+    QPainterPath shape;
+    shape.addText(0, baseline, font, character);
+    QPainter& painter = canvas.painter();
+    for (int reach = ShadowReach; reach > 0; --reach)
+        painter.strokePath(shape.translated(0, 2),
+                           QPen(QColor(0, 0, 0, 24), 2 * reach, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    QLinearGradient shade(0, Margin, 0, baseline);
+    shade.setColorAt(0.3, style.colour);
+    shade.setColorAt(1, foot);
+    painter.fillPath(shape, shade);
+    return {canvas.take().image, format::aRGB8888};
+}
+
+/// The temperature of the room, larger and finer than the one colour of a font allows.
+void addRoomTemperature(imagekit::ImageBuilder& image) {
+    imagekit::PngNumber number{
+        .ValueAddress = words::RoomTemperature, .IntegerDigits = 2, .DecimalDigits = 1};
+    int height = 0;
+    for (const char character : std::string("0123456789.")) {
+        const imagekit::Pixels glyph = shadedGlyph(QChar(character), style::Room);
+        number.LastImage = image.addPicture(glyph);
+        height = glyph.Image.height();
+    }
+    const QRect well = layout::home::RoomValue;
+    number.FirstImage = static_cast<std::uint16_t>(number.LastImage - 10);
+    number.Align = imagekit::Alignment::Centre;
+    number.X = static_cast<std::uint16_t>(well.x() + well.width() / 2);
+    number.Y = static_cast<std::uint16_t>(well.y() + (well.height() - height) / 2);
+    image.page(HomePage).add(number, "Room temperature");
+}
+
 /// A text that the store holds, in every language.
 struct LiveText {
     QRect area;
@@ -286,6 +325,7 @@ void NeedLiveTexts(Texts& texts) {
 
 void AddLiveValues(imagekit::ImageBuilder& image, Texts& texts) {
     addNumbers(image);
+    addRoomTemperature(image);
     addTexts(image, texts);
     addFan(image, HomePage, layout::home::Fan, 1.6);
     addFan(image, HeatingPage, layout::heating::Fan, 1.4);

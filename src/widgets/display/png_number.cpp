@@ -91,11 +91,20 @@ int leftOf(NumberAlignment alignment, int width) {
     }
 }
 
-/// Where a text begins that leaves `room` px of its rectangle free.
-int indent(NumberAlignment alignment, int room) {
+/// How much of some `space` an alignment leaves before a text that runs right or down.
+int spaceBefore(NumberAlignment alignment, int space) {
     switch (alignment) {
-    case NumberAlignment::Centre: return room / 2;
-    case NumberAlignment::Right: return room;
+    case NumberAlignment::Centre: return space / 2;
+    case NumberAlignment::Right: return space;
+    default: return 0;
+    }
+}
+
+/// And before one in a group that runs left or up.
+int spaceBeforeTurned(NumberAlignment alignment, int space) {
+    switch (alignment) {
+    case NumberAlignment::Left: return space;
+    case NumberAlignment::Centre: return space / 2;
     default: return 0;
     }
 }
@@ -109,23 +118,12 @@ void putBackdrop(const Parameters& p, QRect area) {
         BackdropToWork(area, p.inList());
 }
 
-// How far a text of `length` px in a group begins left of its place or above: one that runs down, and one
-// that runs left or up.
-int forwards(NumberAlignment alignment, int length) {
-    return alignment == NumberAlignment::Right ? length : leftOf(alignment, length);
-}
-int backwards(NumberAlignment alignment, int length) {
-    return alignment == NumberAlignment::Left     ? length
-           : alignment == NumberAlignment::Centre ? length / 2
-                                                  : 0;
-}
-
 /// Where the first picture of a text in a group lies on the panel. `digit` is the size of the digit 0.
 QPoint startInGroup(NumberAlignment alignment, int rotation, QPoint at, int length, QSize digit) {
     switch (rotation) {
-    case 1: return at - QPoint(digit.width(), forwards(alignment, length));
-    case 2: return at - QPoint(backwards(alignment, length), digit.height());
-    case 3: return at - QPoint(0, backwards(alignment, length));
+    case 1: return at - QPoint(digit.width(), spaceBefore(alignment, length));
+    case 2: return at - QPoint(spaceBeforeTurned(alignment, length), digit.height());
+    case 3: return at - QPoint(0, spaceBeforeTurned(alignment, length));
     default: return at - QPoint(leftOf(alignment, length), 0);
     }
 }
@@ -145,7 +143,7 @@ void DisplayPngNumber(const Parameters& p) {
     const QPoint at = positionOf(p) - QPoint(leftOf(alignment, span), 0);
     const QRect area(at, QSize(span, heightOf(glyphs, p)).boundedTo(WorkSurface.size()));
     putBackdrop(p, area);
-    if (!isHidden(p)) BlitGlyphs(glyphs, {indent(alignment, span - width), 0});
+    if (!isHidden(p)) BlitGlyphs(glyphs, {spaceBefore(alignment, span - width), 0});
     LandWork(area, p.inList());
 }
 

@@ -2,6 +2,7 @@
 #include "pages/page_switch.h"
 #include "pages/refresh.h"
 #include "panel_test.h"
+#include "widgets/display/image_animation.h"
 #include "widgets/touch/encoder.h"
 
 #include <QPainter>
@@ -139,7 +140,70 @@ TEST_F(Icons, ComeOnTopWhenAPageIsShownAndAfterATouch) {
     EXPECT_EQ(change(RefreshPageWidgets, 1), Colours[Blue]);
     BaseSurface.fill(Mark);
     EXPECT_EQ(change(RefreshAfterTouch, 3), Mark);
+    BaseInUse = 0;
+    EXPECT_EQ(change(RefreshAfterTouch, 4), Colours[Blue]) << "nothing to bring back";
     EXPECT_EQ(change(ShowPage, 1), Colours[Green]);
+}
+
+TEST_F(Icons, StandOnAnAnimationThatShows) {
+    const struct {
+        std::uint8_t chip, kind;
+        bool onAnimation;
+    } cases[] = {{4, format::aRGB4444, true}, {4, format::RGB565, false}, {2, format::aRGB4444, false}};
+    QImage red = filled(Colours[Red]);
+    red.setPixel(0, 0, 0);
+    for (const auto& [chip, kind, onAnimation] : cases) {
+        imagekit::ImageBuilder panel({.Width = 64, .Height = 48, .ColourMode = 1, .ICType = chip});
+        panel.addPicture(imagekit::Pixels{red, kind});
+        panel.addPage(pattern(64, 48)).add(ValueIcon{None, false, Value, 8, 6, 0, 1, 1});
+        StoreWord(Value, 0);
+        boot(panel);
+        AnimationRow* animation = AnimationTable.next();
+        animation->Shown = 1;
+        animation->X = 8; // the corner of the icon is all that it covers
+        animation->Y = 6;
+        animation->Group = None;
+        AnimationTable.commit();
+        BaseInUse = 1;
+        BaseSurface = PageBackground;
+        TextSurface.fill(Mark);
+        StoreWord(Value, 1);
+        RefreshPageWidgets(0);
+        EXPECT_EQ(FrameSurface.pixel(13, 10), Colours[Red]);
+        EXPECT_EQ(FrameSurface.pixel(8, 6) == Mark, onAnimation) << int{kind};
+        EXPECT_EQ(BaseSurface.pixel(13, 10) == Colours[Red], !onAnimation) << int{kind};
+        StoreWord(Value, 2);
+        RefreshPageWidgets(0);
+        EXPECT_EQ(FrameSurface.pixel(13, 10), chip == 2 ? PageBackground.pixel(13, 10) : Mark);
+    }
+}
+
+TEST_F(Icons, OfABitInAGroupCountAsChangedOnlyInline) {
+    const auto member = [](std::uint16_t block) { return BitIcon{block, false, Bits, 0, 0, 0, Red, Green}; };
+    for (const std::uint16_t x : {0, 20}) {
+        const auto group = static_cast<std::uint16_t>(Group + x);
+        image.page(0).add(BitIcon{None, false, Value, x, 0, 0, Blue, Blue, 0, group});
+        image.page(0).addToGroup(group, member(x ? Block : None));
+    }
+    image.setBytes(Block, Encode(member(Block)).Block);
+    start();
+    FrameSurface.fill(Mark);
+    shown(Bits, 1);
+    EXPECT_EQ(pixel(5, 4), Colours[Green]);
+    EXPECT_EQ(pixel(25, 4), Mark);
+}
+
+TEST_F(Icons, BeginBelowPicture10000) {
+    while (image.addPicture(imagekit::Pixels{filled(Colours[Red])}) < 10000) {
+    }
+    image.page(0).add(ValueIcon{.ValueAddress = Value, .FirstImage = 9999});
+    image.page(0).add(ValueIcon{.ValueAddress = Value, .X = 20, .FirstImage = 10000});
+    image.page(0).add(BitIcon{.ValueAddress = Value, .X = 40, .ClearImage = Blue, .Group = Group});
+    image.page(0).addToGroup(Group, ValueIcon{.ValueAddress = Value, .X = 40, .FirstImage = 10000});
+    start();
+    EXPECT_EQ(FrameSurface.pixel(5, 4), Colours[Red]);
+    EXPECT_EQ(FrameSurface.pixel(45, 4), Colours[Blue]);
+    EXPECT_EQ(FrameSurface.copy(20, 0, 10, 8), page.copy(20, 0, 10, 8));
 }
 
 TEST_F(Icons, OfABackgroundWidgetsPageAndOfAListShowThereToo) {

@@ -1,5 +1,6 @@
 #include "host/command_line.h"
 #include "host/main_window.h"
+#include "host/video_decoder.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -35,8 +36,16 @@ void fitToScreen(QWidget& window) {
     window.resize(window.size().boundedTo(window.screen()->availableSize()));
 }
 
+/// What a run that nobody watches can do without is only told.
+QMessageBox::StandardButton tellOnly(const QString& text, QMessageBox::StandardButtons,
+                                     QMessageBox::StandardButton) {
+    std::fprintf(stderr, "vendaro: %s\n", qPrintable(text));
+    return QMessageBox::NoButton;
+}
+
 void planScreenshot(MainWindow& window, const CommandLine& line) {
     window.setMessageSink(failWithMessage);
+    window.setAskUser(tellOnly);
     QTimer::singleShot(line.afterMs, &window, [&window, file = line.screenshot] {
         if (window.grab().save(file, "PNG"))
             QCoreApplication::quit();
@@ -64,5 +73,6 @@ int main(int argc, char** argv) {
     if (!line.image.isEmpty())
         QTimer::singleShot(0, &window, [&window, &line] { window.openImage(line.image); });
     window.show();
+    ProbeVideoDecoder(window.askUser());
     return QCoreApplication::exec();
 }

@@ -67,10 +67,11 @@ std::unique_ptr<Ui::MainWindow> makeForm(QMainWindow* window) {
 
 MainWindow::MainWindow(PathFiles pathFiles, QWidget* parent)
     : QMainWindow(parent), ui_(makeForm(this)), pathFiles_(std::move(pathFiles)), information_(*ui_),
-      presenter_(*ui_->label_Show), workThread_(std::make_unique<WorkThread>()),
+      presenter_(*ui_->label_Show), media_(*ui_->label_Show), workThread_(std::make_unique<WorkThread>()),
       dialogReg_(new DialogReg(this)) {
     setUpView();
     setUpEngine();
+    setUpMedia();
     setUpInspector();
     if (QFileInfo(pathFiles_.startImage()).isFile()) information_.logLoading();
 }
@@ -98,6 +99,15 @@ void MainWindow::setUpEngine() {
     connect(workThread_.get(), &WorkThread::Update_to_MainWindow, this, &MainWindow::Update_From_Thread);
 }
 
+void MainWindow::setUpMedia() {
+    connect(workThread_.get(), &WorkThread::Play_Wav_Signals, &media_, &MediaBridge::Play_Wav_From_Thread);
+    connect(workThread_.get(), &WorkThread::Play_Video_Signals, &media_,
+            &MediaBridge::Play_Video_From_Thread);
+    connect(workThread_.get(), &WorkThread::Play_Camera_Signals, &media_,
+            &MediaBridge::Play_Camera_From_Thread);
+    connect(dialogReg_, &DialogReg::camera_statu_Signals, &media_, &MediaBridge::Play_Camera_From_Thread);
+}
+
 void MainWindow::setUpInspector() {
     connect(this, &MainWindow::Update_to_DialogInfo, dialogReg_, &DialogReg::AddrInit);
     ui_->tabWidget->addTab(dialogReg_, dialogReg_->windowTitle());
@@ -114,8 +124,10 @@ void MainWindow::openImage(const QString& path) {
 }
 
 void MainWindow::LoadImage(const QString& path) {
-    zoom_ = 1.0F;
     stopEngine();
+    media_.leaveImage();
+    zoom_ = 1.0F;
+    media_.setZoom(zoom_);
     if (!panel::ReadImageFile(path)) {
         if (!path.isEmpty()) showMessage_(QStringLiteral("Read fail,please check the path!"));
         return;
@@ -181,16 +193,21 @@ void MainWindow::dropEvent(QDropEvent* event) {
 
 void MainWindow::Update_From_Thread(QImage image) {
     presenter_.show(workThread_->takeFrame().value_or(image), panel::DimValue, zoom_);
+    media_.redrawPausedVideo();
 }
 
 void MainWindow::refreshFrame() {
     QMetaObject::invokeMethod(this, &MainWindow::redraw, Qt::QueuedConnection);
 }
 
-void MainWindow::redraw() { presenter_.showAgain(panel::DimValue, zoom_); }
+void MainWindow::redraw() {
+    presenter_.showAgain(panel::DimValue, zoom_);
+    media_.redrawPausedVideo();
+}
 
 void MainWindow::setZoom(float zoom) {
     zoom_ = zoom;
+    media_.setZoom(zoom);
     redraw();
 }
 
@@ -199,6 +216,24 @@ void MainWindow::on_actionZoomIn_triggered() { setZoom(zoom_ < LargestZoom ? zoo
 void MainWindow::on_actionZoomOut_triggered() { setZoom(zoom_ > SmallestZoom ? zoom_ - ZoomStep : zoom_); }
 
 void MainWindow::on_actionOriginal_triggered() { setZoom(1.0F); }
+
+// --- Sound, video and camera ---
+
+void MainWindow::setPlayerVolume(int volume) {
+    QMetaObject::invokeMethod(&media_, "setPlayerVolume", Qt::QueuedConnection, Q_ARG(int, volume));
+}
+
+void MainWindow::stopMusic() {
+    QMetaObject::invokeMethod(&media_, &MediaBridge::stopMusic, Qt::QueuedConnection);
+}
+
+void MainWindow::Close_Video() {
+    QMetaObject::invokeMethod(&media_, &MediaBridge::Close_Video, Qt::QueuedConnection);
+}
+
+void MainWindow::Close_Camera() {
+    QMetaObject::invokeMethod(&media_, &MediaBridge::Close_Camera, Qt::QueuedConnection);
+}
 
 // --- Mouse and keys ---
 

@@ -5,6 +5,7 @@
 #include "host/community.h"
 #include "host/frame_presenter.h"
 #include "host/information_panel.h"
+#include "host/media_bridge.h"
 #include "host/message_box.h"
 #include "host/path_files.h"
 
@@ -37,8 +38,17 @@ public:
     /// Where messages for the user go: ShowMessage() unless a run without a user sets something else.
     void setMessageSink(std::function<void(const QString&)> sink) { showMessage_ = std::move(sink); }
 
-    /// From the engine thread; done on the main thread.
+    /// How the user is asked about sound, video and camera: ShowWarning() unless a run without a user sets
+    /// something else.
+    void setAskUser(AskUser ask) { media_.setAskUser(std::move(ask)); }
+    const AskUser& askUser() const { return media_.askUser(); }
+
+    // From the engine thread; done on the main thread, in the order asked for.
     void refreshFrame() override;
+    void setPlayerVolume(int volume) override;
+    void stopMusic() override;
+    void Close_Video() override;
+    void Close_Camera() override;
 
 signals:
     /// A newly loaded image can be described.
@@ -65,6 +75,7 @@ protected:
 private:
     void setUpView();
     void setUpEngine();
+    void setUpMedia();
     void setUpInspector();
 
     void LoadImage(const QString& path);
@@ -81,6 +92,7 @@ private:
     PathFiles pathFiles_;
     InformationPanel information_;
     FramePresenter presenter_;
+    MediaBridge media_;
     std::function<void(const QString&)> showMessage_ = ShowMessage;
     QTimer timer1_; // the panel's tick
     QTimer timer2_; // the start by path file

@@ -17,8 +17,8 @@ inline QImage SlideSurface;        // three pages side by side during a slide
 inline QImage TextSurface;         // underlay of the text engine
 inline QImage PopupSaveSurface;    // the frame as it was under a pop-up
 inline QImage ImageScratchSurface; // picture of image format 11, 32 bits a pixel, as PngPicture() gives it
-inline QImage OverlaySurface; // laid over the camera picture; the main thread paints it while a camera runs
-inline QImage ListSurfaceA;   // the sliding list: null until a page has one
+inline QImage OverlaySurface;      // the camera picture; painted by the main thread while it runs
+inline QImage ListSurfaceA;        // the sliding list: null until a page has one
 inline QImage ListSurfaceB;
 
 /// Makes the first nine surfaces for a panel of `size` pixels: frame and page background black, the others

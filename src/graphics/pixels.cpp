@@ -202,7 +202,7 @@ void PremultiplyRow(const Pixel* straight, Pixel* stored, int count) {
         stored[i] = Premultiplied(straight[i]);
 }
 
-void KeyRow(Pixel* row, const Pixel* straight, const Pixel* stored, int count) {
+void KeyedRow(Pixel* row, const Pixel* straight, const Pixel* stored, int count) {
     for (int i = 0; i < count; ++i) {
         const Pixel kept = row[i], drawn = stored[i]; // both read in any case, so that the loop vectorises
         row[i] = (straight[i] & ~OpaqueBlack) != 0 ? drawn : kept;

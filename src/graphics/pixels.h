@@ -83,7 +83,7 @@ constexpr bool HasAlpha(PixelLayout layout) { return layout >= PixelLayout::Argb
 void DecodeRow(PixelLayout layout, const std::uint8_t* bytes, Pixel* straight, int count);
 void PremultiplyRow(const Pixel* straight, Pixel* stored, int count);
 /// Replaces the pixels of `row` whose straight colour is not black, by those of `stored`.
-void KeyRow(Pixel* row, const Pixel* straight, const Pixel* stored, int count);
+void KeyedRow(Pixel* row, const Pixel* straight, const Pixel* stored, int count);
 /// Lays premultiplied pixels over those of `row`.
 void OverRow(Pixel* row, const Pixel* source, int count);
 /// Copies premultiplied pixels as they look on black.

@@ -80,9 +80,9 @@ void RawPicture::key(Pixel* row, int x, int y, int count) const {
     Chunk straight, stored; // written before they are read
     forEachChunk(row, x, y, count, [&](Pixel* to, const std::uint8_t* bytes, int n) {
         DecodeRow(layout_, bytes, straight.data(), n);
-        if (!HasAlpha(layout_)) return KeyRow(to, straight.data(), straight.data(), n);
+        if (!HasAlpha(layout_)) return KeyedRow(to, straight.data(), straight.data(), n);
         PremultiplyRow(straight.data(), stored.data(), n);
-        KeyRow(to, straight.data(), stored.data(), n);
+        KeyedRow(to, straight.data(), stored.data(), n);
     });
 }
 

@@ -17,13 +17,16 @@
 #include "widgets/display/media.h"
 #include "widgets/display/uitimer.h"
 #include "widgets/touch/copy_key.h"
+#include "widgets/touch/keyboard.h"
 #include "widgets/touch/multi_key.h"
+#include "widgets/touch/number_entry.h"
 #include "widgets/touch/page_key.h"
 #include "widgets/touch/popup_key.h"
 #include "widgets/touch/roller_picker.h"
 #include "widgets/touch/slider.h"
 #include "widgets/touch/state_key.h"
 #include "widgets/touch/step_key.h"
+#include "widgets/touch/text_entry.h"
 
 #include <QColor>
 
@@ -151,13 +154,13 @@ constexpr CycleStep CycleSteps[] = {
     {"TouchSlider", step<TouchSlider>},
     {"TouchRollerPickers", step<TouchRollerPickers>},
     {"TouchRtouch", nullptr},
-    {"TouchNumberEntry", nullptr},
-    {"TouchTextEntry", nullptr},
+    {"TouchNumberEntry", step<TouchNumberEntry>},
+    {"TouchTextEntry", step<TouchTextEntry>},
     {"TouchPinyinEntry", nullptr},
     {"SlideListRefresh", nullptr},
     {"EncoderTick", nullptr},
     {"volume", passVolume},
-    {"text cursor", nullptr},
+    {"text cursor", step<BlinkCursor>},
     {"inspector requests", step<ServeInspectorRequests>},
     {"frame", sendFrame},
 };
@@ -179,7 +182,7 @@ constexpr TickCounter TickCounters[] = {
     {"needleMeter", nullptr},
     {"imageAnimation", CountAnimationTicks},
     {"step repeat", CountRepeatTicks},
-    {"text cursor", nullptr},
+    {"text cursor", CountCursorTicks},
     {"textroll", nullptr},
     {"curve", nullptr},
     {"idle time", countIdleTime},

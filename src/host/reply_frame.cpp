@@ -12,14 +12,14 @@ namespace {
 
 constexpr std::uint8_t NotifyCommand = 0x41;
 constexpr std::uint16_t NoVariable = 0xFFFF;
-constexpr std::size_t WidestValue = 8;
-constexpr std::size_t PayloadHead = 3; // command and address
+constexpr std::size_t LongestValue = 304; // a text with its end mark
+constexpr std::size_t PayloadHead = 3;    // command and address
 
 std::uint8_t highByte(std::uint16_t word) { return word >> 8; }
 std::uint8_t lowByte(std::uint16_t word) { return word & 0xFF; }
 
 void send(std::uint16_t address, std::span<const std::uint8_t> value) {
-    std::array<std::uint8_t, FrameHeadBytes + PayloadHead + WidestValue> frame{};
+    std::array<std::uint8_t, FrameHeadBytes + PayloadHead + LongestValue> frame{};
     const auto payload = std::span(frame).subspan(FrameHeadBytes);
     payload[0] = NotifyCommand;
     payload[1] = highByte(address);
@@ -37,7 +37,7 @@ void SendNotification(std::uint16_t address, std::uint16_t value) {
 void SendActionCode(std::uint16_t code) { SendNotification(NoVariable, code); }
 
 void SendVariable(std::uint16_t address, std::size_t byteCount) {
-    std::array<std::uint8_t, WidestValue> bytes{};
+    std::array<std::uint8_t, LongestValue> bytes{};
     const auto value = std::span(bytes).first(std::min(byteCount, bytes.size()));
     ReadBytes(2 * std::size_t{address}, value);
     send(address, value);

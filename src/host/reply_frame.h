@@ -11,7 +11,7 @@ namespace panel {
 void SendNotification(std::uint16_t address, std::uint16_t value);
 /// The code of an action, sent in place of a value.
 void SendActionCode(std::uint16_t code);
-/// A variable of 2, 4 or 8 bytes as it stands in the store.
+/// A number or a text as it stands in the store, 304 bytes at most.
 void SendVariable(std::uint16_t address, std::size_t byteCount = 2);
 
 } // namespace panel

@@ -25,6 +25,14 @@ std::uint64_t readBigEndian(std::size_t offset, std::size_t count) {
 
 } // namespace
 
+std::size_t ValueFrameBytes(std::uint8_t typeCode) {
+    switch (typeCode & ~TypeSignedBit) {
+    case 0x02: return 4;
+    case 0x03: return 8;
+    default: return 2;
+    }
+}
+
 NumericValue ReadNumeric(std::uint16_t address, std::uint8_t typeCode) {
     if (!namesType(typeCode)) return {};
     const std::size_t count = std::size_t{1} << (typeCode & TypeSizeMask);

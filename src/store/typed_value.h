@@ -1,6 +1,7 @@
 // Numeric variables of the store, read by the data type code that a record gives for them.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 namespace panel {
@@ -19,6 +20,9 @@ struct NumericValue {
 
     bool operator==(const NumericValue&) const = default;
 };
+
+/// Bytes that a frame to the host holds of such a value: whole words.
+std::size_t ValueFrameBytes(std::uint8_t typeCode);
 
 /// The variable at a word address; 0 for a code that names no type. Any thread.
 NumericValue ReadNumeric(std::uint16_t address, std::uint8_t typeCode);

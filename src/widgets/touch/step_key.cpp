@@ -98,14 +98,6 @@ std::int32_t stepDown(const StepKeyRow& row, std::int64_t value) {
     return static_cast<std::int32_t>(std::min<std::int64_t>(value, row.Highest));
 }
 
-std::size_t byteCount(std::uint8_t type) {
-    switch (type & ~TypeSignedBit) {
-    case 0x02: return 4;
-    case 0x03: return 8;
-    default: return 2;
-    }
-}
-
 void press(const StepKeyRow& row) {
     ShowPressed(row.head, row.Looks);
     if (row.Repeats) RepeatState = Repeat::Armed;
@@ -113,7 +105,8 @@ void press(const StepKeyRow& row) {
 
 void stepAndNotify(const StepKeyRow& row) {
     ApplyStep(row);
-    if (IsStoreWord(row.Address) && row.head.notifies()) SendVariable(row.Address, byteCount(row.DataType));
+    if (IsStoreWord(row.Address) && row.head.notifies())
+        SendVariable(row.Address, ValueFrameBytes(row.DataType));
     ShowNormal(row.head, row.Looks);
 }
 

@@ -4,13 +4,16 @@
 #include "pages/parameters.h"
 #include "pages/stream_walker.h"
 #include "widgets/touch/copy_key.h"
+#include "widgets/touch/keyboard.h"
 #include "widgets/touch/multi_key.h"
+#include "widgets/touch/number_entry.h"
 #include "widgets/touch/page_key.h"
 #include "widgets/touch/popup_key.h"
 #include "widgets/touch/roller_picker.h"
 #include "widgets/touch/slider.h"
 #include "widgets/touch/state_key.h"
 #include "widgets/touch/step_key.h"
+#include "widgets/touch/text_entry.h"
 #include "widgets/touch/touch_row.h"
 
 #include <algorithm>
@@ -28,14 +31,14 @@ struct TouchFamily {
 constexpr TouchFamily Families[] = {
     {.code = 0x8000, .name = "SwipeGesture"},
     {.code = 0x8001, .name = "PageKey", .reset = ResetPageKeys, .build = AddPageKey},
-    {.code = 0x8002, .name = "NumberEntry"},
+    {.code = 0x8002, .name = "NumberEntry", .reset = ResetNumberEntries, .build = AddNumberEntry},
     {.code = 0x8003, .name = "StepKey", .reset = ResetStepKeys, .build = AddStepKey},
     {.code = 0x8004, .name = "slider", .reset = ResetSliders, .build = AddSlider},
-    {.code = 0x8005, .name = "KeyboardKey"},
+    {.code = 0x8005, .name = "KeyboardKey", .reset = ResetKeyboard, .build = AddKeyboardKey},
     {.code = 0x8006, .name = "RollerPicker", .reset = ResetRollers, .build = AddRoller},
     {.code = 0x8007, .name = "rtouch"},
     {.code = 0x8008, .name = "PopupKey", .reset = ResetPopupKeys, .build = AddPopupKey},
-    {.code = 0x8009, .name = "TextEntry"},
+    {.code = 0x8009, .name = "TextEntry", .reset = ResetTextEntries, .build = AddTextEntry},
     {.code = 0x800A, .name = "PinyinEntry"},
     {.code = 0x800B, .name = "MultiKey", .reset = ResetMultiKeys, .build = AddMultiKey},
     {.code = 0x800C, .name = "SlidePage"},

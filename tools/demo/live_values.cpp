@@ -1,5 +1,6 @@
 #include "demo/live_values.h"
 
+#include "demo/keyboards.h"
 #include "demo/layout.h"
 #include "demo/translations.h"
 #include "demo/words.h"
@@ -240,6 +241,24 @@ imagekit::Bytes inItsRoom(const QString& text) {
     return bytes;
 }
 
+/// As it is typed: single bytes.
+void addPin(imagekit::ImageBuilder& image) {
+    const QRect well = layout::service::ServicePin;
+    image.page(ServicePage)
+        .add(imagekit::Label{.TextAddress = words::ServicePin,
+                             .X1 = static_cast<std::uint16_t>(well.left() + 6),
+                             .Y1 = static_cast<std::uint16_t>(well.top()),
+                             .X2 = static_cast<std::uint16_t>(well.right() - 6),
+                             .Y2 = static_cast<std::uint16_t>(well.bottom()),
+                             .Colour = image.colour(PinStyle.colour),
+                             .Font = AddEntryFont(image, PinStyle).index,
+                             .TextLength = words::PinWords,
+                             .Anchor = 1,
+                             .Masked = true},
+             "Service PIN");
+    image.setBytes(words::ServicePin, imagekit::EncodeText(Pin, imagekit::FontKind::Ascii));
+}
+
 void addTexts(imagekit::ImageBuilder& image, Texts& texts) {
     constexpr Qt::Alignment Right = Qt::AlignRight | Qt::AlignVCenter;
     for (const LiveText& text : HomeTexts) {
@@ -248,12 +267,7 @@ void addTexts(imagekit::ImageBuilder& image, Texts& texts) {
         image.addLanguagePreset(English, text.word, inItsRoom(text.english));
         image.addLanguagePreset(ChineseLanguage, text.word, inItsRoom(Chinese(text.english)));
     }
-    imagekit::Label pin =
-        texts.variableText(layout::service::ServicePin.adjusted(6, 0, -6, 0), words::ServicePin, PinStyle,
-                           Qt::AlignHCenter | Qt::AlignVCenter);
-    pin.Masked = true;
-    image.page(ServicePage).add(pin, "Service PIN");
-    image.setBytes(words::ServicePin, inItsRoom(Pin));
+    addPin(image);
 }
 
 /// A fan that turns by one blade.
@@ -320,7 +334,6 @@ void NeedLiveTexts(Texts& texts) {
     QString ascii;
     for (char character = ' '; character <= '~'; ++character) ascii += QChar(character);
     for (const LiveText& text : HomeTexts) texts.need(text.style, ascii + Chinese(text.english));
-    texts.need(PinStyle, ascii);
 }
 
 void AddLiveValues(imagekit::ImageBuilder& image, Texts& texts) {

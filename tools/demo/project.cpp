@@ -2,6 +2,7 @@
 
 #include "demo/controls.h"
 #include "demo/dither.h"
+#include "demo/keyboards.h"
 #include "demo/layout.h"
 #include "demo/live_values.h"
 #include "demo/pages/pages.h"
@@ -132,7 +133,11 @@ std::vector<PaintedPage> PaintPages() {
             pageOf("away", PaintAwayPopup(), format::PngAlpha),
             pageOf("boost", PaintBoostPopup(), format::aRGB8888),
             pageOf("standby", paintStandby(), format::SolidColour),
-            pageOf("date", PaintDatePopup(), format::PngAlpha)};
+            pageOf("date", PaintDatePopup(), format::PngAlpha),
+            pageOf("keypad", PaintKeypad(false), format::RGB565),
+            pageOf("keypad-pressed", PaintKeypad(true), format::RGB565),
+            pageOf("keyboard", PaintTextKeyboard(false), format::RGB565),
+            pageOf("keyboard-pressed", PaintTextKeyboard(true), format::RGB565)};
 }
 
 imagekit::ImageBuilder BuildProject(const std::vector<PaintedPage>& pages) {
@@ -145,6 +150,7 @@ imagekit::ImageBuilder BuildProject(const std::vector<PaintedPage>& pages) {
     for (const PaintedPage& page : pages) image.addPage(pictureOf(page));
     image.addSound(Chime());
     addTexts(image, pages);
+    AddKeyboards(image);
     addScenes(image.page(HomePage));
     addScenes(image.page(AwayPopup));
     setMeasurements(image);

@@ -25,6 +25,10 @@ enum PageId : std::uint16_t {
     BoostPopup,
     StandbyPage,
     DatePopup,
+    KeypadPage, // keyboards, each with a page of its keys pressed
+    KeypadPressedPage,
+    TextKeyboardPage,
+    TextKeyboardPressedPage,
 };
 
 struct PaintedPage {

@@ -63,6 +63,7 @@ enum Word : std::uint16_t {
 };
 
 inline constexpr std::uint16_t TextWords = 0x20; // room of a text
+inline constexpr std::uint16_t PinWords = 4;     // of the PIN, two characters each
 
 enum SceneId : std::uint16_t { Comfort, Eco, Night, Away };
 

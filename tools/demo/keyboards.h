@@ -1,0 +1,24 @@
+// The keyboards of the demo: a keypad for numbers and one for texts, each a page with its keys at rest and
+// one with all of them pressed.
+#pragma once
+
+#include "demo/canvas.h"
+#include "demo/project.h"
+
+#include "imagekit/image_builder.h"
+
+namespace demo {
+
+Art PaintKeypad(bool pressed);
+Art PaintTextKeyboard(bool pressed);
+
+/// Adds the keys to the keyboards' pages, and the fields that open them.
+void AddKeyboards(imagekit::ImageBuilder& image);
+
+/// The font in which texts are typed and the PIN stands in its well.
+struct EntryFont {
+    std::uint8_t index, width, height;
+};
+EntryFont AddEntryFont(imagekit::ImageBuilder& image, const TextStyle& style);
+
+} // namespace demo

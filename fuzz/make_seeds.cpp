@@ -1,6 +1,8 @@
 // Writes sound images for the fuzz targets to start from: make-seeds FOLDER.
+#include "imagekit/entry_widgets.h"
 #include "imagekit/icon_widgets.h"
 #include "imagekit/image_builder.h"
+#include "imagekit/media_widgets.h"
 #include "imagekit/touch_controls.h"
 
 #include <QDir>
@@ -51,6 +53,8 @@ ImageBuilder everyFormat(PanelConfig config) {
 ImageBuilder everyTouchWidget(PanelConfig config) {
     ImageBuilder image(config);
     for (const std::uint8_t format : {6, 2, 10}) image.addPicture(Pixels{gradient(12, 12), format});
+    image.addFont(SyntheticFont({.Kind = FontKind::Ascii, .Width = 4, .Height = 8}));
+    image.addSound({1, 2, 3});
     const std::uint16_t strip = image.addPicture(Pixels{gradient(10, 60), 6});
     for (const std::uint16_t target : {1, 2, 0}) {
         Page& page = image.addPage(Pixels{gradient(40, 30), 6});
@@ -109,6 +113,28 @@ ImageBuilder everyTouchWidget(PanelConfig config) {
                               .NormalStrip = strip,
                               .Lowest = 1,
                               .Highest = 31});
+        const KeyboardPlace keyboard{.Page = target, .X = 4, .Y = 4, .TextX = 2, .TextY = 2};
+        page.add(NumberEntry{.Where = {20, 20, 29, 29},
+                             .Address = 0x74,
+                             .Type = DataType::S32,
+                             .Decimals = 1,
+                             .Keyboard = keyboard,
+                             .Prefilled = true});
+        page.add(
+            TextEntry{.Where = {30, 20, 39, 29}, .Address = 0x78, .Prefilled = true, .Keyboard = keyboard});
+        for (std::uint16_t key = 0; key < 16; ++key) {
+            const std::uint16_t codes[] = {'1', '.', '-', 0xF0, 0xF1, 0xF2, 0xF3, 0xF5};
+            const auto x = static_cast<std::uint16_t>(key % 4 * 10),
+                       y = static_cast<std::uint16_t>(key / 4 * 8);
+            page.add(KeyboardKey{
+                .Where = {x, y, static_cast<std::uint16_t>(x + 9), static_cast<std::uint16_t>(y + 7)},
+                .Code = codes[key % 8],
+                .PressPicture = target});
+        }
+        page.add(MusicPlayer{.Number = target, .Repeat = true});
+        page.add(CameraView{.ControlAddress = 0x70, .X2 = 20, .Y2 = 20, .Group = 1});
+        page.add(VideoPlayer{.X2 = 20, .Y2 = 20});
+        page.add(PngNumber{.ValueAddress = 0x70, .X = 20, .Y = 30, .LastImage = 3, .IntegerDigits = 2});
         page.add(ValueIcon{.ValueAddress = 0x70, .X = 20, .Y = 12, .Maximum = 2, .Group = 1});
         page.add(BitIcon{.ValueAddress = 0x71, .X = 24, .Y = 14, .Bit = 1, .ClearImage = 0, .SetImage = 2});
         page.add(PagePreset{1, {{0x70, 2}, {0x7000, target}}});

@@ -7,6 +7,8 @@
 #include "widgets/touch/open_entry.h"
 #include "widgets/touch/text_entry.h"
 
+#include <limits>
+
 namespace panel {
 namespace {
 
@@ -222,6 +224,12 @@ INSTANTIATE_TEST_SUITE_P(
                  "9223372036854775808",
                  "922337203685477580",
                  922337203685477580},
+        Dialogue{"LowestWideValue",
+                 {.Type = S64, .IntegerDigits = 19, .Prefilled = true},
+                 std::numeric_limits<std::int64_t>::min(),
+                 "<7",
+                 "-9223372036854775807",
+                 -9223372036854775807},
         Dialogue{"WideValueWithLimits",
                  {.Type = S64, .IntegerDigits = 9, .Limited = true, .Highest = 1000000, .Lowest = -1000000},
                  1,

@@ -45,16 +45,21 @@ NumberEntryRow Open;
 
 // The value of the text.
 
-/// Appends a digit to a magnitude; nothing when 63 bits cannot hold it.
-std::optional<std::int64_t> withDigit(std::int64_t value, int digit) {
-    constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
-    if (value > (largest - digit) / 10) return std::nullopt;
+/// Of a number with the sign that is typed, in 64 bits.
+std::uint64_t largestMagnitude() {
+    constexpr auto largest = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
+    return NegativeTyped ? largest + 1 : largest;
+}
+
+/// Appends a digit to a magnitude; nothing when that is too large.
+std::optional<std::uint64_t> withDigit(std::uint64_t value, unsigned digit) {
+    if (value > (largestMagnitude() - digit) / 10) return std::nullopt;
     return value * 10 + digit;
 }
 
 /// The typed number without its sign, in units of the field's last decimal; nothing when it is too large.
-std::optional<std::int64_t> typedMagnitude() {
-    std::optional<std::int64_t> value = 0;
+std::optional<std::uint64_t> typedMagnitude() {
+    std::optional<std::uint64_t> value = 0;
     for (const std::uint8_t character : EntryText())
         if (character >= '0' && character <= '9' && value) value = withDigit(*value, character - '0');
     for (int missing = Open.Decimals - DecimalCount; missing > 0 && value && *value != 0; --missing)
@@ -89,8 +94,8 @@ void storeValue(std::int64_t value) {
 
 /// Writes the typed number; false when the limits refuse it.
 bool commitNumber() {
-    const std::int64_t magnitude = typedMagnitude().value_or(0);
-    const std::int64_t value = NegativeTyped ? -magnitude : magnitude;
+    const std::uint64_t magnitude = typedMagnitude().value_or(0);
+    const auto value = static_cast<std::int64_t>(NegativeTyped ? 0 - magnitude : magnitude);
     if (!withinLimits(value)) return false;
     if (IsStoreWord(Open.Address)) storeValue(value);
     return true;
@@ -244,7 +249,7 @@ void leave() {
 void enter() {
     if (!commitNumber()) return;
     const std::uint16_t address = Open.Address;
-    if (Open.head.notifies()) SendVariable(address, ValueFrameBytes(Open.DataType));
+    if (Open.head.notifies() && IsStoreWord(address)) SendVariable(address, ValueFrameBytes(Open.DataType));
     NumberOpen = 0;
     ApplySystemWord(address);
     leave();

@@ -50,11 +50,13 @@ struct KeyFamily {
     std::uint8_t& active;    // 1 while a key of the family owns the press
     std::uint8_t& activeRow; // and which one
 
+    // Any of these may be null.
+
     /// The key takes the press: its press look.
-    void (*press)(const Row&);
+    void (*press)(const Row&) = nullptr;
     /// While the key still owns the press: its frame, its normal look.
-    void (*letGo)(const Row&);
-    /// What the key is for, once the press is free again. May be null.
+    void (*letGo)(const Row&) = nullptr;
+    /// What the key is for, once the press is free again.
     void (*act)(const Row&) = nullptr;
     /// All that a virtual key does. Null: the family serves virtual keys by itself.
     void (*virtualKey)(const Row&) = nullptr;
@@ -67,7 +69,7 @@ void TakePress(const KeyFamily<Row, N>& family) {
     for (std::size_t i = 0; i < family.rows.size() && !TouchBusy && !family.active; ++i) {
         const Row row = *family.rows.at(i);
         if (!HitTest(row.head) || (family.takesPress && !family.takesPress(row))) continue;
-        family.press(row);
+        if (family.press) family.press(row);
         family.active = 1;
         family.activeRow = static_cast<std::uint8_t>(i);
         OwnPress();
@@ -79,7 +81,7 @@ void LetGo(const KeyFamily<Row, N>& family) {
     const Row* pressed = family.rows.at(family.activeRow);
     if (!family.active || !pressed) return;
     const Row row = *pressed;
-    family.letGo(row);
+    if (family.letGo) family.letGo(row);
     family.active = 0;
     TouchBusy = 0;
     if (family.act) family.act(row);

@@ -182,13 +182,9 @@ void openByVirtualKey(const NumberEntryRow& row) {
     DrawCursor(CursorPlace());
 }
 
-void nothing(const NumberEntryRow&) {}
-
 constexpr KeyFamily<NumberEntryRow, NumberEntries.Capacity> Family{.rows = NumberEntries,
                                                                    .active = NumberActive,
                                                                    .activeRow = NumberRow,
-                                                                   .press = nothing,
-                                                                   .letGo = nothing,
                                                                    .act = open,
                                                                    .virtualKey = openByVirtualKey};
 

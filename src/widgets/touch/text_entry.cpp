@@ -80,15 +80,8 @@ void open(const TextEntryRow& row) {
     if (field.Cursor) DrawCursor(CursorPlace());
 }
 
-void nothing(const TextEntryRow&) {}
-
-constexpr KeyFamily<TextEntryRow, TextEntries.Capacity> Family{.rows = TextEntries,
-                                                               .active = TextActive,
-                                                               .activeRow = TextRow,
-                                                               .press = nothing,
-                                                               .letGo = nothing,
-                                                               .act = open,
-                                                               .virtualKey = open};
+constexpr KeyFamily<TextEntryRow, TextEntries.Capacity> Family{
+    .rows = TextEntries, .active = TextActive, .activeRow = TextRow, .act = open, .virtualKey = open};
 
 // Typing.
 

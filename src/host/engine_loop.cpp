@@ -21,6 +21,7 @@
 #include "widgets/touch/multi_key.h"
 #include "widgets/touch/number_entry.h"
 #include "widgets/touch/page_key.h"
+#include "widgets/touch/pinyin_entry.h"
 #include "widgets/touch/popup_key.h"
 #include "widgets/touch/roller_picker.h"
 #include "widgets/touch/slider.h"
@@ -156,7 +157,7 @@ constexpr CycleStep CycleSteps[] = {
     {"TouchRtouch", nullptr},
     {"TouchNumberEntry", step<TouchNumberEntry>},
     {"TouchTextEntry", step<TouchTextEntry>},
-    {"TouchPinyinEntry", nullptr},
+    {"TouchPinyinEntry", step<TouchPinyinEntry>},
     {"SlideListRefresh", nullptr},
     {"EncoderTick", nullptr},
     {"volume", passVolume},

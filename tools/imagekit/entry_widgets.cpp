@@ -41,4 +41,17 @@ TouchRecord Encode(const TextEntry& entry) {
     return {.Family = 0x8009, .Notify = entry.Notify, .InList = entry.InList, .Body = body.take()};
 }
 
+TouchRecord Encode(const PinyinEntry& entry) {
+    const KeyboardPlace& keyboard = entry.Keyboard;
+    ByteWriter body = beginWith(entry.Where);
+    body.u16(entry.Address).u16(entry.Capacity).u8(entry.Prefilled ? 1 : 0);
+    body.u8(entry.Font).u8(entry.GlyphWidth).u8(entry.GlyphHeight);
+    body.u8(entry.PinyinFont).u8(entry.PinyinGlyphWidth).u8(entry.PinyinGlyphHeight);
+    body.u8(entry.Cursor ? 1 : 0).u24(entry.TextColour).u24(entry.CursorColour);
+    body.u16(keyboard.TextX).u16(keyboard.TextY).u24(entry.PinyinColour);
+    body.u16(entry.LettersX).u16(entry.LettersY).u16(entry.CandidatesX).u16(entry.CandidatesY);
+    body.u8(entry.Gap).u16(keyboard.Page).u16(keyboard.X).u16(keyboard.Y);
+    return {.Family = 0x800A, .Notify = entry.Notify, .InList = entry.InList, .Body = body.take()};
+}
+
 } // namespace imagekit

@@ -11,7 +11,8 @@ namespace imagekit {
 /// Codes of keys that do not type.
 namespace key_code {
 inline constexpr std::uint16_t Cancel = 0xF0, Enter = 0xF1, Backspace = 0xF2, Shift = 0xF3,
-                               LanguageSwitch = 0xF4, Clear = 0xF5;
+                               LanguageSwitch = 0xF4, Clear = 0xF5, PreviousCandidates = 0xF7,
+                               NextCandidates = 0xF8;
 } // namespace key_code
 
 /// The code of a key that types a character, and another one with Shift.
@@ -66,6 +67,25 @@ struct TextEntry {
     bool Password = false;
 };
 
+/// Opens a keyboard to type Chinese text in GBK by its pinyin; see ImageBuilder::setPinyin().
+struct PinyinEntry {
+    Area Where{};
+    bool Notify = false;
+    std::uint8_t InList = 0;
+    std::uint16_t Address = 0;
+    std::uint16_t Capacity = 8; // words
+    bool Prefilled = false;
+    std::uint8_t Font = 0, GlyphWidth = 16, GlyphHeight = 16;
+    std::uint8_t PinyinFont = 0, PinyinGlyphWidth = 16, PinyinGlyphHeight = 16;
+    bool Cursor = true;
+    std::uint32_t TextColour = 0, CursorColour = 0, PinyinColour = 0; // 24 bits
+    KeyboardPlace Keyboard{};
+    std::uint16_t LettersX = 0, LettersY = 0;       // px from the keyboard's corner
+    std::uint16_t CandidatesX = 0, CandidatesY = 0; // px from the keyboard's corner
+    std::uint8_t Gap = 0;                           // px between candidates
+};
+
+TouchRecord Encode(const PinyinEntry& entry);
 TouchRecord Encode(const KeyboardKey& key);
 TouchRecord Encode(const NumberEntry& entry);
 TouchRecord Encode(const TextEntry& entry);

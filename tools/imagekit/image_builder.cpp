@@ -12,6 +12,8 @@
 namespace imagekit {
 namespace {
 
+constexpr std::size_t PinyinIndexRows = 420;
+
 constexpr std::size_t LargestCount = 0xFFFF;    // 0xFFFF as an index means none
 constexpr std::size_t LargestFontCount = 0x100; // records name a font in one byte
 constexpr std::size_t LargestString = 1024;     // bytes
@@ -127,6 +129,27 @@ Bytes ImageBuilder::encodeString(const LanguageText& text, const std::string& wh
     ByteWriter record;
     record.u24(OpaqueColourWord(text.Colour, config_.ColourMode)).u8(text.Font);
     return record.u16(static_cast<std::uint32_t>(bytes.size())).bytes(bytes).take();
+}
+
+/// The index has a fixed number of rows; those that are not used sort behind all letters.
+void ImageBuilder::setPinyin(const std::map<std::string, QString>& syllables) {
+    constexpr std::size_t rowBytes = 16, mostLetters = 6;
+    if (syllables.size() > PinyinIndexRows)
+        throw ImageError("pinyin table", AtMost(syllables.size(), "syllables", PinyinIndexRows));
+    ByteWriter index, candidates;
+    for (const auto& [letters, characters] : syllables) {
+        if (letters.size() > mostLetters)
+            throw ImageError("pinyin " + letters, AtMost(letters.size(), "letters", mostLetters));
+        const Bytes codes = EncodeText(characters, FontKind::Gbk);
+        const std::size_t offset = (PinyinIndexRows * rowBytes + candidates.size()) / 2;
+        const std::size_t count = codes.size() / 2;
+        index.text(letters).zerosUpTo(index.size() - letters.size() + 7);
+        index.u8(offset >> 8 & 0xFF).u8(offset & 0xFF).u8(count >> 8 & 0xFF).u8(count & 0xFF).zeros(5);
+        candidates.bytes(codes);
+    }
+    const Bytes behindAllLetters(rowBytes, 0xFF);
+    for (std::size_t row = syllables.size(); row < PinyinIndexRows; ++row) index.bytes(behindAllLetters);
+    pinyin_ = index.bytes(candidates.data()).take();
 }
 
 /// The panel takes samples whose zero is shifted.
@@ -252,6 +275,10 @@ void ImageBuilder::placeSounds(ImageLayout& layout) const {
     layout.placeTable(SectionWord::AudioTable, table.data(), sounds_.size());
 }
 
+void ImageBuilder::placePinyin(ImageLayout& layout) const {
+    if (!pinyin_.empty()) layout.placeTable(SectionWord::PinyinTable, pinyin_, PinyinIndexRows);
+}
+
 void ImageBuilder::placeStrings(ImageLayout& layout) const {
     const auto place = [&](const StoredString& text) { return text ? layout.place(*text) : NoString; };
     std::vector<std::uint32_t> common;
@@ -287,6 +314,7 @@ QByteArray ImageBuilder::build() const {
     placeFonts(layout);
     placeStrings(layout);
     placeSounds(layout);
+    placePinyin(layout);
     placeSequences(sequences_, layout);
     placeLanguagePresets(languagePresets_, layout);
     Bytes image = layout.finish(EncodeConfig(config_));

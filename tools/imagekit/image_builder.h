@@ -17,6 +17,7 @@
 #include <map>
 #include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 namespace imagekit {
@@ -91,6 +92,8 @@ public:
     /// Appends a sequence of pictures for animations and gives its id. Frames are drawn in the size of the
     /// widget, which should be theirs.
     std::uint16_t addSequence(const std::vector<Picture>& frames);
+    /// The table of pinyin: syllables in lower case, with the characters that they stand for. Sorted here.
+    void setPinyin(const std::map<std::string, QString>& syllables);
     /// Appends a sound, one channel of 22050 samples a second, and gives its number, from 1.
     std::uint16_t addSound(const std::vector<std::int16_t>& samples);
 
@@ -141,6 +144,7 @@ private:
     void placeFonts(ImageLayout& layout) const;
     void placeStrings(ImageLayout& layout) const;
     void placeSounds(ImageLayout& layout) const;
+    void placePinyin(ImageLayout& layout) const;
     void checkLanguage(std::uint8_t language, const std::string& where) const;
     void placePictures(ImageLayout& layout) const;
     void applyPatches(Bytes& image) const;
@@ -152,6 +156,7 @@ private:
     std::vector<StoredFont> fonts_;
     std::vector<LanguageStrings> strings_;
     std::vector<Bytes> sounds_; // as stored
+    Bytes pinyin_;              // the whole table
     std::vector<std::vector<StoredPicture>> sequences_;
     Bytes variables_;                    // empty as long as all words are zero
     std::vector<Bytes> languagePresets_; // by language; empty when no language has any

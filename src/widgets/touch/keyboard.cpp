@@ -136,7 +136,7 @@ void LeaveKeyboard() {
 
 const KeyboardKeyRow* ScanKeyboard() {
     if (TouchPressed && !KeyActive) takeKey();
-    if (TouchPressed || !KeyActive) return nullptr;
+    if (TouchPressed || KeyActive != 1) return nullptr;
     KeyActive = 0;
     return KeyboardKeys.at(KeyRow);
 }

@@ -28,6 +28,8 @@ inline constexpr std::uint16_t Backspace = 0x00F2;
 inline constexpr std::uint16_t Shift = 0x00F3;
 inline constexpr std::uint16_t LanguageSwitch = 0x00F4;
 inline constexpr std::uint16_t Clear = 0x00F5;
+inline constexpr std::uint16_t PreviousCandidates = 0x00F7;
+inline constexpr std::uint16_t NextCandidates = 0x00F8;
 } // namespace key_code
 
 struct KeyboardKeyRow {
@@ -63,7 +65,7 @@ inline Shared<std::uint8_t> CursorBlinks{0};
 
 inline std::array<std::uint8_t, 300> EntryBuffer{}; // zero behind the text
 inline std::uint16_t EntryLength = 0;               // bytes
-inline std::uint8_t KeyActive = 0;                  // 1 while a key is down
+inline std::uint8_t KeyActive = 0;                  // 1 while a key is down, 2 while a candidate is
 inline std::uint8_t KeyRow = 0;                     // and which one
 inline std::uint8_t EntryShift = 0;
 inline std::uint16_t TextWidth = 0;   // px, of the text on the screen

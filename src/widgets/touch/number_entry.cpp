@@ -123,7 +123,7 @@ TextBox numberBox() {
     return {left, at.y(), left + width + CursorWidth + 1, bottom};
 }
 
-void drawNumber() {
+void drawEntryNumber() {
     constexpr std::uint16_t shownAtTheNextTick = 60;
     DrawEntryText(numberBox(), TextMode::Draw);
     CursorTicks = shownAtTheNextTick;
@@ -151,7 +151,7 @@ void prefill() {
     const NumberFormat format{.integerDigits = Open.IntegerDigits, .decimalDigits = Open.Decimals};
     const NumberText text = PictureNumberText(ReadNumeric(Open.Address, Open.DataType), format);
     for (const char character : text.view()) putPrefilled(character);
-    drawNumber();
+    drawEntryNumber();
 }
 
 // Opening.
@@ -265,7 +265,7 @@ void act(std::uint16_t code) {
         return leave();
     else if (code == key_code::Enter)
         return enter();
-    if (changed) drawNumber();
+    if (changed) drawEntryNumber();
 }
 
 EntryField readField(const Parameters& p) {

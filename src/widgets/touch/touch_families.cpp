@@ -8,6 +8,7 @@
 #include "widgets/touch/multi_key.h"
 #include "widgets/touch/number_entry.h"
 #include "widgets/touch/page_key.h"
+#include "widgets/touch/pinyin_entry.h"
 #include "widgets/touch/popup_key.h"
 #include "widgets/touch/roller_picker.h"
 #include "widgets/touch/slider.h"
@@ -39,7 +40,7 @@ constexpr TouchFamily Families[] = {
     {.code = 0x8007, .name = "rtouch"},
     {.code = 0x8008, .name = "PopupKey", .reset = ResetPopupKeys, .build = AddPopupKey},
     {.code = 0x8009, .name = "TextEntry", .reset = ResetTextEntries, .build = AddTextEntry},
-    {.code = 0x800A, .name = "PinyinEntry"},
+    {.code = 0x800A, .name = "PinyinEntry", .reset = ResetPinyinEntries, .build = AddPinyinEntry},
     {.code = 0x800B, .name = "MultiKey", .reset = ResetMultiKeys, .build = AddMultiKey},
     {.code = 0x800C, .name = "SlidePage"},
     {.code = 0x800D, .name = "StateKey", .reset = ResetStateKeys, .build = AddStateKey},

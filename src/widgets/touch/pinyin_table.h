@@ -1,0 +1,28 @@
+// The table of an image that leads from pinyin to Chinese characters. Engine thread.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+namespace panel {
+
+inline constexpr std::size_t MostLetters = 6;
+inline constexpr std::size_t CandidatesOnPage = 8;
+inline constexpr std::size_t CandidatePageBytes = 2 * CandidatesOnPage; // GBK, two bytes each
+
+/// The candidates of one syllable.
+struct PinyinCandidates {
+    std::uint32_t offset = 0; // bytes from the start of the table
+    std::uint16_t count = 0;  // 0: there are none
+};
+
+/// The candidates of the first syllable that begins with the letters, of which there is at least one. Letters
+/// behind the whole index leave `before`: the panel then goes on showing what it showed.
+PinyinCandidates FindCandidates(std::span<const std::uint8_t> letters, PinyinCandidates before);
+
+/// The candidates of a page, counted from 0. What the image lacks reads as zero.
+std::array<std::uint8_t, CandidatePageBytes> ReadCandidatePage(PinyinCandidates candidates, unsigned page);
+
+} // namespace panel

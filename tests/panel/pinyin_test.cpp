@@ -1,0 +1,202 @@
+#include "widgets/touch/pinyin_entry.h"
+
+#include "imagekit/entry_widgets.h"
+#include "pages/page_switch.h"
+#include "touch_fixture.h"
+
+namespace panel {
+namespace {
+
+using namespace imagekit;
+
+constexpr std::uint16_t Value = 0x0100;
+constexpr QPoint At(10, 6);
+
+/// Letters type themselves. '<' erases, '#' is Shift, '@' switches the language, '+' and '-' turn the pages,
+/// '!' enters, '~' clears.
+const std::string Keys = "abghnoz1<#@+-!~";
+
+class PinyinTest : public PanelTest {
+protected:
+    PinyinTest() : image({.Width = 220, .Height = 90, .ColourMode = 1}) {
+        const auto ascii = image.addFont(SyntheticFont({.Kind = FontKind::Gbk, .Width = 8, .Height = 8}));
+        image.setPinyin({{"a", "啊阿"}, {"ang", "昂"}, {"hao", "好号毫豪耗浩郝皓昊"}, {"ni", "你泥尼"}});
+        auto& page = image.addPage(PlainPage(image.config(), Qt::gray));
+        QImage picture(200, 80, QImage::Format_ARGB32);
+        picture.fill(Qt::blue);
+        auto& keyboard = image.addPage(Pixels{picture});
+        picture.fill(Qt::red);
+        image.addPage(Pixels{picture});
+        page.add(PinyinEntry{.Where = {0, 0, 9, 9},
+                             .Notify = true,
+                             .Address = Value,
+                             .Capacity = 3,
+                             .Prefilled = true,
+                             .Font = ascii,
+                             .GlyphWidth = 8,
+                             .GlyphHeight = 8,
+                             .PinyinFont = ascii,
+                             .PinyinGlyphWidth = 8,
+                             .PinyinGlyphHeight = 8,
+                             .TextColour = 0x00FF00,
+                             .PinyinColour = 0x00FF00,
+                             .Keyboard = {.Page = 1, .X = 10, .Y = 6, .TextX = 2, .TextY = 2},
+                             .LettersX = 2,
+                             .LettersY = 14,
+                             .CandidatesX = 2,
+                             .CandidatesY = 26,
+                             .Gap = 4});
+        for (const char key : Keys) {
+            const QRect place = keyPlace(key).translated(-At);
+            keyboard.add(KeyboardKey{.Where = {std::uint16_t(place.left()), std::uint16_t(place.top()),
+                                               std::uint16_t(place.right()), std::uint16_t(place.bottom())},
+                                     .Code = codeOf(key),
+                                     .PressPicture = 2});
+        }
+    }
+    static QRect keyPlace(char key) {
+        return QRect(At + QPoint(12 * static_cast<int>(Keys.find(key)), 50), QSize(10, 10));
+    }
+    static std::uint16_t codeOf(char key) {
+        namespace code = imagekit::key_code;
+        switch (key) {
+        case '<': return code::Backspace;
+        case '#': return code::Shift;
+        case '@': return code::LanguageSwitch;
+        case '+': return code::NextCandidates;
+        case '-': return code::PreviousCandidates;
+        case '!': return code::Enter;
+        case '~': return code::Clear;
+        default: return CharacterKey(key, key == 'a' ? 'A' : key);
+        }
+    }
+    void tap(QPoint at) {
+        PressPointer(at);
+        cycles(1);
+        ReleasePointer();
+        cycles(1);
+    }
+    void type(const std::string& keys) {
+        for (const char key : keys) tap(keyPlace(key).center());
+    }
+    void pick(int cell) { tap(At + QPoint(2 + 12 * cell + 5, 26 + 4)); }
+    void open() { tap({5, 5}); }
+    static std::string letters() { return {Letters.begin(), Letters.begin() + LetterCount}; }
+    static QByteArray typed() { return {reinterpret_cast<const char*>(EntryBuffer.data()), EntryLength}; }
+    static QByteArray gbk(const QString& text) {
+        const Bytes bytes = EncodeText(text, FontKind::Gbk);
+        return {reinterpret_cast<const char*>(bytes.data()), static_cast<int>(bytes.size())};
+    }
+    /// The strip of candidates as it is on the screen.
+    QImage strip() const { return outputs.frame.copy(QRect(At + QPoint(2, 26), QSize(96, 8))); }
+
+    ImageBuilder image;
+};
+
+TEST_F(PinyinTest, LettersBringCandidatesToPick) {
+    boot(image);
+    cycles(1);
+    TakeSentFrames();
+    open();
+    ASSERT_EQ(PinyinOpen, 1);
+    const QImage empty = strip();
+    type("n");
+    EXPECT_EQ(Candidates.count, 3) << "the first syllable that begins so";
+    EXPECT_NE(strip(), empty);
+    pick(3); // no fourth candidate
+    EXPECT_EQ(typed(), "");
+    pick(1);
+    EXPECT_EQ(typed(), gbk("泥"));
+    EXPECT_EQ(letters(), "");
+    EXPECT_EQ(strip(), empty);
+    type("ha");
+    EXPECT_EQ(PageBytes, 16);
+    const QImage first = strip();
+    type("-");
+    EXPECT_EQ(CandidatePage, 0);
+    type("++");
+    EXPECT_EQ(CandidatePage, 1) << "the last page stays";
+    EXPECT_EQ(PageBytes, 2);
+    EXPECT_NE(strip(), first);
+    pick(0);
+    EXPECT_EQ(typed(), gbk("泥昊"));
+    type("a1");
+    EXPECT_EQ(letters(), "a1");
+    EXPECT_EQ(Candidates.count, 0);
+    type("n");
+    EXPECT_EQ(letters(), "a1") << "nothing follows a key without candidates";
+    type("<n");
+    EXPECT_EQ(Candidates.count, 1) << "of ang, behind a";
+    type("!");
+    EXPECT_EQ(CurrentPage, 0);
+    const QByteArray text = gbk("泥昊");
+    Payload frame{0x41, 1, 0};
+    frame.insert(frame.end(), text.begin(), text.end());
+    EXPECT_EQ(TakeSentFrames(), Payloads{frame}) << "without the letters";
+    open();
+    EXPECT_EQ(typed(), text) << "the text of the variable";
+    type("1");
+    type("h");
+    pick(0);
+    EXPECT_EQ(typed(), text + '1') << "one byte is no room for a character";
+    type("<");
+    type("<<<");
+    EXPECT_EQ(typed(), "") << "character by character";
+    type("!");
+    EXPECT_EQ(TakeSentFrames(), (Payloads{{0x41, 1, 0, 0, 0}}));
+}
+
+TEST_F(PinyinTest, TogglesStayDownAndTypePlainly) {
+    boot(image);
+    cycles(1);
+    open();
+    const QPoint shift = keyPlace('#').center(), language = keyPlace('@').center();
+    type("#a");
+    EXPECT_EQ(typed(), "A");
+    EXPECT_EQ(pixel(shift.x(), shift.y()), 0xFFFF0000);
+    type("#@ab");
+    EXPECT_EQ(typed(), "Aab");
+    EXPECT_EQ(pixel(shift.x(), shift.y()), 0xFF0000FF);
+    EXPECT_EQ(pixel(language.x(), language.y()), 0xFFFF0000);
+    type("@~hangaga");
+    EXPECT_EQ(typed(), "");
+    EXPECT_EQ(letters(), "han") << "a syllable that nobody has ends the composition";
+}
+
+TEST_F(PinyinTest, SevenLettersAndLettersBehindTheIndexChangeNothing) {
+    image.setPinyin({{"aaaaaa", "啊"}, {"b", "不"}});
+    boot(image);
+    cycles(1);
+    open();
+    type("aaaaaaa");
+    EXPECT_EQ(letters(), "aaaaaa");
+    EXPECT_EQ(Candidates.count, 1);
+    type("<<<<<<b");
+    EXPECT_EQ(Candidates.count, 1);
+    type("<z");
+    EXPECT_EQ(Candidates.count, 0);
+}
+
+TEST(PinyinTable, IsReadWithinTheImageOnly) {
+    ImageBuilder image(Small);
+    image.addPage();
+    image.setPinyin({{"a", "啊"}});
+    QByteArray bytes = image.build();
+    const PinyinCandidates before{.offset = 5, .count = 7};
+    const std::uint8_t z[] = {'z'}, a[] = {'a'};
+    for (const std::uint32_t table :
+         {Sections.PinyinTable, static_cast<std::uint32_t>(bytes.size() - 20), 0xFFFFFFF0u}) {
+        LoadFlash(bytes);
+        LoadSectionTable();
+        if (table != 0) Sections.PinyinTable = table;
+        const PinyinCandidates found = FindCandidates(a, before);
+        ReadCandidatePage(found, 255);
+        FindCandidates(z, before);
+    }
+    LoadFlash(bytes.left(static_cast<int>(Sections.PinyinTable) % bytes.size()));
+    Sections.PinyinTable = static_cast<std::uint32_t>(FlashImage.size) - 8; // half a row
+    EXPECT_EQ(FindCandidates(z, before).count, 7) << "the end of the table leaves what was there";
+}
+
+} // namespace
+} // namespace panel

@@ -3,7 +3,9 @@
 
 #include "imagekit/image_builder.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -14,6 +16,7 @@ protected:
 
     QString writeFile(const QString& name, const QByteArray& bytes) const {
         QFile file(path(name));
+        QDir().mkpath(QFileInfo(file).path());
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
         return file.fileName();
     }

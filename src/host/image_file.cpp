@@ -2,6 +2,7 @@
 
 #include "host/flash_image.h"
 #include "host/media_requests.h"
+#include "widgets/display/media.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -20,6 +21,10 @@ void forgetImage() {
     VideoOnPage = 0;
     CameraOnPage = 0;
     CameraResetPending = 0;
+    VideoRequest = 0; // on a chip without video nobody has taken it
+    MusicPlaying = 0;
+    ForgetReadySound();
+    ForgetReadyVideo();
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "widgets/display/media.h"
 
+#include "host/image_file.h"
 #include "host/media_requests.h"
 #include "imagekit/media_widgets.h"
 #include "pages/page_switch.h"
@@ -72,7 +73,6 @@ TEST_F(MediaTest, ASoundOfTheImageIsHandedOverOnce) {
     EXPECT_EQ(cycle(), Lines{"stop music"});
     StoreWord(word::Music, 1);
     ApplySystemWordFromMainThread(word::Music);
-    EXPECT_FALSE(TakeReadySound().file.size());
     cycles(1); // served behind the media step
     EXPECT_EQ(cycle(), Lines{"sound"});
 }
@@ -183,6 +183,29 @@ TEST_F(MediaTest, TheCameraFollowsItsWord) {
     apply(word::Page, 0);
     EXPECT_EQ(ReadWord(Control), 1) << "it ran when the page was left";
     EXPECT_EQ(cycle(), (Lines{"close video", "stop music", "close camera", "camera"}));
+}
+
+TEST_F(MediaTest, NothingOfAnImageIsReadyBehindTheNextOne) {
+    const auto load = [this](std::uint8_t chip, const std::vector<std::int16_t>& samples) {
+        ImageBuilder image({.Width = 64, .Height = 48, .ColourMode = 1, .ICType = chip});
+        image.addSound(samples);
+        image.addPage().add(MusicPlayer{});
+        image.page(0).add(VideoPlayer{});
+        image.write(folder.filePath("image.bin"));
+        ASSERT_TRUE(ReadImageFile(folder.filePath("image.bin")));
+        StartPanel(outputs);
+    };
+    SetMediaDirectory(folder.path());
+    makeFile("Music/0000.wav");
+    for (const std::uint8_t chip : {5, 4}) { // a file, and samples that nobody took
+        load(chip, {1, 2, 3});
+        load(4, {}); // asks for an empty sound
+        EXPECT_FALSE(TakeReadySound().ready) << int{chip};
+    }
+    VideoRequest = 1; // of a chip without video
+    ASSERT_FALSE(ReadImageFile(folder.filePath("no.bin")));
+    EXPECT_EQ(VideoRequest, 0u);
+    EXPECT_EQ(VideoToPlay().file, QString());
 }
 
 } // namespace

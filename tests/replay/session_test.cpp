@@ -1,6 +1,7 @@
 #include "replay_test.h"
 
 #include "host/config_block.h"
+#include "imagekit/media_widgets.h"
 #include "widgets/touch/encoder.h"
 #include "widgets/touch/pointer.h"
 
@@ -104,6 +105,27 @@ TEST_F(Session, EndsAtACommandThatCannotBeCarriedOut) {
         EXPECT_EQ(diagnostics().substr(0, 8), "test:2: ") << line;
         EXPECT_EQ(answerStream.str(), "") << line;
         load(colouredPages());
+    }
+}
+
+TEST_F(Session, TellsWhatIsToBePlayedAndWhere) {
+    using namespace imagekit;
+    for (const std::uint8_t chip : {5, 4}) {
+        auto image = colouredPages({.ICType = chip});
+        image.addSound({1, 2, 3});
+        image.page(1).add(VideoPlayer{.Number = 7, .X1 = 1, .Y1 = 2, .X2 = 20, .Y2 = 11, .Mode = 4});
+        image.page(2).add(CameraView{.ControlAddress = 0x100, .X1 = 3, .Y1 = 4, .X2 = 12, .Y2 = 8});
+        writeFile("Video/0007.avi", "");
+        writeFile("Music/a0000.wav", "");
+        load(image);
+        run("run 20\nmedia");
+        EXPECT_EQ(answersTo("write 0x700a 0x8001\nrun 20\nmedia"),
+                  chip == 5 ? "wav ready=1 bytes=0 repeat=1 file=Music/a0000.wav\n"
+                            : "wav ready=1 bytes=6 repeat=1 file=\n");
+        const std::string video = "video mode=4 x=1 y=2 w=20 h=10 file=Video/0007.avi\n";
+        EXPECT_EQ(answersTo("write 0x7000 1\nrun 40\nmedia").find(video) != std::string::npos, chip == 5);
+        run("write 0x7000 2\nwrite 0x100 1\nrun 20");
+        EXPECT_NE(answersTo("media").find("camera x=3 y=4 w=10 h=5 group=65535\n"), std::string::npos);
     }
 }
 

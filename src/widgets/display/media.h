@@ -50,6 +50,10 @@ inline Shared<std::uint8_t> VideoModeInForce{0};
 /// Whether the sound in force repeats. The engine writes, the main thread reads.
 inline Shared<std::uint8_t> MusicRepeat{0};
 
+/// Nothing is ready any more: another image is loaded. While no engine runs.
+void ForgetReadySound();
+void ForgetReadyVideo();
+
 /// The directory that holds the folders "Music" and "Video": that of the image. Set while no engine runs,
 /// read by the engine. Ends with a slash; empty: the working directory.
 void SetMediaDirectory(const QString& directory);

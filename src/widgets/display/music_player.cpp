@@ -65,6 +65,12 @@ ReadySound TakeReadySound() {
     return std::exchange(Sound, {});
 }
 
+void ForgetReadySound() {
+    const std::lock_guard lock(SoundLock);
+    Sound = {};
+    MusicRepeat = 0;
+}
+
 void PlayMusic(std::uint16_t code) {
     if (code == 0) return stopMusic();
     const bool repeat = (code & RepeatBit) != 0;

@@ -37,6 +37,12 @@ ReadyVideo VideoToPlay() {
     return Video;
 }
 
+void ForgetReadyVideo() {
+    const std::lock_guard lock(VideoLock);
+    Video = {};
+    VideoModeInForce = 0;
+}
+
 void ShowVideo(const Parameters& p) {
     const QPoint first(p.u16(field::X1), p.u16(field::Y1)), last(p.u16(field::X2), p.u16(field::Y2));
     const ReadyVideo video{.file = FindMediaFile("Video", MediaNumber(p.u16(field::Number))),

@@ -42,7 +42,6 @@ constexpr std::uint8_t ErrorBrightness = 56;
 constexpr QPoint ErrorTextAt(0, 10);
 constexpr int ErrorTextHeight = 24;
 constexpr QSize ErrorPanelSize(800, 480); // where the image names no size that can be
-constexpr int PlayerSteps = 6;            // of the player's 0..96 for one of the panel's 0..16
 constexpr std::uint8_t RefreshPeriod = 20;
 
 bool panelSizeCanBe() {

@@ -81,6 +81,7 @@ QImage ZoomedUnderVeil(const QImage& picture, float zoom, std::uint8_t veil) {
 
 QImage ComposeCameraPicture(const QImage& image, QSize size, float zoom, std::uint8_t veil) {
     return panel::VeiledFrame(image, veil)
+        .scaled(ZoomedSize(image.size(), zoom), Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation)
         .scaled(ZoomedSize(size, zoom), Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation)
         .convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }

@@ -23,7 +23,7 @@ QImage ClippedToPanel(const QImage& picture, QPoint at, QSize panel);
 /// The picture as the view shows it: at the view's scale, under the panel's veil.
 QImage ZoomedUnderVeil(const QImage& picture, float zoom, std::uint8_t veil);
 
-/// A camera picture under the veil, scaled to cover `size` at the view's scale.
+/// A camera picture under the veil, at the view's scale and then scaled to cover `size` at that scale.
 QImage ComposeCameraPicture(const QImage& image, QSize size, float zoom, std::uint8_t veil);
 
 /// Where a point of the panel lies in the view.

@@ -5,6 +5,7 @@
 #include "host/frame_picture.h"
 #include "host/frame_presenter.h"
 #include "host/media_requests.h"
+#include "host/riff_head.h"
 #include "host/video_decoder.h"
 #include "store/backlight.h"
 #include "store/system_words.h"
@@ -13,7 +14,6 @@
 
 #include <QCameraInfo>
 #include <QCoreApplication>
-#include <QDataStream>
 #include <QEvent>
 #include <QLabel>
 #include <QPixmap>
@@ -25,7 +25,6 @@ using panel::VideoMode;
 
 namespace {
 
-constexpr int PlayerSteps = 6; // of the player's volume for one of the panel's
 constexpr std::uint16_t FirstEndAction = 0x7018;
 constexpr int EndActionCount = 8;
 
@@ -62,21 +61,6 @@ void carryOutEndActions() {
 
 } // namespace
 
-QByteArray RiffHead(std::uint32_t size) {
-    constexpr quint32 rate = 22050;
-    constexpr quint16 pcm = 1, channels = 1, blockSize = 2, bits = 16;
-    QByteArray head;
-    QDataStream out(&head, QIODevice::WriteOnly);
-    out.setByteOrder(QDataStream::LittleEndian);
-    out.writeRawData("RIFF", 4);
-    out << quint32{size + 36};
-    out.writeRawData("WAVEfmt ", 8);
-    out << quint32{16} << pcm << channels << rate << quint32{rate * blockSize} << blockSize << bits;
-    out.writeRawData("data", 4);
-    out << quint32{size};
-    return head;
-}
-
 MediaBridge::MediaBridge(QLabel& view)
     : QObject(&view), videoLabel(makePictureLabel(view, "videoLabel")),
       cameraLabel(makePictureLabel(view, "cameraLabel")) {}
@@ -110,14 +94,14 @@ void MediaBridge::Play_Wav_From_Thread() {
         return;
     }
     wavBuffer.close();
-    wavBuffer.setData(RiffHead(static_cast<std::uint32_t>(sound.samples.size())) + sound.samples);
+    wavBuffer.setData(panel::RiffHead(static_cast<std::uint32_t>(sound.samples.size())) + sound.samples);
     wavBuffer.open(QIODevice::ReadWrite);
     startMusic(QMediaContent(), &wavBuffer);
 }
 
 void MediaBridge::startMusic(const QMediaContent& content, QIODevice* stream) {
     musicOut = std::make_unique<QMediaPlayer>(this);
-    musicOut->setVolume(panel::Volume * PlayerSteps);
+    musicOut->setVolume(panel::Volume * panel::PlayerSteps);
     musicOut->setMedia(content, stream);
     connect(musicOut.get(), &QMediaPlayer::mediaStatusChanged, this, &MediaBridge::musicReplay);
     musicWanted_ = true;
@@ -160,7 +144,7 @@ void MediaBridge::Play_Video_From_Thread() {
 QMediaPlayer& MediaBridge::videoPlayer() {
     if (!videoOut) {
         videoOut = std::make_unique<QMediaPlayer>(this);
-        videoOut->setVolume(panel::Volume * PlayerSteps);
+        videoOut->setVolume(panel::Volume * panel::PlayerSteps);
         connect(videoOut.get(), &QMediaPlayer::mediaStatusChanged, this, &MediaBridge::singleVideo_close);
         connect(videoOut.get(), qOverload<QMediaPlayer::Error>(&QMediaPlayer::error), this,
                 &MediaBridge::Close_Video);

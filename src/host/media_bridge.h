@@ -98,6 +98,3 @@ private:
     std::unique_ptr<QCamera> camera;
     QRect cameraShown; // px on the panel
 };
-
-/// The head of a sound file of `size` bytes of samples: 44 bytes, 16 bits, one channel, 22050 a second.
-QByteArray RiffHead(std::uint32_t size);

@@ -29,6 +29,8 @@ inline constexpr std::uint16_t Language = 0x703F; // low byte
 } // namespace word
 
 inline constexpr std::uint8_t LargestVolume = 16;
+/// Of the player's 0..96 for one of the panel's 0..16.
+inline constexpr int PlayerSteps = 6;
 /// The volume in force, 0..16. Engine or inspector writes, engine and window read.
 inline Shared<std::uint8_t> Volume{0};
 /// The last volume that was given to the player. Engine only.

@@ -273,12 +273,14 @@ TEST_F(EntryTest, TheCursorBlinksWhereTheTextEnds) {
     const struct {
         Alignment align;
         int atFirst, afterOne; // px from the text's place
-    } cases[] = {{Alignment::Left, 0, 2}, {Alignment::Centre, 1, 2}, {Alignment::Right, -4, -4}};
+    } cases[] = {{Alignment::Left, 0, 2},
+                 {Alignment::Centre, 1, 2},
+                 {Alignment::Right, -4, -4},
+                 {static_cast<Alignment>(7), -4, -4}};
     for (const auto& c : cases) {
         NumberEntry field = number();
         field.Keyboard.TextX = 40;
         field.Align = c.align;
-        image.page(FieldPage).add(PagePreset{9, {}});
         field.Where = VirtualKeyOnly(static_cast<std::uint16_t>(c.align));
         image.page(FieldPage).add(field);
     }

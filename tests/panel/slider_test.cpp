@@ -300,35 +300,5 @@ TEST_F(TouchTest, WhatCannotBeDrawnOfASliderIsNotThere) {
     EXPECT_EQ(Sliders.at(0)->head.x1, 24) << "no thumb that narrows the track";
 }
 
-TEST_F(TouchTest, NoRecordLeadsASliderAstray) {
-    const std::uint16_t huge = image.addPicture(StoredPicture{0xFFFF, 0xFFFF, 1, format::RGB565});
-    const std::uint16_t pictures[] = {addPicture(Qt::red, 20, 6), addPicture(Qt::red, 3, 47), huge, None};
-    std::mt19937 random(7);
-    const auto any = [&] { // a place on the panel, or an edge of 16 bits
-        const std::uint16_t edges[] = {0, 0x7FFF, 0x8000, 0xFFFF};
-        return static_cast<std::uint16_t>(random() % 3 ? random() % 64 : edges[random() % 4]);
-    };
-    for (int i = 0; i < 100; ++i) {
-        Slider slider{random() % 2 == 0,           0, any(), any(), pictures[random() % 3], Value,
-                      {any(), any(), any(), any()}};
-        slider.ThumbImage = pictures[random() % 4];
-        slider.BackImage = pictures[random() % 4];
-        slider.Direction = static_cast<SlideDirection>(i % 4);
-        slider.Highest = static_cast<std::int16_t>(any());
-        slider.Lowest = static_cast<std::int16_t>(any());
-        addPage().add(slider);
-    }
-    start();
-    int taken = 0;
-    for (std::uint16_t page = 0; page < 100; ++page) {
-        ShowPage(page);
-        for (int step = 0; step < 8; ++step, taken += SliderActive)
-            press(static_cast<int>(random() % 64), static_cast<int>(random() % 48));
-        letGo();
-        ASSERT_EQ(TouchBusy, 0);
-    }
-    EXPECT_GT(taken, 20);
-}
-
 } // namespace
 } // namespace panel

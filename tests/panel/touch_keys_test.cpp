@@ -173,45 +173,6 @@ TEST_F(TouchTest, RowsOnAListAreHitWhereTheListShowsThem) {
     EXPECT_FALSE(HitTest(0, 63, 0, 47, 1)) << "no list, nothing on it";
 }
 
-TEST_F(TouchTest, KeysShowTheirGroupAndItsChanges) {
-    addPicture(Qt::green);
-    addPicture(Qt::red);
-    const std::uint16_t clear = addPicture(Qt::blue, 4, 4), set = addPicture(Qt::cyan, 4, 4);
-    auto& page = addPage();
-    const Area where{.X1 = 9, .Y1 = 9};
-    page.add(PageKey{.Where = where, .NormalImage = 0, .PressImage = 1, .OverlayGroup = Group});
-    page.addToGroup(
-        Group,
-        BitIcon{.ValueAddress = Value, .X = 3, .Y = 3, .Bit = 4, .ClearImage = clear, .SetImage = set});
-    addPage().add(StateKey{.Where = where,
-                           .Address = Value,
-                           .Lowest = 16,
-                           .Highest = 16,
-                           .FirstImage = 0,
-                           .OverlayGroup = Group});
-    image.page(1).addToGroup(
-        Group,
-        BitIcon{.ValueAddress = Value, .X = 3, .Y = 3, .Bit = 4, .ClearImage = clear, .SetImage = set});
-    start();
-    EXPECT_EQ(pixel(0, 0), Green);
-    EXPECT_EQ(pixel(3, 3), Blue);
-    press(5, 5);
-    EXPECT_EQ(pixel(0, 0), Red);
-    StoreWord(Value, 1 << 4);
-    run(300);
-    EXPECT_EQ(pixel(0, 0), Red) << "the press look while it is held";
-    EXPECT_EQ(pixel(3, 3), Cyan);
-    letGo();
-    EXPECT_EQ(pixel(0, 0), Green);
-    EXPECT_EQ(pixel(6, 6), Cyan);
-    FrameSurface.fill(Qt::black);
-    run(300);
-    EXPECT_EQ(pixel(0, 0), 0xFF000000) << "drawn on change only";
-    ShowPage(1);
-    cycles(1);
-    EXPECT_EQ(pixel(3, 3), Cyan);
-}
-
 TEST_F(TouchTest, AStateKeyFollowsItsVariableAndStartsItsPreset) {
     for (const QColor colour : {Qt::green, Qt::red, Qt::blue, Qt::cyan}) addPicture(colour);
     auto& page = addPage();

@@ -2,6 +2,7 @@
 
 #include "demo/avi_file.h"
 #include "host/frame_picture.h"
+#include "host/riff_head.h"
 #include "host/video_decoder.h"
 #include "imagekit/media_widgets.h"
 #include "pages/page_switch.h"
@@ -146,7 +147,7 @@ TEST(Surfaces, PassSoundFramesOnAndTurnTheCamera) {
 }
 
 TEST(RiffHead, TellsOneChannelOf22050SamplesASecond) {
-    EXPECT_EQ(RiffHead(0x01020304).toHex(' '),
+    EXPECT_EQ(panel::RiffHead(0x01020304).toHex(' '),
               "52 49 46 46 28 03 02 01 57 41 56 45 66 6d 74 20 10 00 00 00 01 00 01 00 22 56 00 00 44 ac "
               "00 00 02 00 10 00 64 61 74 61 04 03 02 01");
 }
@@ -271,7 +272,7 @@ TEST_F(MediaWindowTest, AStopAtTheEndOfASoundOvertakesItsRepeat) {
 
 TEST_F(MediaWindowTest, ASoundFileEndsOnceAndBothPlayersTakeTheVolume) {
     const QByteArray samples(4410, '\1');
-    writeFile("Music/0000.wav", RiffHead(4410) + samples);
+    writeFile("Music/0000.wav", panel::RiffHead(4410) + samples);
     open(MusicPlayer{.Number = 1}, video(panel::VideoMode::Repeat));
     QMediaPlayer* music = player();
     ASSERT_TRUE(music);

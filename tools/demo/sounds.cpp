@@ -1,5 +1,7 @@
 #include "demo/sounds.h"
 
+#include "host/riff_head.h"
+
 #include <QDataStream>
 
 #include <algorithm>
@@ -9,6 +11,8 @@
 
 namespace demo {
 namespace {
+
+using panel::SampleRate;
 
 constexpr double Loudness = 9000; // of one note; several may sound at once
 
@@ -58,17 +62,9 @@ Samples Melody() {
 }
 
 QByteArray WavFile(const Samples& samples) {
-    const auto dataBytes = static_cast<quint32>(samples.size() * sizeof(std::int16_t));
-    QByteArray file;
-    QDataStream out(&file, QIODevice::WriteOnly);
+    QByteArray file = panel::RiffHead(static_cast<std::uint32_t>(samples.size() * sizeof(std::int16_t)));
+    QDataStream out(&file, QIODevice::WriteOnly | QIODevice::Append);
     out.setByteOrder(QDataStream::LittleEndian);
-    out.writeRawData("RIFF", 4);
-    out << quint32{dataBytes + 36};
-    out.writeRawData("WAVEfmt ", 8);
-    out << quint32{16} << quint16{1} << quint16{1} << quint32{SampleRate} << quint32{SampleRate * 2}
-        << quint16{2} << quint16{16};
-    out.writeRawData("data", 4);
-    out << dataBytes;
     for (const std::int16_t sample : samples) out << sample;
     return file;
 }

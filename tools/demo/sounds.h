@@ -8,8 +8,7 @@
 
 namespace demo {
 
-inline constexpr int SampleRate = 22050; // one channel
-
+/// As the panel plays them.
 using Samples = std::vector<std::int16_t>;
 
 /// Two bells, as a panel greets a choice.

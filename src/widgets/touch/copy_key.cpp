@@ -1,6 +1,5 @@
 #include "widgets/touch/copy_key.h"
 
-#include "host/reply_frame.h"
 #include "pages/page_switch.h"
 #include "store/variable_store.h"
 #include "widgets/touch/key_family.h"
@@ -25,17 +24,6 @@ constexpr std::size_t OverlayGroup = 24;
 std::uint8_t CopyKeyActive = 0;
 std::uint8_t CopyKeyActiveRow = 0;
 
-void showPressed(const CopyKeyRow& row) { ShowPressed(row.head, row.Looks); }
-
-void notify(const CopyKeyRow& row) {
-    if (row.head.notifies()) SendActionCode(row.NotifyCode);
-}
-
-void letGo(const CopyKeyRow& row) {
-    notify(row);
-    ShowNormal(row.head, row.Looks);
-}
-
 /// Word by word upwards, so that a run that overlaps towards higher addresses repeats its first words. A run
 /// ends with the store.
 void copyWords(const CopyKeyRow& row) {
@@ -54,15 +42,15 @@ void copyAndChangePage(const CopyKeyRow& row) {
 }
 
 void virtualKey(const CopyKeyRow& row) {
-    notify(row);
+    NotifyByCode(row);
     copyAndChangePage(row);
 }
 
 constexpr KeyFamily<CopyKeyRow, CopyKeys.Capacity> Family{.rows = CopyKeys,
                                                           .active = CopyKeyActive,
                                                           .activeRow = CopyKeyActiveRow,
-                                                          .press = showPressed,
-                                                          .letGo = letGo,
+                                                          .press = ShowRowPressed,
+                                                          .letGo = NotifyAndShowNormal,
                                                           .act = copyAndChangePage,
                                                           .virtualKey = virtualKey};
 

@@ -53,8 +53,4 @@ void RepaintChangedGroup(std::uint16_t page, const TouchHead& head, const KeyLoo
     DrawKey(head, wanted != NoImage ? wanted : other, looks.OverlayGroup);
 }
 
-void DrawNewKey(const TouchHead& head, std::uint16_t image, std::uint16_t group) {
-    if (head.onScreen()) DrawKey(head, image, group);
-}
-
 } // namespace panel

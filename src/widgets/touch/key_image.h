@@ -2,6 +2,7 @@
 #pragma once
 
 #include "graphics/image_blit.h"
+#include "host/reply_frame.h"
 #include "widgets/display/group.h"
 #include "widgets/touch/touch_row.h"
 
@@ -33,17 +34,32 @@ struct KeyLooks {
 
 /// Draws a look at the key's place, when there is one. `group` may be NoGroup.
 void DrawKey(const TouchHead& head, std::uint16_t image, std::uint16_t group = NoGroup);
-/// The first look of a key whose table is being built: only keys on the screen show.
-void DrawNewKey(const TouchHead& head, std::uint16_t image, std::uint16_t group = NoGroup);
-
-inline void ShowNewKey(const TouchHead& head, const KeyLooks& looks) {
-    DrawNewKey(head, looks.NormalImage, looks.OverlayGroup);
-}
 inline void ShowNormal(const TouchHead& head, const KeyLooks& looks) {
     DrawKey(head, looks.NormalImage, looks.OverlayGroup);
 }
 inline void ShowPressed(const TouchHead& head, const KeyLooks& looks) {
     DrawKey(head, looks.PressImage, looks.OverlayGroup);
+}
+
+/// The first look of a key whose table is being built: only keys on the screen show.
+inline void ShowNewKey(const TouchHead& head, const KeyLooks& looks) {
+    if (head.onScreen()) ShowNormal(head, looks);
+}
+
+// The hooks of families whose rows have a head, looks and, for the frames, a notify code.
+
+template <class Row>
+void ShowRowPressed(const Row& row) {
+    ShowPressed(row.head, row.Looks);
+}
+template <class Row>
+void NotifyByCode(const Row& row) {
+    if (row.head.notifies()) SendActionCode(row.NotifyCode);
+}
+template <class Row>
+void NotifyAndShowNormal(const Row& row) {
+    NotifyByCode(row);
+    ShowNormal(row.head, row.Looks);
 }
 
 /// Draws a key again when its group has changed; a look that it lacks is replaced by the other one.

@@ -9,6 +9,7 @@
 #include "widgets/touch/key_family.h"
 #include "widgets/touch/touch_families.h"
 
+#include <algorithm>
 #include <limits>
 #include <optional>
 
@@ -276,7 +277,7 @@ EntryField readField(const Parameters& p) {
             .Keyboard = {p.u16(field::KbdX), p.u16(field::KbdY)},
             .Text = {p.u16(field::TextX), p.u16(field::TextY)},
             .Font = font,
-            .Anchor = p.u8(field::Alignment),
+            .Anchor = std::min(p.u8(field::Alignment), Right), // others count as right
             .Cursor = p.u8(field::Cursor) == 1,
             .TextColour = p.u24(field::TextColour),
             .CursorColour = p.u24(field::CursorColour)};

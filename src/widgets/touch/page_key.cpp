@@ -1,6 +1,5 @@
 #include "widgets/touch/page_key.h"
 
-#include "host/reply_frame.h"
 #include "pages/page_switch.h"
 #include "widgets/touch/key_family.h"
 
@@ -18,31 +17,20 @@ constexpr std::size_t OverlayGroup = 19;
 std::uint8_t PageKeyActive = 0;
 std::uint8_t PageKeyActiveRow = 0;
 
-void showPressed(const PageKeyRow& row) { ShowPressed(row.head, row.Looks); }
-
-void notify(const PageKeyRow& row) {
-    if (row.head.notifies()) SendActionCode(row.NotifyCode);
-}
-
-void letGo(const PageKeyRow& row) {
-    notify(row);
-    ShowNormal(row.head, row.Looks);
-}
-
 void changePage(const PageKeyRow& row) {
     if (row.TargetPage != NoPage) ShowPage(row.TargetPage);
 }
 
 void virtualKey(const PageKeyRow& row) {
-    notify(row);
+    NotifyByCode(row);
     changePage(row);
 }
 
 constexpr KeyFamily<PageKeyRow, PageKeys.Capacity> Family{.rows = PageKeys,
                                                           .active = PageKeyActive,
                                                           .activeRow = PageKeyActiveRow,
-                                                          .press = showPressed,
-                                                          .letGo = letGo,
+                                                          .press = ShowRowPressed,
+                                                          .letGo = NotifyAndShowNormal,
                                                           .act = changePage,
                                                           .virtualKey = virtualKey};
 

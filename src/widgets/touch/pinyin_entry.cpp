@@ -1,7 +1,6 @@
 #include "widgets/touch/pinyin_entry.h"
 
 #include "host/reply_frame.h"
-#include "store/variable_store.h"
 #include "widgets/touch/key_family.h"
 #include "widgets/touch/touch_families.h"
 
@@ -11,9 +10,6 @@ namespace panel {
 namespace {
 
 namespace field {
-constexpr std::size_t Address = 11;
-constexpr std::size_t Capacity = 13;
-constexpr std::size_t Prefilled = 15;
 constexpr std::size_t Font = 16;       // glyph width and height follow
 constexpr std::size_t PinyinFont = 19; // the same
 constexpr std::size_t Cursor = 22;
@@ -38,19 +34,7 @@ constexpr std::uint8_t Picked = 2;  // in KeyActive: a candidate was picked, and
 /// The field whose keyboard is up, kept apart from the table that the keyboard's page fills.
 PinyinEntryRow Open;
 
-std::size_t capacityBytes() { return std::min(2 * std::size_t{Open.Capacity}, EntryBuffer.size()); }
-
 // What is on the keyboard.
-
-QRect textRect() {
-    const QPoint at = Open.Field.textPlace();
-    return QRect(at, QPoint(KeyboardRect().right(), at.y() + Open.Field.Font.height - 1));
-}
-
-void drawText() {
-    const QRect rect = textRect();
-    DrawEntryText({rect.left(), rect.top(), rect.right(), rect.bottom()}, TextMode::Draw);
-}
 
 void clearText() {
     constexpr int beyondTheCursor = 2;
@@ -134,7 +118,7 @@ void pickCandidate() {
     const int x = TouchX - strip.left(), y = TouchY;
     if (x < 0 || y <= strip.top() || y >= strip.top() + strip.height() || cellWidth() == 0) return;
     const int index = x / cellWidth();
-    if (index >= PageBytes / 2 || EntryLength + 2u > capacityBytes()) return;
+    if (index >= PageBytes / 2 || EntryLength + 2u > Open.Variable.capacityBytes()) return;
     const auto page = ReadCandidatePage(Candidates, CandidatePage);
     TypeByte(page[2 * static_cast<std::size_t>(index)]);
     TypeByte(page[2 * static_cast<std::size_t>(index) + 1]);
@@ -146,7 +130,7 @@ void endPick() {
     KeyActive = 0;
     RestoreKeyboard(lettersRect());
     RestoreKeyboard(stripRect());
-    drawText();
+    DrawTextLine();
 }
 
 // Typing.
@@ -156,7 +140,7 @@ void eraseCharacter() {
     std::size_t last = 0;
     for (std::size_t at = 0; at < EntryLength; at += EntryBuffer[at] < 0x80 ? 1 : 2) last = at;
     while (EntryLength > last) EraseByte();
-    drawText();
+    DrawTextLine();
 }
 
 void backspace() {
@@ -166,18 +150,13 @@ void backspace() {
     showCandidates();
 }
 
-void typeByte(std::uint16_t code) {
-    const auto byte = static_cast<std::uint8_t>(EntryShift ? code >> 8 : code & 0xFF);
-    if (TypeByte(byte, capacityBytes())) drawText();
-}
-
 bool typesPlainly() { return LetterCount == 0 && (EntryShift || DirectMode); }
 
 void typeCharacter(std::uint16_t code) {
     const auto low = static_cast<std::uint8_t>(code);
     const bool isLetter = low >= 'a' && low <= 'z';
     if (typesPlainly() || (LetterCount == 0 && !isLetter))
-        typeByte(code);
+        TypeKeyCode(Open.Variable, code);
     else if (!EntryShift)
         addLetter(low);
 }
@@ -189,12 +168,10 @@ void leave() {
 
 /// What is being composed is dropped. The frame of an empty text holds its end mark.
 void commit() {
-    constexpr std::uint8_t end[2] = {0, 0};
-    const std::size_t start = 2 * std::size_t{Open.Address};
-    StoreBytes(start, EntryText());
-    StoreBytes(start + EntryLength, end);
-    const std::size_t sent = EntryLength == 0 ? sizeof end : EntryLength + EntryLength % 2u;
-    if (Open.head.notifies()) SendVariable(Open.Address, sent);
+    constexpr std::size_t endMark = 2;
+    StoreText(Open.Variable);
+    const std::size_t sent = EntryLength == 0 ? endMark : EntryLength + EntryLength % 2u;
+    if (Open.head.notifies()) SendVariable(Open.Variable.Address, sent);
     leave();
 }
 
@@ -222,15 +199,6 @@ bool togglesOn(std::uint16_t code) {
 
 // Opening.
 
-/// The text may hold any byte, and ends at two zero bytes side by side.
-void prefill() {
-    const std::size_t start = 2 * std::size_t{Open.Address};
-    for (std::size_t i = start; i < start + capacityBytes(); ++i) {
-        const std::uint8_t byte = ReadByte(i);
-        if ((byte == 0 && ReadByte(i + 1) == 0) || !TypeByte(byte)) return;
-    }
-}
-
 void open(const PinyinEntryRow& row) {
     if (!KeyboardExists(row.Field)) return;
     Open = row;
@@ -246,9 +214,9 @@ void open(const PinyinEntryRow& row) {
     Candidates = {};
     CandidatePage = 0;
     PageBytes = 0;
-    if (Open.Prefilled) {
-        prefill();
-        drawText();
+    if (Open.Variable.Prefilled) {
+        PrefillText(Open.Variable, TextBytesTaken::All);
+        DrawTextLine();
     }
     if (field.Cursor) DrawCursor(CursorPlace());
 }
@@ -256,19 +224,11 @@ void open(const PinyinEntryRow& row) {
 constexpr KeyFamily<PinyinEntryRow, PinyinEntries.Capacity> Family{
     .rows = PinyinEntries, .active = PinyinActive, .activeRow = PinyinRow, .act = open, .virtualKey = open};
 
-TextFont readFont(const Parameters& p, std::size_t at) {
-    TextFont font = TableFont(p.u8(at));
-    font.encoding = Encoding::Gbk;
-    font.width = p.u8(at + 1);
-    font.height = p.u8(at + 2);
-    return font;
-}
-
 EntryField readField(const Parameters& p) {
     return {.KeyboardPage = p.u16(field::KeyboardPage),
             .Keyboard = {p.u16(field::KbdX), p.u16(field::KbdY)},
             .Text = {p.u16(field::TextX), p.u16(field::TextY)},
-            .Font = readFont(p, field::Font),
+            .Font = ReadEntryFont(p, field::Font, Encoding::Gbk),
             .Anchor = TopLeft,
             .Cursor = p.u8(field::Cursor) == 1,
             .TextColour = p.u24(field::TextColour),
@@ -286,11 +246,9 @@ void AddPinyinEntry(const Parameters& p) {
     PinyinEntryRow* row = PinyinEntries.append();
     if (!row) return;
     *row = {.head = ReadTouchHead(p),
-            .Address = p.u16(field::Address),
-            .Capacity = p.u16(field::Capacity),
-            .Prefilled = p.u8(field::Prefilled) == 1,
+            .Variable = ReadTextVariable(p),
             .Field = readField(p),
-            .PinyinFont = readFont(p, field::PinyinFont),
+            .PinyinFont = ReadEntryFont(p, field::PinyinFont, Encoding::Gbk),
             .PinyinColour = p.u24(field::PinyinColour),
             .Letters = {p.u16(field::LettersX), p.u16(field::LettersY)},
             .Candidates = {p.u16(field::CandidatesX), p.u16(field::CandidatesY)},

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "store/row_table.h"
-#include "widgets/touch/keyboard.h"
 #include "widgets/touch/pinyin_table.h"
+#include "widgets/touch/text_field.h"
 #include "widgets/touch/touch_row.h"
 
 #include <array>
@@ -14,9 +14,7 @@ namespace panel {
 
 struct PinyinEntryRow {
     TouchHead head{};
-    std::uint16_t Address = 0;
-    std::uint16_t Capacity = 0; // of the variable, words
-    bool Prefilled = false;     // begins with the text of the variable
+    TextVariable Variable{};
     EntryField Field{};
     TextFont PinyinFont{}; // of the letters and the candidates
     std::uint32_t PinyinColour = 0;

@@ -3,7 +3,6 @@
 #include "graphics/primitives.h"
 #include "graphics/surfaces.h"
 #include "host/config_block.h"
-#include "host/reply_frame.h"
 #include "pages/page_switch.h"
 #include "widgets/touch/key_family.h"
 
@@ -25,8 +24,6 @@ constexpr std::uint8_t CleanOldFlag = 0x02;
 
 std::uint8_t PopupKeyActive = 0;
 std::uint8_t PopupKeyActiveRow = 0;
-
-void showPressed(const PopupKeyRow& row) { ShowPressed(row.head, row.Looks); }
 
 bool dimsBehind(const PopupKeyRow& row) { return (row.Flags & DimBehindFlag) != 0; }
 
@@ -52,7 +49,7 @@ void openPopup(const PopupKeyRow& row) {
 
 /// The key's picture lies on the panel, also inside a pop-up that is going.
 void letGo(const PopupKeyRow& row) {
-    if (row.head.notifies()) SendActionCode(row.NotifyCode);
+    NotifyByCode(row);
     PopupActive = 0;
     ShowNormal(row.head, row.Looks);
     if (!SmallChip() && dimsBehind(row)) {
@@ -66,7 +63,7 @@ void letGo(const PopupKeyRow& row) {
 constexpr KeyFamily<PopupKeyRow, PopupKeys.Capacity> Family{.rows = PopupKeys,
                                                             .active = PopupKeyActive,
                                                             .activeRow = PopupKeyActiveRow,
-                                                            .press = showPressed,
+                                                            .press = ShowRowPressed,
                                                             .letGo = letGo};
 
 /// From then on as if the key were pressed; the page behind is kept, and darkened, already now.

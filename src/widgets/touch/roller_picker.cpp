@@ -15,10 +15,7 @@ namespace {
 
 namespace field {
 constexpr std::size_t Address = 3;
-constexpr std::size_t X0 = 5;
-constexpr std::size_t Y0 = 7;
-constexpr std::size_t X1 = 9;
-constexpr std::size_t Y1 = 11;
+constexpr std::size_t Window = 5;
 constexpr std::size_t MarginA = 13;
 constexpr std::size_t MarginB = 15;
 constexpr std::size_t Flags = 17;
@@ -31,15 +28,6 @@ constexpr std::size_t Step = 26;
 
 constexpr std::uint8_t HorizontalFlag = 0x01;
 constexpr std::uint8_t StopFlag = 0x80;
-
-/// Unlike a key's window, one at the place that no pointer reaches still moves with the pop-up.
-TouchHead readWindow(const Parameters& p) {
-    return {.typeWord = p.typeWord(),
-            .x0 = ShiftedX(p.u16(field::X0)),
-            .y0 = ShiftedY(p.u16(field::Y0)),
-            .x1 = ShiftedX(p.u16(field::X1)),
-            .y1 = ShiftedY(p.u16(field::Y1))};
-}
 
 // From the variable to the place of the strip, and back.
 
@@ -212,7 +200,7 @@ void AddRoller(const Parameters& p) {
     Roller* roller = Rollers.append();
     if (!roller) return;
     const std::uint8_t flags = p.u8(field::Flags);
-    *roller = {.head = readWindow(p),
+    *roller = {.head = ReadMovedHead(p, field::Window),
                .Address = p.u16(field::Address),
                .MarginA = p.u16(field::MarginA),
                .MarginB = p.u16(field::MarginB),

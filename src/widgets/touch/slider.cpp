@@ -20,10 +20,7 @@ constexpr std::size_t FillX = 3;
 constexpr std::size_t FillY = 5;
 constexpr std::size_t FillImage = 7;
 constexpr std::size_t Address = 9;
-constexpr std::size_t X0 = 11;
-constexpr std::size_t Y0 = 13;
-constexpr std::size_t X1 = 15;
-constexpr std::size_t Y1 = 17;
+constexpr std::size_t TrackArea = 11;
 constexpr std::size_t ThumbImage = 19;
 constexpr std::size_t Direction = 21;
 constexpr std::size_t Highest = 22;
@@ -240,11 +237,7 @@ void ResetSliders() {
 void AddSlider(const Parameters& p) {
     SliderRecord* row = Sliders.append();
     if (!row) return;
-    *row = {.head = {.typeWord = p.typeWord(),
-                     .x0 = ShiftedX(p.u16(field::X0)),
-                     .y0 = ShiftedY(p.u16(field::Y0)),
-                     .x1 = ShiftedX(p.u16(field::X1)),
-                     .y1 = ShiftedY(p.u16(field::Y1))},
+    *row = {.head = ReadMovedHead(p, field::TrackArea),
             .FillX = ShiftedX(p.u16(field::FillX)),
             .FillY = ShiftedY(p.u16(field::FillY)),
             .FillImage = p.u16(field::FillImage),

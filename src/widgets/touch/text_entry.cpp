@@ -1,7 +1,6 @@
 #include "widgets/touch/text_entry.h"
 
 #include "host/reply_frame.h"
-#include "store/variable_store.h"
 #include "widgets/touch/key_family.h"
 #include "widgets/touch/touch_families.h"
 
@@ -9,12 +8,7 @@ namespace panel {
 namespace {
 
 namespace field {
-constexpr std::size_t Address = 11;
-constexpr std::size_t Capacity = 13;
-constexpr std::size_t Prefilled = 15;
-constexpr std::size_t Font = 16;
-constexpr std::size_t GlyphWidth = 17;
-constexpr std::size_t GlyphHeight = 18;
+constexpr std::size_t Font = 16; // glyph width and height follow
 constexpr std::size_t Cursor = 19;
 constexpr std::size_t TextColour = 20;
 constexpr std::size_t CursorColour = 23;
@@ -31,37 +25,12 @@ constexpr std::uint8_t TopLeft = 3; // the anchor
 /// The field whose keyboard is up, kept apart from the table that the keyboard's page fills.
 TextEntryRow Open;
 
-std::size_t capacityBytes() { return 2 * std::size_t{Open.Capacity}; }
-
-// The text on the keyboard.
-
-QRect textRect() {
-    const QPoint at = Open.Field.textPlace();
-    return QRect(at, QPoint(KeyboardRect().right(), at.y() + Open.Field.Font.height - 1));
-}
-
-void drawText() {
-    const QRect rect = textRect();
-    DrawEntryText({rect.left(), rect.top(), rect.right(), rect.bottom()},
-                  Open.Field.Masked ? TextMode::Masked : TextMode::Draw);
-}
-
 void clearText() {
-    RestoreKeyboard(textRect());
+    RestoreKeyboard(TextLine());
     ClearEntry();
 }
 
 // Opening.
-
-/// A text ends at two zero bytes side by side, and at the first byte that no key of this family types.
-void prefill() {
-    const std::size_t start = 2 * std::size_t{Open.Address};
-    for (std::size_t i = start; i < start + capacityBytes(); ++i) {
-        const std::uint8_t byte = ReadByte(i);
-        const bool ends = (byte == 0 && ReadByte(i + 1) == 0) || (byte & 0x80) != 0;
-        if (ends || !TypeByte(byte)) return;
-    }
-}
 
 void open(const TextEntryRow& row) {
     if (!KeyboardExists(row.Field)) return;
@@ -73,9 +42,9 @@ void open(const TextEntryRow& row) {
     DrawKeyboard(field);
     BeginEntry(field);
     TextOpen = 1;
-    if (Open.Prefilled) {
-        prefill();
-        drawText();
+    if (Open.Variable.Prefilled) {
+        PrefillText(Open.Variable, TextBytesTaken::Ascii);
+        DrawTextLine();
     }
     if (field.Cursor) DrawCursor(CursorPlace());
 }
@@ -92,23 +61,14 @@ void leave() {
 
 /// The frame takes in one byte of the end mark where the text fills half a word.
 void commit() {
-    constexpr std::uint8_t end[2] = {0, 0};
-    const std::size_t start = 2 * std::size_t{Open.Address};
-    StoreBytes(start, EntryText());
-    StoreBytes(start + EntryLength, end);
-    if (Open.head.notifies()) SendVariable(Open.Address, EntryLength + EntryLength % 2u);
+    StoreText(Open.Variable);
+    if (Open.head.notifies()) SendVariable(Open.Variable.Address, EntryLength + EntryLength % 2u);
     leave();
 }
 
 void backspace() {
     CursorTicks = 0;
-    if (EraseByte()) drawText();
-}
-
-/// The low byte of a key's code is its character, the high byte the one with Shift.
-void typeCharacter(std::uint16_t code) {
-    const auto byte = static_cast<std::uint8_t>(EntryShift ? code >> 8 : code & 0xFF);
-    if (TypeByte(byte, capacityBytes())) drawText();
+    if (EraseByte()) DrawTextLine();
 }
 
 void act(std::uint16_t code) {
@@ -119,19 +79,15 @@ void act(std::uint16_t code) {
     case key_code::Clear: return clearText();
     case key_code::Shift:
     case key_code::LanguageSwitch: return;
-    default: return typeCharacter(code);
+    default: return TypeKeyCode(Open.Variable, code);
     }
 }
 
 EntryField readField(const Parameters& p) {
-    TextFont font = TableFont(p.u8(field::Font));
-    font.encoding = Encoding::Ascii;
-    font.width = p.u8(field::GlyphWidth);
-    font.height = p.u8(field::GlyphHeight);
     return {.KeyboardPage = p.u16(field::KeyboardPage),
             .Keyboard = {p.u16(field::KbdX), p.u16(field::KbdY)},
             .Text = {p.u16(field::TextX), p.u16(field::TextY)},
-            .Font = font,
+            .Font = ReadEntryFont(p, field::Font, Encoding::Ascii),
             .Anchor = TopLeft,
             .Masked = p.u8(field::Password) == 1,
             .Cursor = p.u8(field::Cursor) == 1,
@@ -149,11 +105,7 @@ void ResetTextEntries() {
 void AddTextEntry(const Parameters& p) {
     TextEntryRow* row = TextEntries.append();
     if (!row) return;
-    *row = {.head = ReadTouchHead(p),
-            .Address = p.u16(field::Address),
-            .Capacity = p.u16(field::Capacity),
-            .Prefilled = p.u8(field::Prefilled) == 1,
-            .Field = readField(p)};
+    *row = {.head = ReadTouchHead(p), .Variable = ReadTextVariable(p), .Field = readField(p)};
 }
 
 /// Shift keeps its press look while it is on.

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "store/row_table.h"
-#include "widgets/touch/keyboard.h"
+#include "widgets/touch/text_field.h"
 #include "widgets/touch/touch_row.h"
 
 #include <cstdint>
@@ -11,9 +11,7 @@ namespace panel {
 
 struct TextEntryRow {
     TouchHead head{};
-    std::uint16_t Address = 0;
-    std::uint16_t Capacity = 0; // of the variable, words of two characters
-    bool Prefilled = false;     // begins with the text of the variable
+    TextVariable Variable{};
     EntryField Field{};
 };
 inline RowTable<TextEntryRow, 128> TextEntries;

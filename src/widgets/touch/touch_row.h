@@ -37,20 +37,20 @@ struct TouchHead {
 inline std::uint16_t ShiftedX(std::uint16_t x) { return static_cast<std::uint16_t>(x + PopupShift().x()); }
 inline std::uint16_t ShiftedY(std::uint16_t y) { return static_cast<std::uint16_t>(y + PopupShift().y()); }
 
-/// Reads the head of a key's record, the rectangle at record offset `area` on, moved by the open pop-up
-/// unless only a virtual key reaches the row.
-inline TouchHead ReadTouchHead(const Parameters& p, std::size_t area = 3) {
-    TouchHead head{.typeWord = p.typeWord(),
-                   .x0 = p.u16(area),
-                   .y0 = p.u16(area + 2),
-                   .x1 = p.u16(area + 4),
-                   .y1 = p.u16(area + 6)};
-    if (!head.onScreen()) return head;
-    head.x0 = ShiftedX(head.x0);
-    head.y0 = ShiftedY(head.y0);
-    head.x1 = ShiftedX(head.x1);
-    head.y1 = ShiftedY(head.y1);
-    return head;
+/// Reads the head of a record, the rectangle at record offset `area` on, moved by the open pop-up.
+inline TouchHead ReadMovedHead(const Parameters& p, std::size_t area) {
+    return {.typeWord = p.typeWord(),
+            .x0 = ShiftedX(p.u16(area)),
+            .y0 = ShiftedY(p.u16(area + 2)),
+            .x1 = ShiftedX(p.u16(area + 4)),
+            .y1 = ShiftedY(p.u16(area + 6))};
+}
+
+/// The same for a key, of which a row that only a virtual key reaches is not moved.
+inline TouchHead ReadTouchHead(const Parameters& p) {
+    constexpr std::size_t area = 3;
+    if (p.u16(area) != NoPosition) return ReadMovedHead(p, area);
+    return {.typeWord = p.typeWord(), .x0 = NoPosition, .y0 = p.u16(area + 2)};
 }
 
 } // namespace panel

@@ -47,7 +47,7 @@ QRect changedArea(const QImage& before, const QImage& after, int tolerance = 0) 
 
 TEST_F(DemoProject, HasEveryPageAsItWasPainted) {
     constexpr int Rounding = 4; // a 5-bit step
-    ASSERT_EQ(pages.size(), TextKeyboardPressedPage + 1u);
+    ASSERT_EQ(pages.size(), ChineseKeyboardPressedPage + 1u);
     for (std::uint16_t id = 0; id < pages.size(); ++id) {
         if (id == AwayPopup || id == BoostPopup || id >= DatePopup) continue;
         panel::ShowPage(id);

@@ -2,10 +2,12 @@
 
 #include "demo/key_art.h"
 #include "demo/layout.h"
+#include "demo/pinyin_syllables.h"
 #include "demo/texts.h"
 #include "demo/words.h"
 
 #include "imagekit/entry_widgets.h"
+#include "imagekit/value_widgets.h"
 
 namespace demo {
 namespace {
@@ -16,6 +18,8 @@ constexpr TextStyle EntryStyle{24, QFont::DemiBold, colour::Warm};
 constexpr int Margin = 14, KeyGap = 6;
 constexpr QRect EntryLine(Margin, Margin, 0, 46); // as wide as the keyboard
 constexpr int FirstRow = Margin + 46 + 10;
+constexpr TextStyle NameStyle{18, QFont::DemiBold, colour::Warm};
+constexpr int MostLetters = 6, CandidateGap = 22;
 
 struct KeyCap {
     QRect place;
@@ -27,7 +31,14 @@ struct KeyCap {
 struct Keyboard {
     QSize size;
     std::vector<KeyCap> keys;
+    std::vector<QRect> wells{}; // besides the line of the text
 };
+
+QString asciiCharacters() {
+    QString ascii;
+    for (char character = ' '; character <= '~'; ++character) ascii += QChar(character);
+    return ascii;
+}
 
 /// Cell of a grid of keys, some columns wide.
 QRect cell(QSize key, int column, int row, int columns = 1) {
@@ -56,22 +67,20 @@ Keyboard keypad() {
     return pad;
 }
 
+void addCharacters(Keyboard& board, QSize key, QPoint first, const char* plain, const char* shifted) {
+    for (int i = 0; plain[i]; ++i)
+        board.keys.push_back({cell(key, first.x() + i, first.y()), QString(QChar(plain[i])),
+                              imagekit::CharacterKey(plain[i], shifted[i])});
+}
+
 Keyboard textKeyboard() {
     constexpr QSize key(58, 46);
     Keyboard board{sizeOf(key, 10, 5), {}};
-    const char* const plain[] = {"1234567890", "qwertyuiop", "asdfghjkl-"};
-    const char* const shifted[] = {"!@#$%^&*()", "QWERTYUIOP", "ASDFGHJKL_"};
-    for (int row = 0; row < 3; ++row)
-        for (int column = 0; column < 10; ++column)
-            board.keys.push_back({cell(key, column, row), QString(QChar(plain[row][column])),
-                                  imagekit::CharacterKey(plain[row][column], shifted[row][column])});
+    addCharacters(board, key, {0, 0}, "1234567890", "!@#$%^&*()");
+    addCharacters(board, key, {0, 1}, "qwertyuiop", "QWERTYUIOP");
+    addCharacters(board, key, {0, 2}, "asdfghjkl-", "ASDFGHJKL_");
     board.keys.push_back({cell(key, 0, 3), "Shift", keys::Shift, colour::Track});
-    for (int column = 0; column < 7; ++column) {
-        const char low = "zxcvbnm"[column], high = "ZXCVBNM"[column];
-        board.keys.push_back(
-            {cell(key, column + 1, 3), QString(QChar(low)), imagekit::CharacterKey(low, high)});
-    }
-    board.keys.push_back({cell(key, 8, 3), ".", imagekit::CharacterKey('.', ',')});
+    addCharacters(board, key, {1, 3}, "zxcvbnm.", "ZXCVBNM,");
     board.keys.push_back({cell(key, 9, 3), "Del", keys::Backspace, colour::Track});
     board.keys.push_back({cell(key, 0, 4, 2), "Esc", keys::Cancel, colour::Track});
     board.keys.push_back({cell(key, 2, 4, 4), "Space", imagekit::CharacterKey(' ', ' ')});
@@ -80,10 +89,34 @@ Keyboard textKeyboard() {
     return board;
 }
 
+constexpr QSize ChineseKey(58, 42);
+/// Where letters and candidates stand, with the keys that turn their pages at its end.
+const QRect CandidateRow = cell(ChineseKey, 0, 0, 8);
+
+Keyboard chineseKeyboard() {
+    constexpr QSize key = ChineseKey;
+    Keyboard board{sizeOf(key, 10, 6), {}, {CandidateRow}};
+    board.keys.push_back({cell(key, 8, 0), "\u2039", keys::PreviousCandidates, colour::Track});
+    board.keys.push_back({cell(key, 9, 0), "\u203A", keys::NextCandidates, colour::Track});
+    addCharacters(board, key, {0, 1}, "1234567890", "!@#$%^&*()");
+    addCharacters(board, key, {0, 2}, "qwertyuiop", "QWERTYUIOP");
+    addCharacters(board, key, {0, 3}, "asdfghjkl-", "ASDFGHJKL_");
+    board.keys.push_back({cell(key, 0, 4), "Shift", keys::Shift, colour::Track});
+    addCharacters(board, key, {1, 4}, "zxcvbnm.", "ZXCVBNM,");
+    board.keys.push_back({cell(key, 9, 4), "Del", keys::Backspace, colour::Track});
+    board.keys.push_back({cell(key, 0, 5, 2), "Esc", keys::Cancel, colour::Track});
+    board.keys.push_back({cell(key, 2, 5), "abc", keys::LanguageSwitch, colour::Track});
+    board.keys.push_back({cell(key, 3, 5, 3), "Space", imagekit::CharacterKey(' ', ' ')});
+    board.keys.push_back({cell(key, 6, 5, 2), "Clear", keys::Clear, colour::Track});
+    board.keys.push_back({cell(key, 8, 5, 2), "OK", keys::Enter, colour::Eco});
+    return board;
+}
+
 Art paint(const Keyboard& keyboard, bool pressed) {
     Canvas canvas(keyboard.size, colour::CardEdge);
     canvas.painter().fillRect(QRect(QPoint(2, 2), keyboard.size - QSize(4, 4)), colour::Card);
     canvas.painter().fillRect(EntryLine.adjusted(0, 0, keyboard.size.width() - 2 * Margin, 0), colour::Well);
+    for (const QRect& well : keyboard.wells) canvas.painter().fillRect(well, colour::Well);
     for (const KeyCap& key : keyboard.keys) {
         canvas.key(key.place, pressed ? colour::Warm : key.fill);
         const QColor ink = pressed || key.fill == colour::Eco ? colour::Rail : colour::Text;
@@ -105,6 +138,32 @@ imagekit::KeyboardPlace inTheMiddle(PageId page, QSize size, const EntryFont& fo
             .Y = U16((layout::Screen.height() - size.height()) / 2),
             .TextX = U16(EntryLine.x() + 12),
             .TextY = U16(EntryLine.y() + (EntryLine.height() - font.height) / 2)};
+}
+
+/// All that the Chinese keyboard can type.
+EntryFont addChineseFont(imagekit::ImageBuilder& image, const TextStyle& style) {
+    QString characters = asciiCharacters();
+    for (const auto& [letters, meanings] : PinyinSyllables()) characters += meanings;
+    const auto width = static_cast<std::uint8_t>(style.size),
+               height = static_cast<std::uint8_t>(LineHeight(style));
+    const imagekit::StoredFont font = imagekit::RasterFont(
+        {.Kind = imagekit::FontKind::Gbk, .Width = width, .Height = height, .Depth = 2},
+        {.Family = ThemeFaces(), .PixelSize = style.size, .Weight = style.weight, .Characters = characters});
+    return {image.addFont(font), width, height};
+}
+
+void addNameLabel(imagekit::Page& page, const QRect& area, std::uint8_t anchor, const EntryFont& font,
+                  imagekit::ImageBuilder& image) {
+    page.add(imagekit::Label{.TextAddress = words::RoomName,
+                             .X1 = U16(area.left()),
+                             .Y1 = U16(area.top()),
+                             .X2 = U16(area.right()),
+                             .Y2 = U16(area.bottom()),
+                             .Colour = image.colour(colour::Text),
+                             .Font = font.index,
+                             .TextLength = words::NameWords,
+                             .Anchor = anchor},
+             "Room name");
 }
 
 void addTemperature(imagekit::Page& page, const QRect& well, words::Word word, int lowest, int highest,
@@ -140,19 +199,52 @@ void addPin(imagekit::Page& page, const EntryFont& font, imagekit::ImageBuilder&
                                  .Password = true});
 }
 
+/// The name of the room, and the field that it is typed in.
+void addRoomName(imagekit::ImageBuilder& image) {
+    const EntryFont font = addChineseFont(image, NameStyle);
+    const int lettersX = CandidateRow.x() + 12;
+    const std::uint16_t lineY = U16(CandidateRow.y() + (CandidateRow.height() - font.height) / 2);
+    image.page(SettingsPage)
+        .add(imagekit::PinyinEntry{.Where = AreaOf(layout::settings::Tile(1, 2)),
+                                   .Notify = true,
+                                   .Address = words::RoomName,
+                                   .Capacity = words::NameWords,
+                                   .Prefilled = true,
+                                   .Font = font.index,
+                                   .GlyphWidth = font.width,
+                                   .GlyphHeight = font.height,
+                                   .PinyinFont = font.index,
+                                   .PinyinGlyphWidth = font.width,
+                                   .PinyinGlyphHeight = font.height,
+                                   .TextColour = image.colour(NameStyle.colour),
+                                   .CursorColour = image.colour(colour::Text),
+                                   .PinyinColour = image.colour(colour::Text),
+                                   .Keyboard = inTheMiddle(ChineseKeyboardPage, chineseKeyboard().size, font),
+                                   .LettersX = U16(lettersX),
+                                   .LettersY = lineY,
+                                   .CandidatesX = U16(lettersX + (MostLetters + 1) * font.width),
+                                   .CandidatesY = lineY,
+                                   .Gap = CandidateGap});
+    addNameLabel(image.page(SettingsPage), layout::settings::TileName(layout::settings::Tile(1, 2)), 1, font,
+                 image);
+    addNameLabel(image.page(HomePage), layout::home::RoomName, 0, font, image);
+    image.setBytes(words::RoomName, imagekit::EncodeText("Living room", imagekit::FontKind::Gbk));
+}
+
 } // namespace
 
 Art PaintKeypad(bool pressed) { return paint(keypad(), pressed); }
 Art PaintTextKeyboard(bool pressed) { return paint(textKeyboard(), pressed); }
+Art PaintChineseKeyboard(bool pressed) { return paint(chineseKeyboard(), pressed); }
 
 EntryFont AddEntryFont(imagekit::ImageBuilder& image, const TextStyle& style) {
-    QString ascii;
-    for (char character = ' '; character <= '~'; ++character) ascii += QChar(character);
     const auto width = static_cast<std::uint8_t>(style.size),
                height = static_cast<std::uint8_t>(LineHeight(style));
-    const imagekit::StoredFont font = imagekit::RasterFont(
-        {.Width = width, .Height = height, .Depth = 4},
-        {.Family = ThemeFaces(), .PixelSize = style.size, .Weight = style.weight, .Characters = ascii});
+    const imagekit::StoredFont font = imagekit::RasterFont({.Width = width, .Height = height, .Depth = 4},
+                                                           {.Family = ThemeFaces(),
+                                                            .PixelSize = style.size,
+                                                            .Weight = style.weight,
+                                                            .Characters = asciiCharacters()});
     return {image.addFont(font), width, height};
 }
 
@@ -160,10 +252,13 @@ void AddKeyboards(imagekit::ImageBuilder& image) {
     const EntryFont font = AddEntryFont(image, EntryStyle);
     addKeys(image.page(KeypadPage), keypad(), KeypadPressedPage);
     addKeys(image.page(TextKeyboardPage), textKeyboard(), TextKeyboardPressedPage);
+    addKeys(image.page(ChineseKeyboardPage), chineseKeyboard(), ChineseKeyboardPressedPage);
     addTemperature(image.page(HomePage), layout::home::TargetValue, words::RoomTarget, 50, 300, font, image);
     addTemperature(image.page(HotWaterPage), layout::water::TargetValue, words::WaterTarget, 350, 650, font,
                    image);
     addPin(image.page(ServicePage), font, image);
+    image.setPinyin(PinyinSyllables());
+    addRoomName(image);
 }
 
 } // namespace demo

@@ -1,5 +1,5 @@
-// The keyboards of the demo: a keypad for numbers and one for texts, each a page with its keys at rest and
-// one with all of them pressed.
+// The keyboards of the demo: a keypad for numbers, one for texts and one for Chinese by its pinyin, each a
+// page with its keys at rest and one with all of them pressed.
 #pragma once
 
 #include "demo/canvas.h"
@@ -11,6 +11,7 @@ namespace demo {
 
 Art PaintKeypad(bool pressed);
 Art PaintTextKeyboard(bool pressed);
+Art PaintChineseKeyboard(bool pressed);
 
 /// Adds the keys to the keyboards' pages, and the fields that open them.
 void AddKeyboards(imagekit::ImageBuilder& image);

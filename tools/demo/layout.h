@@ -41,6 +41,7 @@ inline constexpr QRect Clock{688, 18, 92, 32};
 
 namespace home {
 inline constexpr QRect RoomCard = Span(Left, Top, 464, 368);
+inline constexpr QRect RoomName{124, 76, 240, 28};
 inline constexpr QPoint DialCentre{286, 222};
 inline constexpr int DialRadius = 102; // to the middle of the ring
 inline constexpr int DialWidth = 14;
@@ -132,6 +133,7 @@ constexpr QRect TileSlider(const QRect& tile) {
     return QRect(tile.x() + 68, tile.y() + 60, tile.width() - 88, 8);
 }
 constexpr QRect TileValue(const QRect& tile) { return QRect(tile.right() - 121, tile.y() + 31, 78, 30); }
+constexpr QRect TileName(const QRect& tile) { return QRect(tile.right() - 171, tile.y() + 31, 128, 30); }
 constexpr QRect TileSwitch(const QRect& tile) { return QRect(tile.right() - 67, tile.y() + 32, 52, 28); }
 } // namespace settings
 

@@ -137,7 +137,9 @@ std::vector<PaintedPage> PaintPages() {
             pageOf("keypad", PaintKeypad(false), format::RGB565),
             pageOf("keypad-pressed", PaintKeypad(true), format::RGB565),
             pageOf("keyboard", PaintTextKeyboard(false), format::RGB565),
-            pageOf("keyboard-pressed", PaintTextKeyboard(true), format::RGB565)};
+            pageOf("keyboard-pressed", PaintTextKeyboard(true), format::RGB565),
+            pageOf("chinese-keyboard", PaintChineseKeyboard(false), format::RGB565),
+            pageOf("chinese-keyboard-pressed", PaintChineseKeyboard(true), format::RGB565)};
 }
 
 imagekit::ImageBuilder BuildProject(const std::vector<PaintedPage>& pages) {

@@ -29,6 +29,8 @@ enum PageId : std::uint16_t {
     KeypadPressedPage,
     TextKeyboardPage,
     TextKeyboardPressedPage,
+    ChineseKeyboardPage,
+    ChineseKeyboardPressedPage,
 };
 
 struct PaintedPage {

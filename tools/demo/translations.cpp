@@ -25,7 +25,6 @@ const Translation Translations[] = {
     {"Service and diagnostics", "服务与诊断"},
     // Home
     {"Welcome home", "欢迎回家"},
-    {"Living room", "客厅"},
     {"Indoors °C", "室内 °C"},
     {"Target", "目标"},
     {"Set target", "设定目标"},
@@ -97,9 +96,8 @@ const Translation Translations[] = {
     {"Change", "更改"},
     {"Date", "日期"},
     {"Set date", "设定日期"},
-    {"Network", "网络"},
-    {"Wireless", "无线"},
-    {"Connected", "已连接"},
+    {"Room", "房间"},
+    {"Tap to name", "点按命名"},
     {"Child lock", "童锁"},
     {"Hold to lock, tap twice to free", "长按锁定，双击解锁"},
     // Service and diagnostics

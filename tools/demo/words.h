@@ -60,10 +60,12 @@ enum Word : std::uint16_t {
     ServicePin = 0x0320, // text of TextWords, and so are the following
     Greeting = 0x0340,   // in the language of the panel, and so is the next
     Weather = 0x0360,
+    RoomName = 0x0380, // in GBK, of NameWords
 };
 
 inline constexpr std::uint16_t TextWords = 0x20; // room of a text
-inline constexpr std::uint16_t PinWords = 4;     // of the PIN, two characters each
+inline constexpr std::uint16_t NameWords = 6;
+inline constexpr std::uint16_t PinWords = 4; // of the PIN, two characters each
 
 enum SceneId : std::uint16_t { Comfort, Eco, Night, Away };
 

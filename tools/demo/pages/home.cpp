@@ -64,7 +64,7 @@ void paintDialScale(Canvas& canvas) {
 }
 
 void paintRoom(Canvas& canvas) {
-    canvas.card(RoomCard, "Living room");
+    canvas.card(RoomCard);
     canvas.icon(Icon::Thermometer, QRectF(RoomCard.right() - 37, RoomCard.y() + 14, 20, 20), colour::Muted);
     paintDialGlow(canvas);
     strokeDial(canvas, DialRadius, colour::Track, layout::home::DialWidth);

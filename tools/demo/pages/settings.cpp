@@ -7,7 +7,7 @@ namespace {
 
 using namespace layout::settings;
 
-enum class Control { Slider, Switch, Value };
+enum class Control { Slider, Switch, Value, Name };
 
 struct Setting {
     Icon icon;
@@ -25,9 +25,13 @@ const Setting Settings[2][4] = {
      {Icon::Bell, colour::Warm, Control::Switch, "Key tones", "A click at every touch"}},
     {{Icon::Globe, colour::Eco, Control::Value, "Language", "Of this display", "English"},
      {Icon::Clock, colour::Warm, Control::Value, "Date and time", "Of this display", "Change"},
-     {Icon::Wifi, colour::Cool, Control::Value, "Network", "Wireless", "Connected"},
+     {Icon::Home, colour::Cool, Control::Name, "Room", "Tap to name"},
      {Icon::Shield, colour::Hot, Control::Switch, "Child lock", "Hold to lock, tap twice to free"}},
 };
+
+void paintChevron(Canvas& canvas, const QRect& tile) {
+    canvas.icon(Icon::ChevronRight, QRectF(tile.right() - 35, tile.y() + 36, 20, 20), colour::Faint, 2.2);
+}
 
 void paintControl(Canvas& canvas, const QRect& tile, const Setting& setting) {
     switch (setting.control) {
@@ -36,7 +40,11 @@ void paintControl(Canvas& canvas, const QRect& tile, const Setting& setting) {
     case Control::Value:
         canvas.well(TileValue(tile));
         canvas.text(TileValue(tile), setting.value, style::Small.in(colour::Text), Qt::AlignCenter);
-        canvas.icon(Icon::ChevronRight, QRectF(tile.right() - 35, tile.y() + 36, 20, 20), colour::Faint, 2.2);
+        paintChevron(canvas, tile);
+        break;
+    case Control::Name:
+        canvas.well(TileName(tile));
+        paintChevron(canvas, tile);
         break;
     }
 }

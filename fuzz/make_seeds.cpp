@@ -9,6 +9,7 @@
 #include <QFile>
 
 #include <cstdio>
+#include <iterator>
 
 namespace {
 
@@ -122,13 +123,20 @@ ImageBuilder everyTouchWidget(PanelConfig config) {
                              .Prefilled = true});
         page.add(
             TextEntry{.Where = {30, 20, 39, 29}, .Address = 0x78, .Prefilled = true, .Keyboard = keyboard});
+        page.add(PinyinEntry{.Where = {40, 20, 49, 29},
+                             .Address = 0x80,
+                             .Prefilled = true,
+                             .Keyboard = keyboard,
+                             .CandidatesX = 2,
+                             .CandidatesY = 20,
+                             .Gap = 2});
         for (std::uint16_t key = 0; key < 16; ++key) {
-            const std::uint16_t codes[] = {'1', '.', '-', 0xF0, 0xF1, 0xF2, 0xF3, 0xF5};
+            const std::uint16_t codes[] = {'1', 'a', '-', 0xF0, 0xF1, 0xF2, 0xF4, 0xF8};
             const auto x = static_cast<std::uint16_t>(key % 4 * 10),
                        y = static_cast<std::uint16_t>(key / 4 * 8);
             page.add(KeyboardKey{
                 .Where = {x, y, static_cast<std::uint16_t>(x + 9), static_cast<std::uint16_t>(y + 7)},
-                .Code = codes[key % 8],
+                .Code = codes[key % std::size(codes)],
                 .PressPicture = target});
         }
         page.add(MusicPlayer{.Number = target, .Repeat = true});
@@ -139,6 +147,7 @@ ImageBuilder everyTouchWidget(PanelConfig config) {
         page.add(BitIcon{.ValueAddress = 0x71, .X = 24, .Y = 14, .Bit = 1, .ClearImage = 0, .SetImage = 2});
         page.add(PagePreset{1, {{0x70, 2}, {0x7000, target}}});
     }
+    image.setPinyin({{"a", QString(20, QChar(0x554A))}});
     return image;
 }
 

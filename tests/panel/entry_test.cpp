@@ -1,4 +1,5 @@
 #include "imagekit/entry_widgets.h"
+#include "imagekit/value_widgets.h"
 #include "pages/page_switch.h"
 #include "store/typed_value.h"
 #include "touch_fixture.h"
@@ -384,6 +385,31 @@ TEST_F(EntryTest, AFieldInAPopupLeadsBackToThePopup) {
     EXPECT_EQ(ReadWord(Value), 6);
     EXPECT_EQ(CurrentPage, 4);
     EXPECT_EQ(PopupActive, 1);
+}
+
+TEST_F(EntryTest, WhatRunsUnderAKeyboardStaysOutOfIt) {
+    TextEntry field = text();
+    field.Where = VirtualKeyOnly(7);
+    field.Cursor = false;
+    QImage digit(6, 8, QImage::Format_RGB32);
+    digit.fill(Qt::green);
+    UiTimer timer{.PresetAddress = 0x40, .TimerAddress = 0x41, .ControlAddress = 0x42, .X = 30, .Y = 20};
+    for (int i = 0; i < 11; ++i) image.addPicture(Pixels{digit});
+    image.page(FieldPage).add(timer);
+    image.page(FieldPage).add(field);
+    image.setWords(0x40, {90, 90, 1});
+    start();
+    const QRect keyboard(At, QSize(80, 42));
+    ASSERT_TRUE(hasInk(keyboard));
+    apply(word::VirtualKey, 7);
+    cycles(1);
+    ASSERT_EQ(TextOpen, 1);
+    EXPECT_FALSE(hasInk(keyboard));
+    run(2500);
+    EXPECT_FALSE(hasInk(keyboard));
+    EXPECT_LT(ReadWord(0x41), 90) << "it counts all the same";
+    type("?");
+    EXPECT_TRUE(hasInk(keyboard));
 }
 
 TEST_F(EntryTest, AKeyboardThatDoesNotExistOpensNothing) {

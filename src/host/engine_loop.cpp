@@ -13,6 +13,7 @@
 #include "store/pending_writes.h"
 #include "store/system_words.h"
 #include "store/variable_store.h"
+#include "widgets/display/auto_step.h"
 #include "widgets/display/image_animation.h"
 #include "widgets/display/media.h"
 #include "widgets/display/uitimer.h"
@@ -140,7 +141,7 @@ constexpr CycleStep CycleSteps[] = {
     {"UiTimerTick", step<UiTimerTick>},
     {"TextrollTick", nullptr},
     {"CurveTick", nullptr},
-    {"AutoStepTick", nullptr},
+    {"AutoStepTick", step<AutoStepTick>},
     {"NeedleMeterTick", nullptr},
     {"GestureTick", nullptr},
     {"SlidePageTick", nullptr},
@@ -178,7 +179,7 @@ struct TickCounter {
     void (*count)(); // null: as in CycleSteps
 };
 constexpr TickCounter TickCounters[] = {
-    {"autoStep", nullptr},
+    {"autoStep", CountAutoStepTicks},
     {"needleMeter", nullptr},
     {"imageAnimation", CountAnimationTicks},
     {"step repeat", CountRepeatTicks},

@@ -1,11 +1,14 @@
 #include "pages/display_kinds.h"
 
+#include "widgets/display/auto_step.h"
 #include "widgets/display/bit_icon.h"
 #include "widgets/display/image_animation.h"
+#include "widgets/display/image_bar.h"
 #include "widgets/display/label.h"
 #include "widgets/display/media.h"
 #include "widgets/display/number.h"
 #include "widgets/display/png_number.h"
+#include "widgets/display/qr_code.h"
 #include "widgets/display/uitimer.h"
 #include "widgets/display/value_icon.h"
 
@@ -63,13 +66,18 @@ constexpr DisplayKind Kinds[] = {
      .afterTouch = true,
      .refreshRow = RefreshAnimation},
     {.code = 0x06, .name = "pngClock", .inGroups = true, .refresh = Refresh::ByRow},
-    {.code = 0x07, .name = "qrcode", .dependsOn = QrText, .refresh = Refresh::ByValue},
+    {.code = 0x07,
+     .name = "qrcode",
+     .dependsOn = QrText,
+     .display = DisplayQrCode,
+     .refresh = Refresh::ByValue},
     {.code = 0x08, .name = "AnalogClock", .refresh = Refresh::ByRow},
     {.code = 0x09, .name = "textroll", .dependsOn = TextrollText, .refresh = Refresh::ByValue},
     {.code = 0x0A, .name = "musicPlayer", .display = DisplayMusicPlayer, .hasBlock = false},
     {.code = 0x0B,
      .name = "imageBar",
      .dependsOn = ValueWord,
+     .display = DisplayImageBar,
      .refresh = Refresh::ByValue,
      .afterTouch = true},
     {.code = 0x0C,
@@ -99,7 +107,14 @@ constexpr DisplayKind Kinds[] = {
      .refresh = Refresh::ByRow,
      .refreshRow = RefreshUiTimer,
      .refreshedWords = UiTimerWords},
-    {.code = 0x11, .name = "autoStep", .dependsOn = ValueWord, .refresh = Refresh::ByRow},
+    {.code = 0x11,
+     .name = "autoStep",
+     .dependsOn = ValueWord,
+     .display = AddAutoStep,
+     .forget = ForgetAutoSteps,
+     .cursor = &AutoStepCursor,
+     .refresh = Refresh::ByRow,
+     .refreshRow = RefreshAutoStep},
     {.code = 0x12, .name = "needleMeter", .dependsOn = ValueWord, .refresh = Refresh::ByRow},
     {.code = 0x13, .name = "encoderEntry", .hasBlock = false, .background = true},
     {.code = 0x14, .name = "encoderPages", .hasBlock = false, .background = true},

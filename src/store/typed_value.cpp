@@ -48,4 +48,13 @@ NumericValue ReadNumericStrictly(std::uint16_t address, std::uint8_t typeCode) {
     return typeCode == TypePlain64 ? NumericValue{} : ReadNumeric(address, typeCode);
 }
 
+void StoreNumeric(std::uint16_t address, std::uint8_t typeCode, std::int64_t value) {
+    if (!namesType(typeCode)) return;
+    const std::size_t count = std::size_t{1} << (typeCode & TypeSizeMask);
+    if (count == 1)
+        StoreLowByte(address, static_cast<std::uint8_t>(value));
+    else
+        StoreNumber(address, static_cast<std::uint64_t>(value), count);
+}
+
 } // namespace panel

@@ -29,4 +29,7 @@ NumericValue ReadNumeric(std::uint16_t address, std::uint8_t typeCode);
 /// The same for widgets that show 64 bits only in their signed type: 0 for TypePlain64 too.
 NumericValue ReadNumericStrictly(std::uint16_t address, std::uint8_t typeCode);
 
+/// Writes a variable of that size; nothing for a code that names no type. Any thread.
+void StoreNumeric(std::uint16_t address, std::uint8_t typeCode, std::int64_t value);
+
 } // namespace panel

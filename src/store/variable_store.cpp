@@ -57,6 +57,12 @@ void StoreBytes(std::size_t offset, std::span<const std::uint8_t> bytes) {
     for (std::size_t i = 0; i < count; ++i) store(offset + i, bytes[i]);
 }
 
+void StoreNumber(std::uint16_t address, std::uint64_t value, std::size_t byteCount) {
+    const std::size_t offset = 2 * std::size_t{address};
+    for (std::size_t i = byteCount; i-- > 0; value >>= 8)
+        StoreByte(offset + i, static_cast<std::uint8_t>(value));
+}
+
 std::uint16_t ShadowWord(std::uint16_t address) {
     const std::size_t offset = 2 * std::size_t{address};
     return static_cast<std::uint16_t>(ShadowByte(offset) << 8 | ShadowByte(offset + 1));

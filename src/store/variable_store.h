@@ -36,6 +36,8 @@ std::uint8_t ReadByte(std::size_t offset);
 void StoreByte(std::size_t offset, std::uint8_t value);
 void ReadBytes(std::size_t offset, std::span<std::uint8_t> out);
 void StoreBytes(std::size_t offset, std::span<const std::uint8_t> bytes);
+/// The low `byteCount` bytes of a number, 1 to 8, from a word on.
+void StoreNumber(std::uint16_t address, std::uint64_t value, std::size_t byteCount);
 
 // The ShadowStore. Engine thread only.
 

@@ -6,9 +6,6 @@
 
 #include <QTextCodec>
 
-#include <array>
-#include <span>
-
 namespace panel {
 namespace {
 
@@ -64,11 +61,10 @@ bool IsInReach(std::uint32_t address, int width) {
 bool WriteNumber(std::uint32_t address, std::int64_t value, int width) {
     if (!IsInReach(address, width)) return false;
     const auto word = static_cast<std::uint16_t>(address);
-    std::array<std::uint8_t, 8> bytes{};
-    const std::size_t count = width == 1 ? 2 : static_cast<std::size_t>(width);
-    auto rest = static_cast<std::uint64_t>(width == 1 ? value & 0xFF : value);
-    for (std::size_t i = count; i-- > 0; rest >>= 8) bytes[i] = static_cast<std::uint8_t>(rest);
-    StoreBytes(2 * std::size_t{word}, std::span(bytes).first(count));
+    if (width == 1)
+        StoreWord(word, static_cast<std::uint8_t>(value));
+    else
+        StoreNumber(word, static_cast<std::uint64_t>(value), static_cast<std::size_t>(width));
     if (isSystemWord(address)) ApplySystemWordFromMainThread(word);
     return true;
 }

@@ -72,25 +72,12 @@ bool withinLimits(std::int64_t value) {
     return !Open.Limited || (value >= Open.Lowest && value <= Open.Highest);
 }
 
-void storeBytes(std::uint64_t value, std::size_t count) {
-    std::array<std::uint8_t, 8> bytes{};
-    for (std::size_t i = 0; i < count; ++i)
-        bytes[i] = static_cast<std::uint8_t>(value >> 8 * (count - 1 - i));
-    StoreBytes(2 * std::size_t{Open.Address}, std::span(bytes).first(count));
-}
-
-/// With limits a value of 64 bits is one of 32, with its sign in front.
+/// Fields know 64 bits only in the signed type. With limits it is a value of 32, with its sign in front.
 void storeValue(std::int64_t value) {
-    switch (Open.DataType & ~TypeSignedBit) {
-    case 0x00: return StoreLowByte(Open.Address, static_cast<std::uint8_t>(value));
-    case 0x01: return storeBytes(static_cast<std::uint64_t>(value), 2);
-    case 0x02: return storeBytes(static_cast<std::uint64_t>(value), 4);
-    case 0x03:
-        if (!(Open.DataType & TypeSignedBit)) return;
-        if (Open.Limited) value = static_cast<std::int32_t>(value);
-        return storeBytes(static_cast<std::uint64_t>(value), 8);
-    default: return;
-    }
+    if (Open.DataType == TypePlain64) return;
+    const bool isLong = Open.DataType == (TypePlain64 | TypeSignedBit);
+    StoreNumeric(Open.Address, Open.DataType,
+                 isLong && Open.Limited ? static_cast<std::int32_t>(value) : value);
 }
 
 /// Writes the typed number; false when the limits refuse it.

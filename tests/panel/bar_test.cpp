@@ -1,0 +1,268 @@
+#include "imagekit/bar_widgets.h"
+
+#include "pages/page_switch.h"
+#include "panel_test.h"
+#include "store/typed_value.h"
+#include "widgets/display/auto_step.h"
+#include "widgets/display/qr_code.h"
+
+#include <QPainter>
+
+#include <qrcodegen/qrcodegen.hpp>
+
+namespace panel {
+namespace {
+
+using namespace imagekit;
+
+constexpr std::uint16_t Value = 0x0100, Control = 0x0110, Done = 0x0120, Text = 0x0200;
+
+QRgb mark(int x, int y) { return qRgb(10 * x + 5, 10 * y + 5, 77); }
+
+/// A picture of which every pixel tells its place.
+Pixels marked(int width, int height) {
+    QImage picture(width, height, QImage::Format_RGB32);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x) picture.setPixel(x, y, mark(x, y));
+    return {picture};
+}
+
+struct BarCase {
+    BarGrowth direction;
+    int minimum, maximum, value;
+    QRect piece; // of the bar's picture, 20 x 10
+};
+void PrintTo(const BarCase& c, std::ostream* out) {
+    *out << int(c.direction) << ": " << c.value << " of " << c.minimum << " to " << c.maximum;
+}
+
+class ImageBarTest : public PanelTest, public ::testing::WithParamInterface<BarCase> {};
+
+TEST_P(ImageBarTest, ShowsThePieceOfItsValueOverWhatLiesBehind) {
+    const BarCase& c = GetParam();
+    ImageBuilder image(Small);
+    const std::uint16_t bar = image.addPicture(marked(20, 10));
+    QImage ground(30, 20, QImage::Format_RGB32);
+    ground.fill(Qt::darkGreen);
+    ImageBar widget{.ValueAddress = Value,
+                    .BarX = 9,
+                    .BarY = 8,
+                    .BarImage = bar,
+                    .Direction = c.direction,
+                    .Maximum = static_cast<std::int16_t>(c.maximum),
+                    .Minimum = static_cast<std::int16_t>(c.minimum),
+                    .BackX = 5,
+                    .BackY = 5};
+    image.addPage(PlainPage(Small, Qt::gray)).add(widget);
+    widget.BackImage = image.addPicture(Pixels{ground});
+    image.addPage(PlainPage(Small, Qt::gray)).add(widget);
+    image.setWord(Value, 0x7FFF); // first as long as can be
+    boot(image);
+    for (const std::uint16_t page : {0, 1}) {
+        ShowPage(page);
+        cycles(1);
+        StoreWord(Value, static_cast<std::uint16_t>(c.value));
+        run(300);
+        const QPoint at = page == 0 ? QPoint(5, 5) : QPoint(9, 8); // without a ground the bar takes its place
+        const QRect groundRect(5, 5, 30, 20);
+        for (int y = 0; y < 48; ++y)
+            for (int x = 0; x < 64; ++x) {
+                const QPoint inBar = QPoint(x, y) - at;
+                const QRgb behind =
+                    page == 1 && groundRect.contains(x, y) ? ground.pixel(0, 0) : QColor(Qt::gray).rgb();
+                ASSERT_EQ(pixel(x, y), c.piece.contains(inBar) ? mark(inBar.x(), inBar.y()) : behind)
+                    << page << ": " << x << ' ' << y;
+            }
+        StoreWord(Value, 0x7FFF);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Bars, ImageBarTest,
+    ::testing::Values(BarCase{BarGrowth::Right, 0, 100, 50, {0, 0, 10, 10}},
+                      BarCase{BarGrowth::Right, 0, 100, 99, {0, 0, 19, 10}},
+                      BarCase{BarGrowth::Right, 0, 100, 0, {}},
+                      BarCase{BarGrowth::Left, 0, 100, 25, {15, 0, 5, 10}},
+                      BarCase{BarGrowth::Down, -100, 100, 0, {0, 0, 20, 5}},
+                      BarCase{BarGrowth::Up, -100, 100, -40, {0, 7, 20, 3}},
+                      BarCase{BarGrowth::Up, -100, 100, 0x8000, {}}, // the lowest number, not the highest
+                      BarCase{BarGrowth::Right, -32768, 32767, 32767, {0, 0, 20, 10}},
+                      BarCase{BarGrowth::Right, 7, 7, 7, {}}, BarCase{BarGrowth::Right, 9, 3, 5, {}},
+                      BarCase{static_cast<BarGrowth>(4), 0, 100, 100, {}}));
+
+/// The code as the library and the toolkit make it together.
+QImage qrByDefinition(const std::string& text, int side) {
+    using qrcodegen::QrCode;
+    const QrCode code = QrCode::encodeSegments(qrcodegen::QrSegment::makeSegments(text.c_str()),
+                                               QrCode::Ecc::HIGH, 1, 40, 2, false);
+    QImage modules(code.getSize(), code.getSize(), QImage::Format_RGB888);
+    for (int y = 0; y < modules.height(); ++y)
+        for (int x = 0; x < modules.width(); ++x)
+            modules.setPixel(x, y, code.getModule(x, y) ? 0xFF000000 : 0xFFFFFFFF);
+    QImage result(side, side, QImage::Format_RGB888);
+    result.fill(Qt::white);
+    const int margin = side == 50 ? 3 : side == 100 ? 5 : 10;
+    const int symbol = side - 2 * margin;
+    QPainter(&result).drawImage(margin, margin,
+                                modules.scaled(symbol, symbol, Qt::KeepAspectRatio, Qt::FastTransformation));
+    return result;
+}
+
+class QrCodeTest : public PanelTest {
+protected:
+    static constexpr int X = 30, Y = 20;
+    QrCodeTest() : image({.Width = 340, .Height = 330, .ColourMode = 1}) {
+        for (std::uint8_t units = 1; units <= 6; ++units)
+            image.addPage(PlainPage(image.config(), Qt::gray))
+                .add(imagekit::QrCode{
+                    .TextAddress = Text, .TextWords = 600, .X = X, .Y = Y, .SizeUnits = units});
+    }
+    void setText(const std::string& text) {
+        for (std::size_t i = 0; i <= text.size(); ++i)
+            StoreByte(2 * std::size_t{Text} + i, i < text.size() ? std::uint8_t(text[i]) : 0);
+    }
+    QImage shown(int side) const { return outputs.frame.copy(X, Y, side, side); }
+
+    ImageBuilder image;
+};
+
+TEST_F(QrCodeTest, EqualsItsDefinitionInAllSizesAndVersions) {
+    boot(image);
+    for (const std::string& text :
+         {std::string(), std::string("12345"), std::string("HELLO WORLD"),
+          std::string("https://example.org/s?id=4711&note=\xE5\xAE\xA2\xE5\x8E\x85"), std::string(400, 'x'),
+          std::string(1000, 'y')})
+        for (std::uint16_t page = 0; page < 6; ++page) {
+            const int side = 50 * (page + 1);
+            setText(text);
+            ShowPage(page);
+            cycles(1);
+            EXPECT_EQ(shown(side), qrByDefinition(text, side).convertToFormat(shown(side).format()))
+                << side << ' ' << text.size();
+            EXPECT_EQ(pixel(X + side, Y + side), QColor(Qt::gray).rgb());
+        }
+}
+
+TEST_F(QrCodeTest, FollowsItsTextAndKeepsTheOldCodeWhenOneIsTooLong) {
+    boot(image);
+    setText("one");
+    ShowPage(1);
+    cycles(1);
+    setText("two");
+    run(300);
+    const QImage two = shown(100);
+    EXPECT_EQ(two, qrByDefinition("two", 100).convertToFormat(two.format()));
+    setText(std::string(1300, 'z'));
+    run(300);
+    EXPECT_EQ(shown(100), two);
+}
+
+struct StepCase {
+    const char* name;
+    AutoStep widget;
+    std::int64_t start;
+    std::vector<std::int64_t> values; // one after each period
+    std::uint16_t control;            // in the end
+};
+void PrintTo(const StepCase& c, std::ostream* out) { *out << c.name; }
+
+class AutoStepTest : public PanelTest {};
+class AutoSteps : public AutoStepTest, public ::testing::WithParamInterface<StepCase> {};
+
+TEST_P(AutoSteps, GoAsTheirControlWordTells) {
+    const StepCase& c = GetParam();
+    ImageBuilder image(Small);
+    AutoStep widget = c.widget;
+    widget.TargetAddress = Value;
+    widget.ControlAddress = Control;
+    widget.Period = 4;
+    image.addPage().add(widget);
+    boot(image);
+    const auto type = static_cast<std::uint8_t>(widget.Type);
+    StoreWord(Value, 0x5500); // the high byte beside a value of one byte
+    StoreNumeric(Value, type, c.start);
+    StoreWord(Control, c.control == 0 ? widget.RunValue : c.control);
+    std::vector<std::int64_t> values;
+    while (values.size() < c.values.size()) {
+        run(40);
+        const NumericValue value = ReadNumeric(Value, type | TypeSignedBit);
+        const auto magnitude = static_cast<std::int64_t>(value.magnitude);
+        values.push_back(value.negative ? -magnitude : magnitude);
+    }
+    EXPECT_EQ(values, c.values);
+    EXPECT_EQ(ReadWord(Control), c.control);
+    if ((type & TypeSizeMask) == 0) {
+        EXPECT_EQ(ReadByte(2 * std::size_t{Value}), 0x55);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Steps, AutoSteps,
+    ::testing::Values(
+        StepCase{"CycleUp", {.Highest = 10, .Step = 3}, 0, {3, 6, 9, 10, 0, 3}, 1},
+        StepCase{"CycleDown", {.Highest = 10, .Step = 3, .Up = false}, 10, {7, 4, 1, 0, 10}, 1},
+        StepCase{"CycleFromBelow", {.Lowest = 50, .Highest = 60}, 7, {50, 51}, 1},
+        StepCase{"CycleDownFromAbove", {.Highest = 10, .Up = false}, 70, {10, 9}, 1},
+        StepCase{"RunUp", {.Highest = 10, .Step = 3}, 0, {3, 6, 9, 10, 10}, 0},
+        StepCase{"RunDownPastTheEnd", {.Highest = 10, .Step = 3, .Up = false}, 1, {0, 0}, 0},
+        StepCase{"RunDownFromAbove", {.Highest = 10, .Step = 3, .Up = false}, 90, {10, 7, 4, 1, 0}, 0},
+        StepCase{
+            "OneByte", {.Type = DataType::S8, .Lowest = -5, .Highest = 5, .Step = 4}, -5, {-1, 3, 5, -5}, 1},
+        StepCase{"TwoBytes",
+                 {.Type = DataType::S16, .Lowest = -900, .Step = 500, .Up = false},
+                 0,
+                 {-500, -900},
+                 0},
+        StepCase{"FourBytes",
+                 {.Type = DataType::U32, .Highest = 0x50000, .Step = 0x8000},
+                 0x48000,
+                 {0x50000, 0},
+                 1},
+        StepCase{"EightBytes",
+                 {.Type = DataType::U64, .Highest = 0x500000000, .Step = 9},
+                 0x4FFFFFFFF,
+                 {8, 17},
+                 1},
+        StepCase{"NoType", {.Type = static_cast<DataType>(0x04), .Highest = 9}, 0, {0, 0}, 1},
+        StepCase{"NoControl", {.Highest = 9}, 4, {4, 4}, 3}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(AutoStepTest, TellTheirEndAndObeyTheWordSetByIt) {
+    ImageBuilder image(Small);
+    AutoStep widget{.TargetAddress = Value,
+                    .Type = DataType::U32,
+                    .ControlAddress = Control,
+                    .EndValue = 7,
+                    .Highest = 5,
+                    .Step = 5,
+                    .DoneAddress = Done,
+                    .DoneValue = 44,
+                    .Notify = true};
+    image.addPage().add(widget);
+    widget.ParameterAddress = 0x0300;
+    widget.DoneAddress = word::PagePreset;
+    widget.DoneValue = 1;
+    image.addPage().add(widget);
+    image.page(1).add(PagePreset{1, {{0x7000, 0}}});
+    boot(image);
+    TakeSentFrames();
+    StoreWord(Control, 2);
+    run(200);
+    EXPECT_EQ(ReadWord(Control), 7);
+    EXPECT_EQ(ReadWord(Done), 44);
+    EXPECT_EQ(TakeSentFrames(),
+              (std::vector<std::vector<std::uint8_t>>{{0x41, 0x01, 0x00, 0x00, 0x00, 0x00, 0x05}}));
+    ShowPage(1);
+    EXPECT_EQ(AutoStepTable.size(), 1u);
+    const auto block = Encode(widget).Block;
+    StoreBytes(2 * 0x0300, block); // the host fills the block of a widget on show
+    StoreWord(Value, 0);
+    StoreWord(Value + 1, 0);
+    StoreWord(Control, 2);
+    run(500);
+    EXPECT_EQ(ReadWord(Control), 7);
+    EXPECT_EQ(CurrentPage, 0) << "the run ended with the choice of a page";
+}
+
+} // namespace
+} // namespace panel

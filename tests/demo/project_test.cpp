@@ -84,9 +84,13 @@ TEST_F(DemoProject, ShowsEachChangeInItsPlace) {
                    {HeatingPage, words::CurveShift, 0xFFF4, layout::heating::ShiftCard}, // with its slider
                    {HotWaterPage, words::TankUpperTemperature, 1, layout::water::TankTopValue},
                    {HotWaterPage, words::BoostControl, 1, layout::water::BoostTime},
+                   {HomePage, words::PowerLevel, 90, layout::home::PowerBar},
+                   {EnergyPage, words::WeekEnergy + 2, 100, layout::energy::DayBar(2).adjusted(-4, 0, 4, 0)},
+                   {ServicePage, words::SupportLink, 0x4141, layout::service::QrCode},
                    {ServicePage, words::ServicePin, 0, layout::service::ServicePin}};
     for (const auto& change : changes) {
         panel::StoreWord(words::FanControl, 0); // what moves would change the picture as well
+        panel::StoreWord(words::Motion, words::Still);
         panel::StoreWord(words::BoostControl, 0);
         panel::ShowPage(change.page);
         run(500);
@@ -101,6 +105,7 @@ TEST_F(DemoProject, ShowsEachChangeInItsPlace) {
 
 TEST_F(DemoProject, SpeaksTheLanguageOfThePanel) {
     panel::StoreWord(words::FanControl, 0);
+    panel::StoreWord(words::Motion, words::Still);
     run(100);
     const QImage english = outputs.frame.copy();
     apply(words::Language, ChineseLanguage);

@@ -2,6 +2,7 @@
 
 #include "demo/controls.h"
 #include "demo/dither.h"
+#include "demo/instruments.h"
 #include "demo/keyboards.h"
 #include "demo/layout.h"
 #include "demo/live_values.h"
@@ -116,6 +117,7 @@ void addTexts(imagekit::ImageBuilder& image, const std::vector<PaintedPage>& pag
             texts.need(caption.style, caption.words + Chinese(caption.words));
     texts.addFonts();
     AddControls(image, texts, pages);
+    AddInstruments(image);
     AddLiveValues(image, texts);
 }
 

@@ -57,15 +57,21 @@ enum Word : std::uint16_t {
     BoostDuration,       // seconds
     BoostTimeLeft,
     BoostControl,        // as of a timer: 0 stopped, 1 counting, 2 hidden
+    Motion,              // Direction of the values that move by themselves
     ServicePin = 0x0320, // text of TextWords, and so are the following
     Greeting = 0x0340,   // in the language of the panel, and so is the next
     Weather = 0x0360,
+
     RoomName = 0x0380, // in GBK, of NameWords
+    SupportLink = 0x03A0,
 };
 
 inline constexpr std::uint16_t TextWords = 0x20; // room of a text
 inline constexpr std::uint16_t NameWords = 6;
 inline constexpr std::uint16_t PinWords = 4; // of the PIN, two characters each
+
+/// Of Motion; any other value stops it.
+enum Direction : std::uint16_t { Still, MovingUp, MovingDown, NeverMoving = 0xFFFF };
 
 enum SceneId : std::uint16_t { Comfort, Eco, Night, Away };
 

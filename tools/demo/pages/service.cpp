@@ -79,22 +79,9 @@ void paintCircuit(Canvas& canvas) {
                 Qt::AlignCenter);
 }
 
-/// A white field with the marks of a view finder, where the code is drawn.
-void paintCodeField(Canvas& canvas) {
-    canvas.rounded(QrCode, 12, colour::Text);
-    for (const int x : {0, 1})
-        for (const int y : {0, 1}) {
-            const QPointF corner(x ? QrCode.right() - 9.0 : QrCode.x() + 10.0,
-                                 y ? QrCode.bottom() - 9.0 : QrCode.y() + 10.0);
-            const QPointF along(x ? -14 : 14, 0), down(0, y ? -14 : 14);
-            canvas.line(corner, corner + along, colour::Ground, 3);
-            canvas.line(corner, corner + down, colour::Ground, 3);
-        }
-}
-
 void paintSupport(Canvas& canvas) {
     canvas.card(SupportCard);
-    paintCodeField(canvas);
+    canvas.rounded(QrCode, 12, Qt::white); // where the code is drawn
     const QRectF words(QrCode.right() + 16, SupportCard.y() + 18, SupportCard.right() - QrCode.right() - 30,
                        24);
     canvas.text(words, "Need help?", style::Heading);

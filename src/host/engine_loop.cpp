@@ -16,6 +16,7 @@
 #include "widgets/display/auto_step.h"
 #include "widgets/display/image_animation.h"
 #include "widgets/display/media.h"
+#include "widgets/display/needle_meter.h"
 #include "widgets/display/uitimer.h"
 #include "widgets/touch/copy_key.h"
 #include "widgets/touch/keyboard.h"
@@ -142,7 +143,7 @@ constexpr CycleStep CycleSteps[] = {
     {"TextrollTick", nullptr},
     {"CurveTick", nullptr},
     {"AutoStepTick", step<AutoStepTick>},
-    {"NeedleMeterTick", nullptr},
+    {"NeedleMeterTick", step<NeedleMeterTick>},
     {"GestureTick", nullptr},
     {"SlidePageTick", nullptr},
     {"SlideListDrag, SlideListCoast", nullptr},
@@ -180,7 +181,7 @@ struct TickCounter {
 };
 constexpr TickCounter TickCounters[] = {
     {"autoStep", CountAutoStepTicks},
-    {"needleMeter", nullptr},
+    {"needleMeter", CountNeedleMeterTicks},
     {"imageAnimation", CountAnimationTicks},
     {"step repeat", CountRepeatTicks},
     {"text cursor", CountCursorTicks},

@@ -6,9 +6,11 @@
 #include "widgets/display/image_bar.h"
 #include "widgets/display/label.h"
 #include "widgets/display/media.h"
+#include "widgets/display/needle_meter.h"
 #include "widgets/display/number.h"
 #include "widgets/display/png_number.h"
 #include "widgets/display/qr_code.h"
+#include "widgets/display/ring_gauge.h"
 #include "widgets/display/uitimer.h"
 #include "widgets/display/value_icon.h"
 
@@ -83,6 +85,7 @@ constexpr DisplayKind Kinds[] = {
     {.code = 0x0C,
      .name = "ringGauge",
      .dependsOn = ValueWord,
+     .display = DisplayRingGauge,
      .refresh = Refresh::ByValue,
      .afterTouch = true,
      .groupAt = 0x27},
@@ -115,7 +118,14 @@ constexpr DisplayKind Kinds[] = {
      .cursor = &AutoStepCursor,
      .refresh = Refresh::ByRow,
      .refreshRow = RefreshAutoStep},
-    {.code = 0x12, .name = "needleMeter", .dependsOn = ValueWord, .refresh = Refresh::ByRow},
+    {.code = 0x12,
+     .name = "needleMeter",
+     .dependsOn = ValueWord,
+     .display = AddNeedleMeter,
+     .forget = ForgetNeedleMeters,
+     .cursor = &NeedleMeterCursor,
+     .refresh = Refresh::ByRow,
+     .refreshRow = RefreshNeedleMeter},
     {.code = 0x13, .name = "encoderEntry", .hasBlock = false, .background = true},
     {.code = 0x14, .name = "encoderPages", .hasBlock = false, .background = true},
     {.code = 0x20, .name = "cameraView", .display = ShowCameraView, .hasBlock = false},

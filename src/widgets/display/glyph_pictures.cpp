@@ -34,6 +34,27 @@ int GlyphPictures::height() const {
     return sum;
 }
 
+GlyphPictures NumberGlyphs(std::string_view text, std::uint16_t firstImage) {
+    constexpr unsigned point = 10, minus = 11;
+    GlyphPictures glyphs(firstImage);
+    for (const char character : text) {
+        switch (character) {
+        case '-': glyphs.put(minus); break;
+        case '.': glyphs.put(point); break;
+        default: glyphs.put(static_cast<unsigned>(character - '0'));
+        }
+    }
+    return glyphs;
+}
+
+int LeftOf(NumberAlignment alignment, int width) {
+    switch (alignment) {
+    case NumberAlignment::Centre: return width / 2;
+    case NumberAlignment::Right: return width - 1;
+    default: return 0;
+    }
+}
+
 ImageRow GlyphPicture(std::uint16_t firstImage, unsigned code) {
     const unsigned index = firstImage + code;
     return index <= 0xFFFF ? TableImageRow(static_cast<std::uint16_t>(index)) : ImageRow{};

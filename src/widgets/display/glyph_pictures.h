@@ -2,11 +2,13 @@
 #pragma once
 
 #include "graphics/image_blit.h"
+#include "widgets/display/number_record.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string_view>
 
 namespace panel {
 
@@ -31,6 +33,12 @@ private:
     std::array<ImageRow, Capacity> pictures_;
     std::size_t count_ = 0;
 };
+
+/// A number in pictures: digits, and behind them in the run the point and the minus sign.
+GlyphPictures NumberGlyphs(std::string_view text, std::uint16_t firstImage);
+
+/// How far the left edge of a text of `width` px lies left of its place.
+int LeftOf(NumberAlignment alignment, int width);
 
 /// The picture of one glyph of a run.
 ImageRow GlyphPicture(std::uint16_t firstImage, unsigned code);

@@ -26,11 +26,6 @@ constexpr std::size_t Alignment = 0x12; // and leading zeros
 constexpr std::size_t Hide = 0x13;
 } // namespace field
 
-namespace glyph {
-constexpr unsigned Point = 10;
-constexpr unsigned Minus = 11;
-} // namespace glyph
-
 QPoint positionOf(const Parameters& p) { return QPoint(p.u16(field::X), p.u16(field::Y)) + PopupShift(); }
 NumberAlignment alignmentOf(const Parameters& p) { return AlignmentIn(p.u8(field::Alignment)); }
 bool isHidden(const Parameters& p) { return HidesNumber(p.u16(field::Hide)); }
@@ -49,16 +44,7 @@ NumericValue valueOf(const Parameters& p) {
 bool hasMinus(const Parameters& p) { return p.u16(field::LastImage) - p.u16(field::FirstImage) > 10; }
 
 GlyphPictures glyphsOf(NumericValue value, const Parameters& p) {
-    GlyphPictures glyphs(p.u16(field::FirstImage));
-    const NumberText text = PictureNumberText(value, formatOf(p));
-    for (const char character : text.view()) {
-        switch (character) {
-        case '-': glyphs.put(glyph::Minus); break;
-        case '.': glyphs.put(glyph::Point); break;
-        default: glyphs.put(static_cast<unsigned>(character - '0'));
-        }
-    }
-    return glyphs;
+    return NumberGlyphs(PictureNumberText(value, formatOf(p)).view(), p.u16(field::FirstImage));
 }
 
 GlyphPictures glyphsOnPage(const Parameters& p) {
@@ -80,15 +66,6 @@ int replaceWidth(int width) {
 int heightOf(const GlyphPictures& glyphs, const Parameters& p) {
     const int height = glyphs.pictures().back().Height;
     return height != 0 ? height : GlyphPicture(p.u16(field::FirstImage), 0).Height;
-}
-
-/// How far the left edge of a text of `width` px lies left of its place.
-int leftOf(NumberAlignment alignment, int width) {
-    switch (alignment) {
-    case NumberAlignment::Centre: return width / 2;
-    case NumberAlignment::Right: return width - 1;
-    default: return 0;
-    }
 }
 
 /// How much of some `space` an alignment leaves before a text that runs right or down.
@@ -124,7 +101,7 @@ QPoint startInGroup(NumberAlignment alignment, int rotation, QPoint at, int leng
     case 1: return at - QPoint(digit.width(), spaceBefore(alignment, length));
     case 2: return at - QPoint(spaceBeforeTurned(alignment, length), digit.height());
     case 3: return at - QPoint(0, spaceBeforeTurned(alignment, length));
-    default: return at - QPoint(leftOf(alignment, length), 0);
+    default: return at - QPoint(LeftOf(alignment, length), 0);
     }
 }
 
@@ -140,7 +117,7 @@ void DisplayPngNumber(const Parameters& p) {
     const NumberAlignment alignment = alignmentOf(p);
     const int width = glyphs.width();
     const int span = std::max(width, replaceWidth(width));
-    const QPoint at = positionOf(p) - QPoint(leftOf(alignment, span), 0);
+    const QPoint at = positionOf(p) - QPoint(LeftOf(alignment, span), 0);
     const QRect area(at, QSize(span, heightOf(glyphs, p)).boundedTo(WorkSurface.size()));
     putBackdrop(p, area);
     if (!isHidden(p)) BlitGlyphs(glyphs, {spaceBefore(alignment, span - width), 0});

@@ -1,0 +1,339 @@
+#include "imagekit/meter_widgets.h"
+
+#include "graphics/image_blit.h"
+#include "graphics/primitives.h"
+#include "graphics/shapes.h"
+#include "pages/page_switch.h"
+#include "panel_test.h"
+#include "widgets/display/needle_meter.h"
+#include "widgets/display/sector.h"
+#include "widgets/touch/open_entry.h"
+
+#include <random>
+
+namespace panel {
+namespace {
+
+using namespace imagekit;
+
+constexpr std::uint16_t Value = 0x0100, Number = 0x0110;
+
+QImage noise(int width, int height) {
+    std::mt19937 random(7);
+    QImage picture(width, height, QImage::Format_ARGB32);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x) picture.setPixel(x, y, random());
+    return picture;
+}
+
+/// The sector in plain words: whole blocks, and of an eighth each pixel by itself.
+void blitSectorPlainly(const ImageRow& image, int angle) {
+    const int w = image.Width, h = image.Height, half = w / 2;
+    const int r = w % 2 ? half + 1 : half, c = r - 1;
+    const auto tr = [r](int degrees) { return TanDeg(degrees) * static_cast<float>(r); };
+    const auto block = [&image](int x, int y, int width, int height) {
+        BlitImage(WorkSurface, {x, y}, image, {x, y, width, height}, image.Width);
+    };
+    const auto cut = [](float position) { return static_cast<std::int16_t>(position); };
+    const auto eighth = [&](int left, int top, int right, int bottom, int ex, int ey) {
+        for (int y = top; y <= bottom; ++y)
+            for (int x = left; x <= right; ++x)
+                if ((ey - c) * (x - c) >= (y - c) * (ex - c)) block(x, y, 1, 1);
+    };
+    if (angle > 90 && angle <= 180) block(0, c + 1, half, h / 2);
+    if (angle > 180 && angle < 360) block(0, 0, half, h);
+    if (angle >= 270 && angle < 360) block(c + 1, 0, r, r);
+    if (angle == 90) return block(0, c, r, h / 2);
+    if (angle == 360) return block(0, 0, w, h);
+    if (angle == 270) return;
+    const float radius = static_cast<float>(r);
+    if (angle <= 45) return eighth(0, c, r - 1, h - 1, cut(radius - tr(angle)), 2 * r - 1);
+    if (angle < 90) return eighth(0, c, r - 1, h - 1, 0, cut(radius + tr(90 - angle) - 1));
+    if (angle <= 135) return eighth(0, 0, r - 1, r - 1, 0, cut(radius - tr(angle - 90)));
+    if (angle <= 180) return eighth(0, 0, r - 1, r - 1, cut(radius - tr(180 - angle)), 0);
+    if (angle <= 225) return eighth(c, 0, w - 1, r - 1, cut(radius + tr(angle - 180)), 0);
+    if (angle < 270) return eighth(c, 0, w - 1, r - 1, 2 * r - 1, cut(radius - tr(270 - angle)));
+    if (angle <= 315) return eighth(c + 1, c, w - 1, h - 1, 2 * r - 1, cut(radius + tr(angle - 270)));
+    eighth(c + 1, c, w - 1, h - 1, cut(radius + tr(360 - angle)), 2 * r - 1);
+}
+
+TEST_F(PanelTest, ASectorEqualsItsDefinitionAtEveryDegree) {
+    ImageBuilder image({.Width = 64, .Height = 48});
+    image.addPage();
+    const std::vector<QSize> sizes{{40, 40}, {41, 41}, {30, 21}};
+    const std::vector<std::uint8_t> formats{format::RGB565, format::aRGB8888, format::PngAlpha,
+                                            format::PngOpaque, format::ZipImage};
+    for (const QSize size : sizes)
+        for (const std::uint8_t pixelFormat : formats)
+            image.addPicture(Pixels{noise(size.width(), size.height()), pixelFormat});
+    boot(image);
+    for (std::uint16_t index = 0; index < sizes.size() * formats.size(); ++index)
+        for (int angle = 0; angle <= 360; ++angle) {
+            WorkSurface.fill(QColor(10, 200, 90));
+            blitSectorPlainly(TableImageRow(index), angle);
+            const QImage expected = WorkSurface.copy();
+            WorkSurface.fill(QColor(10, 200, 90));
+            BlitSector(TableImageRow(index), angle);
+            ASSERT_EQ(WorkSurface, expected) << "picture " << index << ", " << angle << " degrees";
+        }
+    const QImage before = WorkSurface.copy();
+    BlitSector(TableImageRow(1), 361);
+    EXPECT_EQ(WorkSurface, before);
+}
+
+/// Pictures in one colour each, in the order of digits, point and minus; a digit is as wide as its figure
+/// and 1.
+constexpr QRgb digitColour(int code) { return qRgb(20 * code + 5, 250, 250); }
+constexpr int digitWidth(int code) { return code % 3 + 1; }
+
+std::uint16_t addDigits(ImageBuilder& image) {
+    std::uint16_t first = 0;
+    for (int code = 0; code < 12; ++code) {
+        QImage digit(digitWidth(code), 4, QImage::Format_RGB32);
+        digit.fill(digitColour(code));
+        const std::uint16_t index = image.addPicture(Pixels{digit});
+        if (code == 0) first = index;
+    }
+    return first;
+}
+
+class MeterTest : public PanelTest {
+protected:
+    /// The glyphs in the row of pixels from (x, y) on.
+    std::string glyphsFrom(int x, int y) const {
+        std::string text;
+        for (int code = 0; code < 12; ++code)
+            if (pixel(x, y) == digitColour(code))
+                return text + "0123456789.-"[code] + glyphsFrom(x + digitWidth(code), y);
+        return text;
+    }
+};
+
+struct RingCase {
+    int value, lowest, highest, start, end, angle;
+    std::uint8_t integerDigits, decimals;
+    const char* readout;
+};
+
+TEST_F(MeterTest, ARingGaugeMapsItsValueAndReadsItOut) {
+    const RingCase cases[] = {{50, 0, 100, 0, 360, 180, 3, 0, "50"},
+                              {33, 0, 100, 45, 315, 134, 3, 1, "3.3"},
+                              {33, 0, 100, 300, 20, 208, 3, 2, "0.33"}, // 207.6: cut towards zero
+                              {0, 0, 100, 30, 300, 30, 2, 0, "0"},
+                              {0, -10, 10, 90, 270, 180, 2, 1, "0.0"},
+                              {0xFFFF, -10, 10, 90, 270, 270, 2, 0, "-1"},
+                              {1234, 0, 2000, 0, 90, 55, 3, 0, "234"},
+                              {0xFB2E, 0, 2000, 0, 200, 200, 3, 1, "-123.4"},
+                              {5, 7, 7, 10, 20, 10, 0, 2, "0.05"}};
+    ImageBuilder image(Small);
+    const std::uint16_t digits = addDigits(image);
+    const std::uint16_t ring = image.addPicture(Pixels{noise(30, 30), format::aRGB8888});
+    for (const RingCase& c : cases)
+        image.addPage(PlainPage(Small, Qt::darkGray))
+            .add(RingGauge{.ValueAddress = Value,
+                           .X = 20,
+                           .Y = 10,
+                           .Foreground = ring,
+                           .Lowest = static_cast<std::int16_t>(c.lowest),
+                           .Highest = static_cast<std::int16_t>(c.highest),
+                           .StartAngle = static_cast<std::uint16_t>(c.start),
+                           .EndAngle = static_cast<std::uint16_t>(c.end),
+                           .ReadoutX = 22,
+                           .ReadoutY = 22,
+                           .IntegerDigits = c.integerDigits,
+                           .Decimals = c.decimals,
+                           .Align = Alignment::Left,
+                           .FirstDigit = digits,
+                           .Readout = imagekit::RingReadout::Pictures});
+    boot(image);
+    for (std::size_t i = 0; i < std::size(cases); ++i) {
+        StoreWord(Value, 0x4000);
+        ShowPage(static_cast<std::uint16_t>(i));
+        StoreWord(Value, static_cast<std::uint16_t>(cases[i].value));
+        run(300);
+        EXPECT_EQ(glyphsFrom(22, 22), cases[i].readout);
+        CopySurfaceRect(PageBackground, {20, 10, 30, 30}, WorkSurface, {0, 0});
+        blitSectorPlainly(TableImageRow(ring), cases[i].angle);
+        EXPECT_EQ(outputs.frame.copy(20, 10, 30, 10), WorkSurface.copy(0, 0, 30, 10)) << i;
+        EXPECT_EQ(outputs.frame.copy(20, 27, 30, 13), WorkSurface.copy(0, 17, 30, 13)) << i;
+    }
+}
+
+NeedleMeter meterOf(Needle kind) {
+    return {.ValueAddress = Value,
+            .X = 8,
+            .Y = 4,
+            .Width = 40,
+            .Height = 40,
+            .CentreX = 28,
+            .CentreY = 24,
+            .Highest = 270,
+            .Kind = kind,
+            .NeedleWidth = 7,
+            .Tail = 6,
+            .ColourA = 0xFF0000,
+            .Length = 17,
+            .ColourB = 0x0000FF};
+}
+
+/// The needle in plain words, on a WorkSurface that has the dial.
+void drawNeedlePlainly(Needle kind, int angle) {
+    const auto at = [](int degrees, int radius) {
+        return QPointF(int(20 + SinDeg(degrees) * float(radius)), int(20 - CosDeg(degrees) * float(radius)));
+    };
+    const QPointF tip = at(angle, 17), tail = at(angle + 180, 6), a = at(angle + 270, 3),
+                  b = at(angle + 90, 3);
+    const auto triangle = [&](QPointF side, std::uint32_t colour) {
+        FillTriangle(int(side.x()), int(side.y()), int(tip.x()), int(tip.y()), int(tail.x()), int(tail.y()),
+                     colour);
+    };
+    const auto capsule = [](QPointF from, QPointF to, float radius, std::uint32_t colour) {
+        DrawCapsule(float(from.x()), float(from.y()), float(to.x()), float(to.y()), radius, colour);
+    };
+    if (kind == Needle::Stroke) return capsule(tip, tail, 3, 0xFF0000);
+    triangle(a, 0x0000FF);
+    triangle(b, 0xFF0000);
+    if (kind == Needle::Triangles) return;
+    capsule(a, tip, 1, 0x0000FF);
+    capsule(a, tail, 1, 0x0000FF);
+    capsule(tip, b, 1, 0xFF0000);
+    capsule(b, tail, 1, 0xFF0000);
+}
+
+TEST_F(MeterTest, NeedlesPointToTheirAngle) {
+    ImageBuilder image(Small);
+    const std::uint16_t dial = image.addPicture(Pixels{noise(40, 40), format::RGB565Key});
+    const Needle kinds[] = {Needle::Triangles, Needle::SmoothTriangles, Needle::Stroke};
+    for (const Needle kind : kinds) {
+        NeedleMeter meter = meterOf(kind);
+        meter.Dial = dial;
+        image.addPage(PlainPage(Small, Qt::darkGray)).add(meter);
+    }
+    boot(image);
+    for (std::uint16_t page = 0; page < std::size(kinds); ++page)
+        for (int angle = 0; angle <= 270; angle += 9) {
+            StoreWord(Value, static_cast<std::uint16_t>(angle));
+            ShowPage(page);
+            cycles(1);
+            CopySurfaceRect(PageBackground, {8, 4, 40, 40}, WorkSurface, {0, 0});
+            BlitImage(WorkSurface, {0, 0}, TableImageRow(dial), {0, 0, 40, 40}, 40);
+            drawNeedlePlainly(kinds[page], angle);
+            ASSERT_EQ(outputs.frame.copy(8, 4, 40, 40), WorkSurface.copy(0, 0, 40, 40))
+                << page << ' ' << angle;
+        }
+}
+
+TEST_F(MeterTest, ANeedleWalksAndKeepsItsVariableWithinTheLimits) {
+    ImageBuilder image(Small);
+    NeedleMeter meter = meterOf(Needle::Stroke);
+    meter.Smooth = true;
+    meter.Step = 10;
+    meter.Lowest = 5;
+    meter.DigitsAddress = Number;
+    meter.DigitsType = DataType::S16;
+    meter.DigitsX = 50;
+    meter.DigitsY = 40;
+    meter.X = 24; // the number stands in the rectangle
+    meter.Decimals = 1;
+    meter.Align = Alignment::Left;
+    meter.FirstDigit = addDigits(image);
+    image.addPage(PlainPage(Small, Qt::darkGray)).add(meter);
+    image.setWord(Number, 0xFFF4);
+    boot(image);
+    EXPECT_EQ(ReadWord(Value), 5);
+    StoreWord(Value, 40);
+    std::vector<int> shown;
+    for (int i = 0; i < 5; ++i) {
+        ticks(6);
+        cycles(1);
+        shown.push_back(NeedleMeterTable.at(0)->ShownValue);
+        EXPECT_EQ(WordDiffers(Value), shown.back() != 40) << "a value is drawn when the needle is there";
+    }
+    EXPECT_EQ(shown, (std::vector{15, 25, 35, 40, 40}));
+    EXPECT_EQ(glyphsFrom(50, 40), "-1.2");
+    ticks(5);
+    StoreWord(Value, 900);
+    cycles(1);
+    EXPECT_EQ(ReadWord(Value), 900) << "five ticks are not enough";
+    ticks(1);
+    cycles(1);
+    EXPECT_EQ(ReadWord(Value), 270);
+    OpenEntryRect = EntryRect{0, 0, 30, 30};
+    run(200);
+    EXPECT_EQ(NeedleMeterTable.at(0)->ShownValue, 50);
+    OpenEntryRect.reset();
+}
+
+TEST_F(MeterTest, NeedlePicturesStandAroundTheHubAndGoWithoutATrace) {
+    ImageBuilder image(Small);
+    const std::uint16_t digits = addDigits(image);
+    const auto needle = [&image](Qt::GlobalColor colour, QPoint offset) {
+        QImage picture(5, 3, QImage::Format_RGB32);
+        picture.fill(colour);
+        return image.addPicture(NeedlePicture({picture}, offset, Small));
+    };
+    const std::uint16_t first = needle(Qt::red, {1, 2});
+    needle(Qt::yellow, {14, 9});
+    for (const Needle kind : {Needle::Image, Needle::ImageOnFrame}) {
+        NeedleMeter meter = meterOf(kind);
+        meter.FirstNeedle = first;
+        meter.Step = 30;
+        meter.Tail = 10;
+        meter.Align = Alignment::Right;
+        meter.DigitsAddress = Number;
+        meter.DigitsX = 47;
+        meter.DigitsY = 38;
+        meter.FirstDigit = digits;
+        image.addPage(PlainPage(Small, Qt::darkGray)).add(meter);
+    }
+    boot(image);
+    const QRgb ground = QColor(Qt::darkGray).rgb();
+    for (const std::uint16_t page : {0, 1}) {
+        StoreWord(Value, 29);
+        StoreWord(Number, 205);
+        ShowPage(page);
+        cycles(1);
+        EXPECT_EQ(pixel(28 - 10 + 1, 24 - 10 + 2), qRgb(255, 0, 0)) << page;
+        EXPECT_EQ(glyphsFrom(47 + 1 - 7, 38), "205");
+        StoreWord(Value, 30);
+        StoreWord(Number, 3);
+        run(200);
+        EXPECT_EQ(pixel(28 - 10 + 1, 24 - 10 + 2), ground);
+        EXPECT_EQ(pixel(28 - 10 + 14 + 4, 24 - 10 + 9 + 2), qRgb(255, 255, 0));
+        EXPECT_EQ(pixel(41, 38), ground);
+        EXPECT_EQ(glyphsFrom(47, 38), "3");
+        StoreWord(Value, 95); // there are no more pictures
+        run(200);
+        EXPECT_EQ(pixel(28 - 10 + 14 + 4, 24 - 10 + 9 + 2), page == 0 ? ground : qRgb(255, 255, 0));
+    }
+}
+
+TEST_F(MeterTest, NonsenseDrawsWithinThePanel) {
+    ImageBuilder image(Small);
+    for (std::uint8_t kind = 0; kind < 7; ++kind) {
+        NeedleMeter meter = meterOf(static_cast<Needle>(kind));
+        meter.X = meter.Y = 60000;
+        meter.Width = meter.Height = meter.Length = meter.NeedleWidth = 0xFFFF;
+        meter.Tail = 0xFFFF;
+        meter.Step = 0;
+        meter.FirstNeedle = 0xFFFE;
+        meter.Lowest = 0xFFFF;
+        meter.ValueAddress = kind % 2 ? 0xFFFF : Value;
+        auto& page = image.addPage();
+        for (int i = 0; i < 5; ++i) page.add(meter);
+        page.add(RingGauge{.ValueAddress = Value, .Foreground = 0, .EndAngle = 0xFFFF});
+    }
+    image.addPicture(StoredPicture{.Width = 0xFFFF, .Height = 0xFFFF, .Extra = 9, .Format = 6});
+    boot(image);
+    for (std::uint16_t page = 0; page < 7; ++page) {
+        ShowPage(page);
+        for (const std::uint16_t value : {0, 40, 200, 300, 0x7FFF, 0x8000}) {
+            StoreWord(Value, value);
+            run(240);
+        }
+        EXPECT_EQ(NeedleMeterTable.size(), 4u) << "a fifth meter is left out";
+    }
+}
+
+} // namespace
+} // namespace panel

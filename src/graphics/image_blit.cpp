@@ -116,15 +116,20 @@ void blitPagePiece(QImage& target, QPoint at, const ImageRow& image, QRect piece
     }
 }
 
+/// It stands on black. On small chips only its first rows are there.
+void copyZip(QImage& target, QPoint at, std::uint32_t address, const ZipHead& head, QRect piece) {
+    const QImage picture = ZipPicture(address, head);
+    const QImage limited(picture.constBits(), picture.width(), drawableHeight(head.Width, head.Height),
+                         picture.bytesPerLine(), picture.format()); // borrows the rows
+    CopyPieceOnBlack(target, at, limited, piece);
+}
+
 BlitResult blitZip(QImage& target, QPoint at, std::uint32_t address, QRect piece) {
     const auto head = ReadZipHead(address);
     if (!head) return BlitResult::BadData;
     LastZipMode = head->Mode;
     CurrentImage.Height = static_cast<std::uint16_t>(drawableHeight(head->Width, head->Height));
-    const QImage picture = ZipPicture(address, *head);
-    const QImage limited(picture.constBits(), picture.width(), CurrentImage.Height, picture.bytesPerLine(),
-                         picture.format()); // borrows the rows
-    CopyPieceOnBlack(target, at, limited, piece);
+    copyZip(target, at, address, *head, piece);
     return BlitResult::Done;
 }
 
@@ -203,6 +208,20 @@ BlitResult BlitImage(QImage& target, QPoint at, const ImageRow& image, QRect sou
     default: composeImage(target, at, image, piece, stride, {target, at}); break;
     }
     return BlitResult::Done;
+}
+
+void BlitOwnData(QImage& target, QPoint at, const ImageRow& image) {
+    const QRect piece = drawable({0, 0, image.Width, image.Height});
+    if (isZip(image.Format)) {
+        if (const auto head = ReadZipHead(image.Address)) copyZip(target, at, image.Address, *head, piece);
+        return;
+    }
+    switch (image.Format) {
+    case format::RGB565: return copyRaw(target, at, image, piece, image.Width);
+    case format::PngOpaque: return copyPng(target, at, image, piece);
+    case format::ScratchAlpha: return; // the scratch is the engine's
+    default: return composeImage(target, at, image, piece, image.Width, {target, at});
+    }
 }
 
 bool DrawsSomething(const ImageRow& image) {

@@ -1,4 +1,5 @@
-// The four operations that turn an image row into pixels on a surface. Engine thread.
+// The four operations that turn an image row into pixels on a surface. Engine thread, unless a function tells
+// otherwise.
 //
 // Nothing scales and nothing is drawn outside a surface. A picture that the routines do not know, or whose
 // data are not there or broken, draws nothing unless a function tells otherwise; no picture can make them
@@ -25,6 +26,11 @@ enum class BlitResult : int { BadData = -1, Nothing = 0, Done = 1 };
 /// the stored row length in pixels, before the padding of NAND images. RGB565 with the address of PageImage
 /// asks for a piece of the page's background, whatever format that has.
 BlitResult BlitImage(QImage& target, QPoint at, const ImageRow& image, QRect source, int stride);
+
+/// The same for a whole picture on any thread: nothing takes part but the picture's own data. So no address
+/// stands for the page's background, and pictures without data draw nothing. The caller sees to it that
+/// nobody else paints on the target.
+void BlitOwnData(QImage& target, QPoint at, const ImageRow& image);
 
 /// Whether the two operations on whole and partial pictures draw anything of it: it has data, and a format
 /// that they know in this colour mode.

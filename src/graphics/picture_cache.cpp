@@ -21,6 +21,7 @@ std::size_t PictureCache::cost(const QImage& picture) {
 }
 
 QImage PictureCache::picture(const PictureKey& key, const std::function<QImage()>& decode) {
+    const std::lock_guard lock(lock_);
     if (const auto found = places_.find(key); found != places_.end()) {
         entries_.splice(entries_.begin(), entries_, found->second);
         return found->second->picture;
@@ -48,11 +49,20 @@ void PictureCache::shrinkTo(std::size_t bytes) {
 }
 
 void PictureCache::setLimit(std::size_t bytes) {
+    const std::lock_guard lock(lock_);
     limit_ = bytes;
     shrinkTo(limit_);
 }
 
-void PictureCache::clear() { shrinkTo(0); }
+void PictureCache::clear() {
+    const std::lock_guard lock(lock_);
+    shrinkTo(0);
+}
+
+std::size_t PictureCache::bytes() const {
+    const std::lock_guard lock(lock_);
+    return bytes_;
+}
 
 QImage PngPicture(std::uint32_t address, std::uint32_t length) {
     return DecodedPictures.picture({address, length, PictureKey::Kind::Png},

@@ -1,5 +1,5 @@
 // Decoded pictures, kept so that a picture which is drawn again is not decoded again. Bounded in bytes; the
-// picture used longest ago goes first. Engine thread, and the main thread while no engine runs.
+// picture used longest ago goes first. Any thread.
 #pragma once
 
 #include "graphics/zip_image.h"
@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <functional>
 #include <list>
+#include <mutex>
 #include <unordered_map>
 
 namespace panel {
@@ -29,12 +30,12 @@ public:
     explicit PictureCache(std::size_t limitBytes) : limit_(limitBytes) {}
 
     /// The kept picture, or what `decode` gives, which is kept from then on. A null picture is kept too:
-    /// broken data stay broken. What is larger than the limit is not kept.
+    /// broken data stay broken. What is larger than the limit is not kept. Others wait during `decode`.
     QImage picture(const PictureKey& key, const std::function<QImage()>& decode);
     void setLimit(std::size_t bytes);
     void clear();
 
-    std::size_t bytes() const { return bytes_; } // held, with an allowance for each entry
+    std::size_t bytes() const; // held, with an allowance for each entry
 
 private:
     struct Entry {
@@ -49,6 +50,7 @@ private:
     void keep(const PictureKey& key, const QImage& picture);
     void shrinkTo(std::size_t bytes);
 
+    mutable std::mutex lock_; // of all below; the private functions are called with it held
     std::size_t limit_;
     std::size_t bytes_ = 0;
     std::list<Entry> entries_; // the one used last is first

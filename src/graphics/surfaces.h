@@ -1,5 +1,5 @@
 // The pictures that the engine paints on. All are Format_ARGB32_Premultiplied and belong to the engine
-// thread.
+// thread, but for the OverlaySurface.
 #pragma once
 
 #include <QImage>
@@ -17,7 +17,7 @@ inline QImage SlideSurface;        // three pages side by side during a slide
 inline QImage TextSurface;         // underlay of the text engine
 inline QImage PopupSaveSurface;    // the frame as it was under a pop-up
 inline QImage ImageScratchSurface; // picture of image format 11, 32 bits a pixel, as PngPicture() gives it
-inline QImage OverlaySurface;      // the camera picture; painted by the main thread while it runs
+inline QImage OverlaySurface;      // the camera picture; shared as widgets/display/group_clock.h tells
 inline QImage ListSurfaceA;        // the sliding list: null until a page has one
 inline QImage ListSurfaceB;
 

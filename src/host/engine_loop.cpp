@@ -13,10 +13,12 @@
 #include "store/pending_writes.h"
 #include "store/system_words.h"
 #include "store/variable_store.h"
+#include "widgets/display/analog_clock.h"
 #include "widgets/display/auto_step.h"
 #include "widgets/display/image_animation.h"
 #include "widgets/display/media.h"
 #include "widgets/display/needle_meter.h"
+#include "widgets/display/png_clock.h"
 #include "widgets/display/uitimer.h"
 #include "widgets/touch/copy_key.h"
 #include "widgets/touch/keyboard.h"
@@ -137,8 +139,8 @@ constexpr CycleStep CycleSteps[] = {
     {"CameraWatch", step<CameraWatch>},
     {"camera requests", requestCamera},
     {"AnimationTick", step<AnimationTick>},
-    {"AnalogClockTick", nullptr},
-    {"ClockTick", nullptr},
+    {"AnalogClockTick", step<AnalogClockTick>},
+    {"ClockTick", step<ClockTick>},
     {"UiTimerTick", step<UiTimerTick>},
     {"TextrollTick", nullptr},
     {"CurveTick", nullptr},

@@ -1,6 +1,5 @@
 #include "host/media_bridge.h"
 
-#include "graphics/surfaces.h"
 #include "host/config_block.h"
 #include "host/frame_picture.h"
 #include "host/frame_presenter.h"
@@ -10,6 +9,7 @@
 #include "store/backlight.h"
 #include "store/system_words.h"
 #include "store/variable_store.h"
+#include "widgets/display/group_clock.h"
 #include "widgets/display/media.h"
 
 #include <QCameraInfo>
@@ -258,8 +258,8 @@ void MediaBridge::rcvImage(const QImage& image) {
     if (cameraLabel->isHidden()) return; // a picture that was under way when the camera was closed
     if (image.isNull() || size.isEmpty() || size.boundedTo(largest) != size) return;
     cameraLabel->setGeometry({ZoomedPoint(cameraShown.topLeft(), zoom_), ZoomedSize(size, zoom_)});
-    panel::OverlaySurface = ComposeCameraPicture(image, size, zoom_, panel::DimValue);
-    cameraLabel->setPixmap(QPixmap::fromImage(panel::OverlaySurface));
+    const QImage picture = ComposeCameraPicture(image, size, zoom_, panel::DimValue);
+    cameraLabel->setPixmap(QPixmap::fromImage(panel::DrawGroupClocksOnly(picture)));
 }
 
 void MediaBridge::Close_Camera() {

@@ -1,13 +1,16 @@
 #include "pages/display_kinds.h"
 
+#include "widgets/display/analog_clock.h"
 #include "widgets/display/auto_step.h"
 #include "widgets/display/bit_icon.h"
+#include "widgets/display/group_clock.h"
 #include "widgets/display/image_animation.h"
 #include "widgets/display/image_bar.h"
 #include "widgets/display/label.h"
 #include "widgets/display/media.h"
 #include "widgets/display/needle_meter.h"
 #include "widgets/display/number.h"
+#include "widgets/display/png_clock.h"
 #include "widgets/display/png_number.h"
 #include "widgets/display/qr_code.h"
 #include "widgets/display/ring_gauge.h"
@@ -67,13 +70,29 @@ constexpr DisplayKind Kinds[] = {
      .refresh = Refresh::ByRow,
      .afterTouch = true,
      .refreshRow = RefreshAnimation},
-    {.code = 0x06, .name = "pngClock", .inGroups = true, .refresh = Refresh::ByRow},
+    {.code = 0x06,
+     .name = "pngClock",
+     .display = AddClock,
+     .displayInGroup = DisplayClockInGroup,
+     .forget = ForgetClocks,
+     .cursor = &ClockCursor,
+     .blockAt = PngClockBlockAt,
+     .inGroups = true,
+     .refresh = Refresh::ByRow,
+     .changedInGroup = ClockChangedInGroup,
+     .refreshRow = RefreshClock},
     {.code = 0x07,
      .name = "qrcode",
      .dependsOn = QrText,
      .display = DisplayQrCode,
      .refresh = Refresh::ByValue},
-    {.code = 0x08, .name = "AnalogClock", .refresh = Refresh::ByRow},
+    {.code = 0x08,
+     .name = "AnalogClock",
+     .display = DisplayAnalogClock,
+     .forget = ForgetAnalogClocks,
+     .cursor = &AnalogClockCursor,
+     .refresh = Refresh::ByRow,
+     .refreshRow = RefreshAnalogClock},
     {.code = 0x09, .name = "textroll", .dependsOn = TextrollText, .refresh = Refresh::ByValue},
     {.code = 0x0A, .name = "musicPlayer", .display = DisplayMusicPlayer, .hasBlock = false},
     {.code = 0x0B,
@@ -144,7 +163,7 @@ const DisplayKind* FindDisplayKind(std::uint16_t code) {
 }
 
 Parameters ReadParameters(const DisplayKind& kind, std::span<const std::uint8_t> record) {
-    return kind.hasBlock ? Parameters(record) : Parameters(record, WithoutBlock);
+    return Parameters(record, kind.hasBlock ? kind.blockAt : WithoutBlock);
 }
 
 void ForgetDisplayKinds() {

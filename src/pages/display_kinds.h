@@ -35,9 +35,10 @@ struct DisplayKind {
     std::size_t* cursor = nullptr;
 
     // Where the kind takes part beside the plain display pass.
-    bool hasBlock = true;    // its parameters may lie in the store
-    bool inGroups = false;   // lives in group streams too
-    bool onTop = false;      // drawn a second time, over the rest of the page
+    bool hasBlock = true;                 // its parameters may lie in the store
+    std::size_t blockAt = FirstParameter; // record offset that the first byte of the block stands for
+    bool inGroups = false;                // lives in group streams too
+    bool onTop = false;                   // drawn a second time, over the rest of the page
     bool background = false; // the page's background widget, before all others and never in the plain pass
 
     Refresh refresh = Refresh::None;

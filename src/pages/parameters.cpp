@@ -12,7 +12,7 @@ std::size_t Parameters::blockLength() const {
 
 std::uint8_t Parameters::u8(std::size_t at) const {
     if (!inStore()) return at < record_.size() ? record_[at] : 0;
-    if (at < blockStart_ || at - blockStart_ >= blockLength()) return 0;
+    if (at < blockStart_ || at >= FirstParameter + blockLength()) return 0;
     return ReadByte(blockOffset() + at - blockStart_);
 }
 

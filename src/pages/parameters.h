@@ -7,6 +7,8 @@
 
 namespace panel {
 
+/// Record offset of the first parameter of an inline record.
+inline constexpr std::size_t FirstParameter = 5;
 /// For records whose fields always stand in the record itself.
 inline constexpr std::size_t WithoutBlock = SIZE_MAX;
 
@@ -16,8 +18,9 @@ inline constexpr std::size_t WithoutBlock = SIZE_MAX;
 /// long as the stream's buffer is not reloaded.
 class Parameters {
 public:
-    /// `record` begins with the type word. `blockStart` is the record offset of the block's first byte.
-    explicit Parameters(std::span<const std::uint8_t> record, std::size_t blockStart = 5)
+    /// `record` begins with the type word. `blockStart` is the record offset of the block's first byte, at
+    /// most that of the first inline parameter.
+    explicit Parameters(std::span<const std::uint8_t> record, std::size_t blockStart = FirstParameter)
         : record_(record), blockStart_(blockStart) {}
 
     std::uint16_t typeWord() const { return recordU16(0); }

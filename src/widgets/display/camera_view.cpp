@@ -3,6 +3,7 @@
 #include "pages/page_switch.h"
 #include "store/variable_store.h"
 #include "widgets/display/group.h"
+#include "widgets/display/group_clock.h"
 #include "widgets/display/media.h"
 #include "widgets/display/placement.h"
 
@@ -41,6 +42,10 @@ void drawGroup(const ReadyCamera& camera) {
     LandWork(camera.rect, 0);
 }
 
+void handOverClocks(const ReadyCamera& camera) {
+    HandOverCameraClocks(CurrentPage, camera.group, camera.rect.topLeft());
+}
+
 } // namespace
 
 ReadyCamera CameraToShow() {
@@ -67,6 +72,7 @@ void CameraWatch() {
     if (CameraOnPage != 1) return;
     CameraWord = ReadWord(CameraAddress);
     const bool wanted = CameraWord != 0;
+    if (wanted) handOverClocks(CameraToShow());
     if (wanted == CameraRunning) return;
     (wanted ? CameraRequest : CameraCloseRequest) = 1;
     CameraRunning = wanted;

@@ -3,20 +3,6 @@
 #include "widgets/display/placement.h"
 
 namespace panel {
-namespace {
-
-/// From a picture to the place of the next one.
-QPoint stepOver(const ImageRow& picture, int rotation) {
-    switch (rotation) {
-    case 1: return {0, picture.Height};
-    case 2: return {-picture.Width, 0};
-    case 3: return {0, -picture.Height};
-    default: return {picture.Width, 0};
-    }
-}
-
-} // namespace
-
 GlyphPictures& GlyphPictures::put(unsigned code) {
     if (count_ < Capacity) pictures_[count_++] = GlyphPicture(firstImage_, code);
     return *this;
@@ -60,10 +46,19 @@ ImageRow GlyphPicture(std::uint16_t firstImage, unsigned code) {
     return index <= 0xFFFF ? TableImageRow(static_cast<std::uint16_t>(index)) : ImageRow{};
 }
 
+QPoint TextStep(QSize glyph, int rotation) {
+    switch (rotation) {
+    case 1: return {0, glyph.height()};
+    case 2: return {-glyph.width(), 0};
+    case 3: return {0, -glyph.height()};
+    default: return {glyph.width(), 0};
+    }
+}
+
 void BlitGlyphs(const GlyphPictures& glyphs, QPoint at, int rotation) {
     for (const ImageRow& picture : glyphs.pictures()) {
         BlitToWork(picture, at);
-        at += stepOver(picture, rotation);
+        at += TextStep({picture.Width, picture.Height}, rotation);
     }
 }
 

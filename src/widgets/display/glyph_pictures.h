@@ -4,6 +4,9 @@
 #include "graphics/image_blit.h"
 #include "widgets/display/number_record.h"
 
+#include <QPoint>
+#include <QSize>
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -43,9 +46,12 @@ int LeftOf(NumberAlignment alignment, int width);
 /// The picture of one glyph of a run.
 ImageRow GlyphPicture(std::uint16_t firstImage, unsigned code);
 
-/// Draws the text on the WorkSurface, over what is there. `rotation` tells its way as that of the panel does:
-/// to the right, down, to the left, up. Every picture takes the room that its row tells, also one that cannot
-/// be drawn.
+/// From the place of a glyph of that size to that of the next one. `rotation` tells the way of the text as
+/// that of the panel does: to the right, down, to the left, up.
+QPoint TextStep(QSize glyph, int rotation);
+
+/// Draws the text on the WorkSurface, over what is there, along the direction of `rotation`. Every picture
+/// takes the room that its row tells, also one that cannot be drawn.
 void BlitGlyphs(const GlyphPictures& glyphs, QPoint at, int rotation = 0);
 
 /// Draws the text to the right over a backdrop. A glyph without a picture takes no room. Returns the width

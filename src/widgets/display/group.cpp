@@ -7,13 +7,19 @@
 namespace panel {
 
 void DrawGroupInRect(std::uint16_t page, std::uint16_t group, QRect host) {
+    ForEachInGroup(page, group, [host](const DisplayKind& kind, const Parameters& p) {
+        if (kind.displayInGroup) kind.displayInGroup(p, host);
+    });
+}
+
+void ForEachInGroup(std::uint16_t page, std::uint16_t group,
+                    const std::function<void(const DisplayKind&, const Parameters&)>& visit) {
     if (group == NoGroup || !GroupStreamPlace(page).valid()) return;
     StreamWalker walker(GroupStream.bytes(), Framing::Group);
     while (const auto record = walker.next()) {
         if (record->groupId != group) continue;
         const DisplayKind* kind = FindDisplayKind(record->kind());
-        if (kind && kind->inGroups && kind->displayInGroup)
-            kind->displayInGroup(Parameters(record->bytes), host);
+        if (kind && kind->inGroups) visit(*kind, ReadParameters(*kind, record->bytes));
     }
 }
 

@@ -1,0 +1,297 @@
+#include "imagekit/clock_widgets.h"
+
+#include "graphics/shapes.h"
+#include "imagekit/media_widgets.h"
+#include "pages/page_switch.h"
+#include "pages/refresh.h"
+#include "panel_test.h"
+#include "store/clock.h"
+#include "store/host_time.h"
+#include "widgets/display/analog_clock.h"
+#include "widgets/display/group.h"
+#include "widgets/display/group_clock.h"
+#include "widgets/display/png_clock.h"
+#include "widgets/touch/open_entry.h"
+
+#include <QDateTime>
+#include <QPainter>
+
+#include <cmath>
+#include <thread>
+
+namespace panel {
+namespace {
+
+using imagekit::AnalogClock, imagekit::Inline, imagekit::Pixels, imagekit::PngClock;
+
+constexpr std::uint16_t Digit0 = 2, Block = 0x0200, Control = 0x0100;
+
+/// The formats; "_" is the gap, Y the year, W the weekday, and the marks are those of the glyph run.
+const char* const Formats[] = {"Y.MM-dd_hh:mm:ss",  "Y.MM-dd",  "Y.MM",  "MM-dd",
+                               "hh:mm:ss",          "hh:mm",    "mm:ss", "W",
+                               "Y.MM-dd|_hh:mm:ss", "Y.MM-dd|", "Y.MM-", "MM-dd|"};
+
+QString textOf(int format, const QDateTime& time, int yearDigits) {
+    const QString year = QString("%1").arg(time.date().year(), yearDigits, 10, QChar('0'));
+    return time.toString(Formats[format]).replace('W', QChar('a' + Clock.Weekday)).replace("Y", year);
+}
+
+/// Glyphs of all widths, and of all heights or one. The pixel (1, 1) lets half of what is behind through.
+QImage glyph(QChar character, bool even) {
+    const int code = QString("0123456789:.-|abcdefg").indexOf(character);
+    QImage picture(code < 14 ? 3 + code % 4 : 8, even ? 6 : 5 + code % 3, QImage::Format_ARGB32);
+    picture.fill(qRgb(90 + 5 * code, 40, 0));
+    picture.setPixel(1, 1, qRgba(0, 0, 0, 128));
+    return picture;
+}
+
+/// A clock's text in plain words.
+void lay(QImage& target, const QString& text, QPoint at, int gap, bool even, int rotation = 0) {
+    int pen = -gap;
+    for (const QString& part : text.split('_')) {
+        pen += gap;
+        for (const QChar character : part) {
+            const QImage picture = glyph(character, even);
+            const int w = picture.width(), h = picture.height(), firstWidth = glyph(part[0], even).width();
+            const QPoint corners[] = {{pen, 0}, {-firstWidth, pen}, {-pen - w, -h}, {0, -h - pen}};
+            QPainter(&target).drawImage(at + corners[rotation], picture);
+            pen += rotation % 2 ? h : w;
+        }
+    }
+}
+
+QImage pattern(int width, int height) {
+    QImage picture(width, height, QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x) picture.setPixel(x, y, qRgb(0, x, y));
+    return picture;
+}
+
+enum class Place { Page, Popup, List };
+
+class Clocks : public PanelTest {
+protected:
+    explicit Clocks(bool evenGlyphs = true, std::uint8_t rotation = 0)
+        : image({.Width = 170, .Height = 150, .ColourMode = 1, .Rotate = rotation}) {
+        for (int i = 0; i < Digit0; ++i) image.addPicture(imagekit::Solid{9, 9, Qt::green});
+        for (const QChar character : QString("0123456789:.-|abcdefg"))
+            image.addPicture(Pixels{glyph(character, evenGlyphs), format::aRGB8888});
+        image.addPage(Pixels{pattern(170, 150)});
+        image.addPage(Pixels{pattern(160, 120)});
+    }
+
+    static PngClock clock(std::uint16_t x, int y, int format, std::uint16_t firstImage = Digit0) {
+        return {.X = x,
+                .Y = static_cast<std::uint16_t>(y),
+                .FirstImage = firstImage,
+                .Format = static_cast<imagekit::ClockFormat>(format)};
+    }
+    template <class Widget>
+    void add(Place place, Widget widget, std::uint16_t block) {
+        widget.InList = place == Place::List;
+        if (block != Inline) widget.ParameterAddress = static_cast<std::uint16_t>(block + 16 * blocks.size());
+        const imagekit::DisplayRecord record = Encode(widget);
+        image.page(place == Place::Popup ? 1 : 0).add(record);
+        if (block != Inline) blocks.emplace_back(widget.ParameterAddress, record.Block);
+    }
+    /// Boots, and fills the blocks only afterwards. Returns by how much the place moves its widgets.
+    QPoint show(Place place) {
+        boot(image);
+        ListSurfaceA = ListSurfaceB = PageBackground;
+        PopupActive = place == Place::Popup;
+        PopupOriginX = 7;
+        PopupOriginY = 5;
+        if (PopupActive) OpenPopup(1, 7, 5);
+        for (const auto& [address, bytes] : blocks) StoreBytes(std::size_t{2} * address, bytes);
+        FrameSurface = PageBackground;
+        RefreshPageWidgets(CurrentPage);
+        return PopupActive ? QPoint(7, 5) : QPoint();
+    }
+    static QDateTime setTime(const char* text) {
+        const QDateTime time = QDateTime::fromString(text, Qt::ISODate);
+        SetHostTime(time);
+        InitClock();
+        return time;
+    }
+    void second() {
+        OncePerSecond();
+        cycles(1);
+    }
+
+    imagekit::ImageBuilder image;
+    std::vector<std::pair<std::uint16_t, imagekit::Bytes>> blocks;
+};
+
+using PageCase = std::tuple<Place, std::uint16_t, int>; // block, first of six formats
+class PageClocks : public Clocks, public ::testing::WithParamInterface<PageCase> {};
+
+TEST_P(PageClocks, LeaveNothingBehindOverMidnightsAndEndsOfMonthAndYear) {
+    const auto [place, block, firstFormat] = GetParam();
+    for (int i = 0; i < 6; ++i) add(place, clock(4, 3 + 12 * i, firstFormat + i), block);
+    const QPoint at = show(place) + QPoint(4, 3);
+    for (const char* start : {"2025-12-31T23:59:57", "2024-02-28T23:59:57", "2023-02-28T23:59:57",
+                              "2026-04-30T19:59:57", "2026-11-18T09:05:02", "0999-01-01T00:00:00"}) {
+        const QDateTime time = setTime(start);
+        for (int i = 1; i < 6; ++i) {
+            second();
+            QImage expected = PageBackground;
+            for (int j = 0; j < 6; ++j)
+                lay(expected, textOf(firstFormat + j, time.addSecs(i), 1), at + QPoint(0, 12 * j), 20, true);
+            ASSERT_EQ(place == Place::List ? ListSurfaceA : FrameSurface, expected) << start << i;
+        }
+    }
+}
+
+const auto Places = ::testing::Values(Place::Page, Place::Popup, Place::List);
+INSTANTIATE_TEST_SUITE_P(Places, PageClocks,
+                         ::testing::Combine(Places, ::testing::Values(Inline, Block),
+                                            ::testing::Values(0, 6)));
+
+class GroupClocks : public Clocks, public ::testing::WithParamInterface<std::uint8_t> {
+protected:
+    GroupClocks() : Clocks(false, GetParam()) {}
+};
+
+TEST_P(GroupClocks, StandAsThePanelIsTurnedAndChangeEachSecond) {
+    for (std::uint16_t i = 0; i < 24; ++i) {
+        PngClock member = clock(90, 70, i % 12);
+        if (i >= 12) member.ParameterAddress = i * 16;
+        image.page(0).addToGroup(i, member);
+        image.setBytes(i * 16, Encode(member).Block);
+    }
+    boot(image);
+    const QImage clear = WorkSurface;
+    for (const char* start : {"2026-11-18T09:05:03", "0987-10-28T23:59:48"})
+        for (std::uint16_t i = 0; i < 24; ++i) {
+            const bool twice = i % 12 % 8 == 0 || i % 12 == 7; // on the WorkSurface, instead of the overlay
+            const QString text = textOf(i % 12, setTime(start), twice ? 1 : 4);
+            QImage work = clear, overlay = clear;
+            lay(work, text, {79, 63}, 14, false, GetParam());
+            lay(twice ? work : overlay, text, {79, 63}, 14, false, GetParam());
+            WorkSurface = OverlaySurface = clear;
+            DrawGroupInRect(0, i, {11, 7, 5, 5});
+            ASSERT_EQ(WorkSurface, work) << text.toStdString();
+            ASSERT_EQ(OverlaySurface, overlay) << text.toStdString();
+        }
+    OncePerSecond();
+    EXPECT_TRUE(GroupChanged(0, 3));
+    cycles(1);
+    EXPECT_FALSE(GroupChanged(0, 3));
+}
+INSTANTIATE_TEST_SUITE_P(Turns, GroupClocks, ::testing::Values(0, 1, 2, 3));
+
+TEST_F(Clocks, TickOverTheCameraPicture) {
+    image.page(0).add(
+        imagekit::CameraView{.ControlAddress = Control, .X1 = 10, .Y1 = 20, .X2 = 99, .Y2 = 79, .Group = 4});
+    for (int i = 0; i < 12; ++i)
+        image.page(0).addToGroup(static_cast<std::uint16_t>(4 + i % 2), clock(15, 25 + 9 * i, i));
+    boot(image);
+    const QDateTime time = setTime("2026-12-31T23:59:58");
+    StoreWord(Control, 1);
+    cycles(1);
+    const QImage camera = pattern(120, 150);
+    for (int i = 0; i < 3; ++i, OncePerSecond()) { // the engine has not had its cycle
+        QImage expected = camera;
+        for (const int format : {2, 4, 6, 10})
+            lay(expected, textOf(format, time.addSecs(i), 4), {5, 5 + 9 * format}, 14, true);
+        ASSERT_EQ(DrawGroupClocksOnly(camera), expected) << i;
+    }
+    std::thread frames([&] {
+        for (int i = 0; i < 200; ++i) DrawGroupClocksOnly(camera);
+    });
+    cycles(500);
+    frames.join();
+}
+
+/// The run begins with two pictures of a kind that no text may begin with: the 1 of the year, not the 2 of
+/// the hour.
+TEST_F(Clocks, InAGroupGoByTheFirstPictureOfEachText) {
+    image.page(0).addToGroup(4, clock(5, 5, 0, 0));
+    boot(image);
+    setTime("1999-11-18T22:33:44");
+    QImage expected = WorkSurface;
+    lay(expected, "00811822", {5 + 14, 5}, 0, true);
+    lay(expected, "00811822", {5 + 14, 5}, 0, true);
+    DrawGroupInRect(0, 4, {0, 0, 9, 9});
+    EXPECT_EQ(WorkSurface, expected);
+}
+
+TEST_F(Clocks, BeyondTheTablesAreRefusedAndNoneDrawsIntoAnOpenEntry) {
+    imagekit::Bytes stream;
+    const auto append = [&stream](const imagekit::DisplayRecord& record) {
+        const auto bytes = imagekit::EncodeRecord(record, "");
+        stream.insert(stream.end(), bytes.begin(), bytes.end());
+    };
+    for (const PngClock& each : {clock(20, 30, 4), clock(20, 50, 7), clock(20, 65, 0), clock(0, 0, 12),
+                                 clock(0, 0, 4, 0xFFFC), clock(0, 0, 255), clock(0, 0, 4)})
+        append(Encode(each)); // the seventh would show something
+    for (const std::uint16_t x : {20, 60, 100})
+        append(Encode(AnalogClock{.X = x, .Y = 90, .Face = Digit0 + 14}));
+    image.page(0).setRawStream(imagekit::Stream::Display, stream);
+    boot(image);
+    for (const QPoint refused : {QPoint(0, 0), QPoint(100, 90)})
+        EXPECT_EQ(FrameSurface.pixel(refused), PageBackground.pixel(refused));
+    const int areas[][4] = {{20, 30, 35, 6}, {20, 50, 8, 6}, {20, 65, 42, 6}, {60, 90, 8, 6}}; // at 11:11:12
+    for (const auto& [x, y, w, h] : areas)
+        for (int side = 0; side < 8; ++side) { // boxes that touch the widget, and those a pixel away
+            const int away = side / 4;
+            const EntryRect boxes[] = {{0, y, x - away, y},
+                                       {x + w + away, y, 169, y},
+                                       {x, 0, x, y - away},
+                                       {x, y + h + away, x, 149}};
+            OpenEntryRect = boxes[side % 4];
+            setTime("2026-11-18T11:11:11");
+            FrameSurface.fill(Qt::red);
+            second();
+            ASSERT_EQ(FrameSurface.pixelColor(x, y) == Qt::red, away == 0) << y << ' ' << side;
+        }
+}
+
+void strokePlainly(const imagekit::ClockHand& hand, QPoint centre, int degrees) {
+    const auto rounded = [](double value) { return static_cast<float>(std::round(value * 1e6) / 1e6); };
+    const double angle = degrees * 3.14159265358979323846 / 180;
+    const float sine = rounded(std::sin(angle)), cosine = rounded(std::cos(angle));
+    const auto x = static_cast<float>(centre.x()), y = static_cast<float>(centre.y());
+    DrawCapsule(x + hand.Ahead * sine, y - hand.Ahead * cosine, x - hand.Behind * sine,
+                y + hand.Behind * cosine, static_cast<float>(hand.Width / 2), hand.Colour);
+}
+
+class Dials : public Clocks, public ::testing::WithParamInterface<std::tuple<Place, std::uint16_t>> {};
+
+TEST_P(Dials, PointToEveryMinuteOfTheDay) {
+    const auto [place, block] = GetParam();
+    QImage faces[] = {pattern(40, 36), QImage(33, 31, QImage::Format_ARGB32)};
+    faces[1].fill(qRgba(0, 0, 0, 128));
+    const std::uint16_t face = image.addPicture(Pixels{faces[0]}), cap = Digit0 + 1;
+    const std::uint16_t clear = image.addPicture(Pixels{faces[1], format::aRGB8888});
+    const AnalogClock dials[] = {
+        {Inline, false, 3, 4, face, {9, 2, 5, 0x102030}, {14, 0, 3, 0x405060}, {19, 6, 1, 0xFF0000}, cap},
+        {Inline, false, 60, 50, clear, {6, 0, 2, 0xFFFFFF}, {30, 30, 4, 0x00FF00}}};
+    for (const AnalogClock& dial : dials) add(place, dial, block);
+    const QPoint shift = show(place);
+    QImage expected = PageBackground; // and that of the list, as there is no pop-up on one
+    for (int minute = 0; minute < 24 * 60; minute += minute < 720 ? 1 : 37) {
+        Clock.Hour = static_cast<std::uint8_t>(minute / 60);
+        Clock.Minute = static_cast<std::uint8_t>(minute % 60);
+        Clock.Second = static_cast<std::uint8_t>(minute * 7 % 60);
+        SecondTick = 1;
+        AnalogClockTick();
+        for (const AnalogClock& dial : dials) {
+            const QPoint at = shift + QPoint(dial.X, dial.Y);
+            const QRect area = faces[dial.Face - face].rect();
+            const QPoint centre(area.width() / 2, area.height() / 2);
+            WorkSurface = PageBackground.copy(QRect(at, WorkSurface.size()));
+            QPainter(&WorkSurface).drawImage(0, 0, faces[dial.Face - face]);
+            strokePlainly(dial.Hours, centre, minute / 60 % 12 * 30 + minute % 60 / 2);
+            strokePlainly(dial.Minutes, centre, minute % 60 * 6 + minute * 7 % 60 / 10);
+            strokePlainly(dial.Seconds, centre, minute * 7 % 60 * 6);
+            if (dial.Cap == cap) QPainter(&WorkSurface).drawImage(centre - QPoint(2, 3), glyph('1', true));
+            QPainter(&expected).drawImage(at, WorkSurface, area);
+        }
+        ASSERT_EQ(place == Place::List ? ListSurfaceA : FrameSurface, expected) << minute;
+    }
+}
+INSTANTIATE_TEST_SUITE_P(Places, Dials, ::testing::Combine(Places, ::testing::Values(Inline, Block)));
+
+} // namespace
+} // namespace panel

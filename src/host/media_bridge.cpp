@@ -258,8 +258,8 @@ void MediaBridge::rcvImage(const QImage& image) {
     if (cameraLabel->isHidden()) return; // a picture that was under way when the camera was closed
     if (image.isNull() || size.isEmpty() || size.boundedTo(largest) != size) return;
     cameraLabel->setGeometry({ZoomedPoint(cameraShown.topLeft(), zoom_), ZoomedSize(size, zoom_)});
-    const QImage picture = ComposeCameraPicture(image, size, zoom_, panel::DimValue);
-    cameraLabel->setPixmap(QPixmap::fromImage(panel::DrawGroupClocksOnly(picture)));
+    QImage picture = ComposeCameraPicture(image, size, zoom_, panel::DimValue);
+    cameraLabel->setPixmap(QPixmap::fromImage(panel::DrawGroupClocksOnly(std::move(picture))));
 }
 
 void MediaBridge::Close_Camera() {

@@ -104,7 +104,6 @@ protected:
         if (PopupActive) OpenPopup(1, 7, 5);
         for (const auto& [address, bytes] : blocks) StoreBytes(std::size_t{2} * address, bytes);
         FrameSurface = PageBackground;
-        RefreshPageWidgets(CurrentPage);
         return PopupActive ? QPoint(7, 5) : QPoint();
     }
     static QDateTime setTime(const char* text) {
@@ -209,6 +208,7 @@ TEST_F(Clocks, InAGroupGoByTheFirstPictureOfEachText) {
     image.page(0).addToGroup(4, clock(5, 5, 0, 0));
     boot(image);
     setTime("1999-11-18T22:33:44");
+    Clock.Hour = 122; // as a host may set it in a year that the clock cannot count
     QImage expected = WorkSurface;
     lay(expected, "00811822", {5 + 14, 5}, 0, true);
     lay(expected, "00811822", {5 + 14, 5}, 0, true);
@@ -269,6 +269,7 @@ TEST_P(Dials, PointToEveryMinuteOfTheDay) {
         {Inline, false, 60, 50, clear, {6, 0, 2, 0xFFFFFF}, {30, 30, 4, 0x00FF00}}};
     for (const AnalogClock& dial : dials) add(place, dial, block);
     const QPoint shift = show(place);
+    RefreshPageWidgets(CurrentPage);
     QImage expected = PageBackground; // and that of the list, as there is no pop-up on one
     for (int minute = 0; minute < 24 * 60; minute += minute < 720 ? 1 : 37) {
         Clock.Hour = static_cast<std::uint8_t>(minute / 60);

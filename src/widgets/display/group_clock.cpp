@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <mutex>
+#include <utility>
 #include <vector>
 
 namespace panel {
@@ -119,9 +120,9 @@ void HandOverCameraClocks(std::uint16_t page, std::uint16_t group, QPoint corner
     CameraClocks = found;
 }
 
-QImage DrawGroupClocksOnly(const QImage& cameraPicture) {
+QImage DrawGroupClocksOnly(QImage cameraPicture) {
     const std::lock_guard lock(OverlayLock);
-    OverlaySurface = cameraPicture;
+    OverlaySurface = std::move(cameraPicture);
     for (const PlacedClock& clock : CameraClocks) drawOnOverlay(clock);
     return OverlaySurface;
 }

@@ -37,6 +37,6 @@ void HandOverCameraClocks(std::uint16_t page, std::uint16_t group, QPoint corner
 
 /// The camera picture becomes the OverlaySurface and gets the clocks that were handed over last. Places are
 /// panel pixels, whatever the scale of the picture. Returns the surface. Main thread.
-QImage DrawGroupClocksOnly(const QImage& cameraPicture);
+QImage DrawGroupClocksOnly(QImage cameraPicture);
 
 } // namespace panel

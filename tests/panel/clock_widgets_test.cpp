@@ -80,16 +80,13 @@ protected:
         image.addPage(Pixels{pattern(160, 120)});
     }
 
-    static PngClock clock(std::uint16_t x, int y, int format, std::uint16_t firstImage = Digit0) {
-        return {.X = x,
-                .Y = static_cast<std::uint16_t>(y),
-                .FirstImage = firstImage,
-                .Format = static_cast<imagekit::ClockFormat>(format)};
+    static PngClock clock(std::uint16_t x, std::uint16_t y, int format, std::uint16_t firstImage = Digit0) {
+        return {Inline, false, x, y, firstImage, static_cast<imagekit::ClockFormat>(format)};
     }
     template <class Widget>
     void add(Place place, Widget widget, std::uint16_t block) {
         widget.InList = place == Place::List;
-        if (block != Inline) widget.ParameterAddress = static_cast<std::uint16_t>(block + 16 * blocks.size());
+        if (block != Inline) widget.ParameterAddress = block + 16 * static_cast<int>(blocks.size());
         const imagekit::DisplayRecord record = Encode(widget);
         image.page(place == Place::Popup ? 1 : 0).add(record);
         if (block != Inline) blocks.emplace_back(widget.ParameterAddress, record.Block);
@@ -182,8 +179,7 @@ INSTANTIATE_TEST_SUITE_P(Turns, GroupClocks, ::testing::Values(0, 1, 2, 3));
 TEST_F(Clocks, TickOverTheCameraPicture) {
     image.page(0).add(
         imagekit::CameraView{.ControlAddress = Control, .X1 = 10, .Y1 = 20, .X2 = 99, .Y2 = 79, .Group = 4});
-    for (int i = 0; i < 12; ++i)
-        image.page(0).addToGroup(static_cast<std::uint16_t>(4 + i % 2), clock(15, 25 + 9 * i, i));
+    for (int i = 0; i < 12; ++i) image.page(0).addToGroup(4 + i % 2, clock(15, 25 + 9 * i, i));
     boot(image);
     const QDateTime time = setTime("2026-12-31T23:59:58");
     StoreWord(Control, 1);
@@ -272,9 +268,7 @@ TEST_P(Dials, PointToEveryMinuteOfTheDay) {
     RefreshPageWidgets(CurrentPage);
     QImage expected = PageBackground; // and that of the list, as there is no pop-up on one
     for (int minute = 0; minute < 24 * 60; minute += minute < 720 ? 1 : 37) {
-        Clock.Hour = static_cast<std::uint8_t>(minute / 60);
-        Clock.Minute = static_cast<std::uint8_t>(minute % 60);
-        Clock.Second = static_cast<std::uint8_t>(minute * 7 % 60);
+        SetClock(2026, 11, 18, minute / 60, minute % 60, minute * 7 % 60);
         SecondTick = 1;
         AnalogClockTick();
         for (const AnalogClock& dial : dials) {

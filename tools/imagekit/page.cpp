@@ -27,9 +27,10 @@ struct KindLimit {
     const char* widgets;
     std::size_t limit;
 };
-constexpr KindLimit KindLimits[] = {{0x02, "numbers", 30},      {0x04, "picture numbers", 30},
-                                    {0x05, "animations", 15},   {0x06, "picture clocks", 6},
-                                    {0x08, "analog clocks", 2}, {0x10, "timers", 10}};
+constexpr KindLimit KindLimits[] = {
+    {0x02, "numbers", 30},       {0x04, "picture numbers", 30}, {0x05, "animations", 15},
+    {0x06, "picture clocks", 6}, {0x08, "analog clocks", 2},    {0x10, "timers", 10},
+};
 
 /// Counts a record in; throws when the panel has no room for one more of its kind.
 void countKind(const DisplayRecord& record, std::map<std::uint16_t, std::size_t>& counts,

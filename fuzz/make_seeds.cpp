@@ -1,4 +1,5 @@
 // Writes sound images for the fuzz targets to start from: make-seeds FOLDER.
+#include "imagekit/clock_widgets.h"
 #include "imagekit/entry_widgets.h"
 #include "imagekit/icon_widgets.h"
 #include "imagekit/image_builder.h"
@@ -145,6 +146,9 @@ ImageBuilder everyTouchWidget(PanelConfig config) {
         page.add(PngNumber{.ValueAddress = 0x70, .X = 20, .Y = 30, .LastImage = 3, .IntegerDigits = 2});
         page.add(ValueIcon{.ValueAddress = 0x70, .X = 20, .Y = 12, .Maximum = 2, .Group = 1});
         page.add(BitIcon{.ValueAddress = 0x71, .X = 24, .Y = 14, .Bit = 1, .ClearImage = 0, .SetImage = 2});
+        page.add(PngClock{.X = 2, .Y = 34, .Format = ClockFormat::DateAndTime});
+        page.addToGroup(1, PngClock{.X = 4, .Y = 4});
+        page.add(AnalogClock{.X = 24, .Y = 24, .Face = 2, .Seconds = {.Ahead = 5, .Behind = 2}, .Cap = 0});
         page.add(PagePreset{1, {{0x70, 2}, {0x7000, target}}});
     }
     image.setPinyin({{"a", QString(20, QChar(0x554A))}});

@@ -1,6 +1,7 @@
 #include "graphics/shapes.h"
 
 #include "graphics/colour.h"
+#include "graphics/pixels.h"
 #include "graphics/primitives.h"
 #include "graphics/surfaces.h"
 
@@ -72,11 +73,21 @@ public:
     LineAxis(int from, int to, int distance)
         : from_(from), way_(std::abs(to - from)), step_(to < from ? -1 : 1), distance_(distance) {}
 
-    /// The coordinate after `steps` steps. Strictly passed, so it moves one step later than it could.
-    int at(std::int64_t steps) const {
-        if (steps == 0 || way_ == 0) return from_;
-        return from_ + step_ * static_cast<int>((steps * way_ - 1) / distance_);
+    /// Goes from the start to the coordinate after `steps` steps. Strictly passed, so it moves one step later
+    /// than it could.
+    void goTo(std::int64_t steps) {
+        if (steps == 0 || way_ == 0) return;
+        const std::int64_t sum = steps * way_ - 1;
+        rest_ = sum % distance_;
+        position_ = from_ + step_ * static_cast<int>(sum / distance_);
     }
+    void next() {
+        rest_ += way_;
+        if (rest_ < distance_) return;
+        rest_ -= distance_;
+        position_ += step_;
+    }
+    int position() const { return position_; }
     bool isLonger() const { return way_ == distance_; }
 
     /// The range of steps at which a longer axis lies in 0..size-1, as far as it lies in 0..last.
@@ -91,6 +102,27 @@ private:
     std::int64_t way_;
     int step_;
     std::int64_t distance_;
+    int position_ = from_;
+    std::int64_t rest_ = -1; // of the error sum
+};
+
+/// Replaces pixels of the WorkSurface, as PlotWork() does, with one look at the surface for all of them.
+class WorkPen {
+public:
+    explicit WorkPen(std::uint32_t word)
+        : pixel_(ExpandPixel(word, ColourKind::Opaque)), size_(WorkSurface.size()), bits_(WorkSurface.bits()),
+          bytesPerLine_(WorkSurface.bytesPerLine()) {}
+
+    void plot(int x, int y) {
+        if (x < 0 || y < 0 || x >= size_.width() || y >= size_.height()) return;
+        reinterpret_cast<Pixel*>(bits_ + y * bytesPerLine_)[x] = pixel_;
+    }
+
+private:
+    Pixel pixel_;
+    QSize size_;
+    std::uint8_t* bits_;
+    qsizetype bytesPerLine_;
 };
 
 } // namespace
@@ -116,11 +148,14 @@ float TanDeg(int degrees) { return TanTable[static_cast<std::size_t>(std::clamp(
 void DrawLine(int x0, int y0, int x1, int y1, std::uint32_t word) {
     if (!isNear(x0) || !isNear(y0) || !isNear(x1) || !isNear(y1)) return;
     const int distance = std::max(std::abs(x1 - x0), std::abs(y1 - y0));
-    const LineAxis x(x0, x1, distance), y(y0, y1, distance);
+    LineAxis x(x0, x1, distance), y(y0, y1, distance);
     // Only the steps at which the longer axis is on the surface can plot anything.
     const auto [first, last] = x.isLonger() ? x.stepsInside(WorkSurface.width(), distance + 1)
                                             : y.stepsInside(WorkSurface.height(), distance + 1);
-    for (int step = first; step <= last; ++step) PlotWork(x.at(step), y.at(step), word);
+    WorkPen pen(word);
+    x.goTo(first);
+    y.goTo(first);
+    for (int step = first; step <= last; ++step, x.next(), y.next()) pen.plot(x.position(), y.position());
 }
 
 void DrawThickLine(int x0, int y0, int x1, int y1, std::uint32_t word, int thickness) {

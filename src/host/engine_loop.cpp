@@ -15,10 +15,12 @@
 #include "store/variable_store.h"
 #include "widgets/display/analog_clock.h"
 #include "widgets/display/auto_step.h"
+#include "widgets/display/curve.h"
 #include "widgets/display/image_animation.h"
 #include "widgets/display/media.h"
 #include "widgets/display/needle_meter.h"
 #include "widgets/display/png_clock.h"
+#include "widgets/display/textroll.h"
 #include "widgets/display/uitimer.h"
 #include "widgets/touch/copy_key.h"
 #include "widgets/touch/keyboard.h"
@@ -142,8 +144,8 @@ constexpr CycleStep CycleSteps[] = {
     {"AnalogClockTick", step<AnalogClockTick>},
     {"ClockTick", step<ClockTick>},
     {"UiTimerTick", step<UiTimerTick>},
-    {"TextrollTick", nullptr},
-    {"CurveTick", nullptr},
+    {"TextrollTick", step<TextrollTick>},
+    {"CurveTick", step<CurveTick>},
     {"AutoStepTick", step<AutoStepTick>},
     {"NeedleMeterTick", step<NeedleMeterTick>},
     {"GestureTick", nullptr},
@@ -187,8 +189,8 @@ constexpr TickCounter TickCounters[] = {
     {"imageAnimation", CountAnimationTicks},
     {"step repeat", CountRepeatTicks},
     {"text cursor", CountCursorTicks},
-    {"textroll", nullptr},
-    {"curve", nullptr},
+    {"textroll", CountTextrollTicks},
+    {"curve", CountCurveTicks},
     {"idle time", countIdleTime},
     {"MultiKey", CountMultiKeyTicks},
     {"refresh", countRefresh},

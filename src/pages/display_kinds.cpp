@@ -3,6 +3,7 @@
 #include "widgets/display/analog_clock.h"
 #include "widgets/display/auto_step.h"
 #include "widgets/display/bit_icon.h"
+#include "widgets/display/curve.h"
 #include "widgets/display/group_clock.h"
 #include "widgets/display/image_animation.h"
 #include "widgets/display/image_bar.h"
@@ -14,6 +15,7 @@
 #include "widgets/display/png_number.h"
 #include "widgets/display/qr_code.h"
 #include "widgets/display/ring_gauge.h"
+#include "widgets/display/textroll.h"
 #include "widgets/display/uitimer.h"
 #include "widgets/display/value_icon.h"
 
@@ -93,7 +95,13 @@ constexpr DisplayKind Kinds[] = {
      .cursor = &AnalogClockCursor,
      .refresh = Refresh::ByRow,
      .refreshRow = RefreshAnalogClock},
-    {.code = 0x09, .name = "textroll", .dependsOn = TextrollText, .refresh = Refresh::ByValue},
+    {.code = 0x09,
+     .name = "textroll",
+     .dependsOn = TextrollText,
+     .display = DisplayTextroll,
+     .forget = ForgetTextrolls,
+     .cursor = &TextrollCursor,
+     .refresh = Refresh::ByValue},
     {.code = 0x0A, .name = "musicPlayer", .display = DisplayMusicPlayer, .hasBlock = false},
     {.code = 0x0B,
      .name = "imageBar",
@@ -108,7 +116,7 @@ constexpr DisplayKind Kinds[] = {
      .refresh = Refresh::ByValue,
      .afterTouch = true,
      .groupAt = 0x27},
-    {.code = 0x0D, .name = "curve"},
+    {.code = 0x0D, .name = "curve", .display = DisplayCurve, .forget = ForgetCurves, .blockAt = CurveBlockAt},
     {.code = 0x0E, .name = "encoderMenu", .hasBlock = false, .background = true},
     {.code = 0x0F,
      .name = "bitIcon",

@@ -1,0 +1,218 @@
+#include "widgets/display/textroll.h"
+
+#include "graphics/font.h"
+#include "graphics/primitives.h"
+#include "graphics/surfaces.h"
+#include "host/config_block.h"
+#include "store/variable_store.h"
+#include "widgets/display/placement.h"
+#include "widgets/touch/open_entry.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace panel {
+namespace {
+
+namespace field {
+constexpr std::size_t Text = 5;
+constexpr std::size_t X1 = 7;
+constexpr std::size_t Y1 = 9;
+constexpr std::size_t X2 = 0x0B;
+constexpr std::size_t Y2 = 0x0D;
+constexpr std::size_t Font = 0x11;
+constexpr std::size_t GlyphWidth = 0x12;
+constexpr std::size_t GlyphHeight = 0x13;
+constexpr std::size_t Encoding = 0x14;
+constexpr std::size_t Alignment = 0x15;
+constexpr std::size_t RollAlways = 0x16;
+constexpr std::size_t Colour = 0x17;
+constexpr std::size_t Speed = 0x1A;
+constexpr std::size_t BackColour = 0x1B;
+constexpr std::size_t Gap = 0x1E;
+constexpr std::size_t Opaque = 0x20;
+} // namespace field
+
+constexpr std::uint8_t Centred = 1, Right = 2; // alignments
+constexpr int LongestUnit = 2;                 // bytes of a character
+
+/// The characters of a text as they stand in the strip.
+struct StripText {
+    struct Character {
+        int x, y;  // px from the beginning of the text, whose first line is at 0
+        int width; // px
+        std::uint32_t glyph;
+    };
+
+    std::vector<std::uint8_t> bytes{}; // and those behind it that tell its end
+    std::vector<Character> characters{};
+    int width = 0; // px
+};
+
+/// The texts of the rows as they were set last, by the index of the row. A text is set again only when it has
+/// changed.
+std::array<StripText, Textrolls.Capacity> SetTexts;
+
+StripText& setTextOf(const TextrollRow& row) {
+    return SetTexts[static_cast<std::size_t>(&row - Textrolls.rows().data())];
+}
+
+std::vector<std::uint8_t> readText(std::uint16_t address, std::size_t count) {
+    std::vector<std::uint8_t> bytes(count);
+    ReadBytes(2 * std::size_t{address}, bytes);
+    return bytes;
+}
+
+StripText setText(const TextrollRow& row) {
+    const FontReader font(row.Style.font);
+    StripText text{.bytes = readText(row.TextAddress, StoreByteCount - 2 * std::size_t{row.TextAddress})};
+    std::size_t at = 0;
+    int y = 0;
+    for (TextUnit unit = font.unitAt(text.bytes, at); unit.kind != TextUnit::Kind::End;
+         unit = font.unitAt(text.bytes, at += unit.bytes)) {
+        if (unit.kind == TextUnit::Kind::LineBreak)
+            y += row.Style.font.height;
+        else
+            text.characters.push_back({text.width, y, unit.width, unit.glyph});
+        text.width += unit.width;
+    }
+    text.bytes.resize(std::min(text.bytes.size(), at + LongestUnit));
+    return text;
+}
+
+const StripText& currentText(const TextrollRow& row) {
+    StripText& text = setTextOf(row);
+    if (text.bytes.empty() || text.bytes != readText(row.TextAddress, text.bytes.size())) text = setText(row);
+    return text;
+}
+
+/// Decides whether a text of that width rolls. Returns the width of its strip, and where it begins there.
+struct Strip {
+    int width, textX;
+};
+Strip layStrip(TextrollRow& row, int textWidth) {
+    const int width = row.Box.width();
+    const bool fits = textWidth <= width && textWidth + row.Gap <= width;
+    row.Rolling = !fits || row.RollAlways;
+    if (row.Rolling) return {std::max(textWidth, width) + row.Gap, 0};
+    switch (row.Style.anchor) {
+    case Centred: return {width, (width - textWidth) / 2};
+    case Right: return {width, width - textWidth};
+    default: return {width, 0};
+    }
+}
+
+bool isTooLarge(int stripWidth, int height) {
+    constexpr std::int64_t mostBytes = 80000;
+    return SmallChip() && std::int64_t{2} * stripWidth * height > mostBytes;
+}
+
+/// Paints the text that begins at column `x` of the view, as far as the view shows it.
+void paintText(const TextrollRow& row, const GlyphPainter& painter, const StripText& text, int x) {
+    const int height = row.Style.font.height;
+    const int top = (row.Box.height() - 1 - height) / 2;
+    const int right = std::min(row.Box.width(), WorkSurface.width());
+    const auto first = std::ranges::partition_point(
+        text.characters, [x](const StripText::Character& c) { return x + c.x + c.width <= 0; });
+    for (auto c = first; c != text.characters.end() && x + c->x < right; ++c) {
+        const int y = top + c->y;
+        if (c->y != 0 && y + height > row.Box.height()) return;
+        painter.paint(WorkSurface, {x + c->x, y}, c->width, c->glyph);
+    }
+}
+
+/// On a list a view that wraps is the beginning of the strip.
+int shownPosition(const TextrollRow& row, int position) {
+    const bool wraps = position + row.Box.width() > row.StripWidth;
+    return row.InList && wraps ? 0 : position;
+}
+
+void composeView(const TextrollRow& row, const StripText& text, int textX, int position) {
+    if (row.Style.opaque)
+        FillWorkRect({{0, 0}, row.Box.size()}, row.Style.backColour);
+    else
+        BackdropToWork(row.Box, 0);
+    const std::uint8_t depth = FontReader(row.Style.font).depthCode();
+    const GlyphPainter painter(row.Style, depth);
+    paintText(row, painter, text, textX - position);
+    if (position + row.Box.width() > row.StripWidth)
+        paintText(row, painter, text, textX - position + row.StripWidth);
+}
+
+/// Size and encoding are the record's own, whatever the font tells.
+TextStyle styleOf(const Parameters& p) {
+    TextFont font = TableFont(p.u8(field::Font));
+    font.width = p.u8(field::GlyphWidth);
+    font.height = p.u8(field::GlyphHeight);
+    font.encoding = static_cast<Encoding>(p.u8(field::Encoding));
+    return {.font = font,
+            .anchor = p.u8(field::Alignment),
+            .colour = p.u24(field::Colour),
+            .backColour = p.u24(field::BackColour),
+            .opaque = p.u8(field::Opaque) != 0};
+}
+
+void takeParameters(TextrollRow& row, const Parameters& p) {
+    const QPoint first(p.u16(field::X1), p.u16(field::Y1)), last(p.u16(field::X2), p.u16(field::Y2));
+    row = {};
+    row.InList = p.inList();
+    row.TextAddress = p.u16(field::Text);
+    row.Box = {first + PopupShift(), last + PopupShift()};
+    row.Style = styleOf(p);
+    row.RollAlways = p.u8(field::RollAlways) != 0;
+    row.Speed = p.u8(field::Speed);
+    row.Gap = p.u16(field::Gap);
+}
+
+void startTextroll(TextrollRow& row, const Parameters& p) {
+    takeParameters(row, p);
+    setTextOf(row) = {};
+    if (IsStoreWord(row.TextAddress) && DrawTextrollStrip(row, 0)) LandWork(row.Box, row.InList);
+}
+
+} // namespace
+
+void DisplayTextroll(const Parameters& p) {
+    if (TextrollRow* known = Textrolls.at(TextrollCursor)) return startTextroll(*known, p);
+    TextrollRow* row = Textrolls.next();
+    if (!row) return;
+    startTextroll(*row, p);
+    Textrolls.commit();
+}
+
+void ForgetTextrolls() { Textrolls.clear(); }
+
+bool DrawTextrollStrip(TextrollRow& row, int position) {
+    const StripText& text = currentText(row);
+    const Strip strip = layStrip(row, text.width);
+    if (isTooLarge(strip.width, row.Box.height())) return false;
+    row.StripWidth = strip.width;
+    composeView(row, text, strip.textX, shownPosition(row, position));
+    return true;
+}
+
+void StepTextroll(TextrollRow& row) {
+    const QRect& box = row.Box;
+    if (OverlapsOpenEntry(box.x(), box.y(), box.width() - 1, box.height() - 1)) return;
+    if (!DrawTextrollStrip(row, row.Position)) return;
+    LandWork(box, row.InList);
+    if (++row.Position >= row.StripWidth) row.Position = 0;
+}
+
+void CountTextrollTicks() {
+    if (Textrolls.empty()) return;
+    for (TextrollRow& row : Textrolls.rows()) row.Ticks += 1;
+    TextrollDue = 1;
+}
+
+void TextrollTick() {
+    if (Textrolls.empty() || !TextrollDue.exchange(0)) return;
+    for (TextrollRow& row : Textrolls.rows()) {
+        if (row.Ticks < row.Speed || !row.Rolling) continue;
+        StepTextroll(row);
+        row.Ticks = 0;
+    }
+}
+
+} // namespace panel

@@ -7,6 +7,8 @@
 #include "demo/words.h"
 
 #include "pages/page_switch.h"
+#include "store/curve_samples.h"
+#include "store/host_time.h"
 #include "widgets/display/media.h"
 
 #include <QFile>
@@ -22,7 +24,10 @@ using namespace demo;
 /// The demo on a running panel. Painting it needs the toolkit's fonts.
 class DemoProject : public panel::PanelTest {
 protected:
-    DemoProject() : pages(PaintPages()) { boot(BuildProject(pages)); }
+    DemoProject() : pages(PaintPages()) {
+        panel::SetHostTime(QDateTime({2026, 11, 23}, {10, 8})); // no minute ends during a test
+        boot(BuildProject(pages));
+    }
 
 private:
     int argumentCount_ = 0;
@@ -47,9 +52,10 @@ QRect changedArea(const QImage& before, const QImage& after, int tolerance = 0) 
 
 TEST_F(DemoProject, HasEveryPageAsItWasPainted) {
     constexpr int Rounding = 4; // a 5-bit step
-    ASSERT_EQ(pages.size(), ChineseKeyboardPressedPage + 1u);
+    ASSERT_EQ(pages.size(), GaugesPage + 1u);
     for (std::uint16_t id = 0; id < pages.size(); ++id) {
-        if (id == AwayPopup || id == BoostPopup || id >= DatePopup) continue;
+        const bool isFull = id < AwayPopup || id == StandbyPage || id == GaugesPage;
+        if (!isFull) continue;
         panel::ShowPage(id);
         EXPECT_TRUE(changedArea(pages[id].image, panel::PageBackground, Rounding).isEmpty())
             << pages[id].name;
@@ -79,13 +85,14 @@ TEST_F(DemoProject, ShowsEachChangeInItsPlace) {
         PageId page;
         std::uint16_t word, value;
         QRect place;
-    } changes[] = {{HomePage, words::RoomTemperature, 305, layout::home::RoomValue},
+    } changes[] = {{HomePage, words::RoomTemperature, 250, layout::home::RoomCard},
                    {HomePage, words::FanControl, 1, layout::home::Fan},
                    {HeatingPage, words::CurveShift, 0xFFF4, layout::heating::ShiftCard}, // with its slider
                    {HotWaterPage, words::TankUpperTemperature, 1, layout::water::TankTopValue},
                    {HotWaterPage, words::BoostControl, 1, layout::water::BoostTime},
                    {HomePage, words::PowerLevel, 90, layout::home::PowerBar},
                    {EnergyPage, words::WeekEnergy + 2, 100, layout::energy::DayBar(2).adjusted(-4, 0, 4, 0)},
+                   {EnergyPage, words::ShareHeating, 20, layout::energy::ShareCard},
                    {ServicePage, words::SupportLink, 0x4141, layout::service::QrCode},
                    {ServicePage, words::ServicePin, 0, layout::service::ServicePin}};
     for (const auto& change : changes) {
@@ -106,7 +113,7 @@ TEST_F(DemoProject, ShowsEachChangeInItsPlace) {
 TEST_F(DemoProject, SpeaksTheLanguageOfThePanel) {
     panel::StoreWord(words::FanControl, 0);
     panel::StoreWord(words::Motion, words::Still);
-    run(100);
+    run(1100); // the clock is right from the first second on
     const QImage english = outputs.frame.copy();
     apply(words::Language, ChineseLanguage);
     run(100);
@@ -117,6 +124,21 @@ TEST_F(DemoProject, SpeaksTheLanguageOfThePanel) {
     apply(words::Language, English);
     run(100);
     EXPECT_TRUE(changedArea(english, outputs.frame).isEmpty());
+}
+
+TEST_F(DemoProject, KeepsItsGaugesMovingByItself) {
+    panel::ShowPage(GaugesPage);
+    run(200);
+    const QImage before = outputs.frame.copy();
+    run(2000);
+    for (const QRect& place : {layout::gauges::DialOf(layout::gauges::CompressorCard),
+                               layout::gauges::DialOf(layout::gauges::PressureCard), layout::gauges::Face,
+                               layout::gauges::Message})
+        EXPECT_NE(outputs.frame.copy(place), before.copy(place)) << place.x();
+    EXPECT_EQ(outputs.frame.copy(layout::gauges::TrendCard), before.copy(layout::gauges::TrendCard));
+    panel::AppendCurveSamples(0x0003, std::vector<std::uint16_t>(40, 400));
+    run(100);
+    EXPECT_NE(outputs.frame.copy(layout::gauges::TrendCard), before.copy(layout::gauges::TrendCard));
 }
 
 TEST_F(DemoProject, StartsAtHomeAndChangesScenesByPresets) {

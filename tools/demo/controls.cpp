@@ -97,6 +97,9 @@ public:
                                                   .Maximum = U16(static_cast<int>(colours.size()) - 1)});
     }
 
+    /// Leaves the captions of an area to the group of the page's gauge.
+    void captionsOnGauge(PageId page, const QRect& area) { addCaptions(page, area, GaugeGroup); }
+
     /// The captions that are on no key.
     void addOtherCaptions() {
         for (std::size_t page = 0; page < pages_.size(); ++page)
@@ -117,8 +120,8 @@ private:
                 .Maximum = U16(choice.value)};
     }
 
-    std::uint16_t groupOn(PageId page, const QRect& area, const Choice* choice) {
-        const std::uint16_t group = groups_[page];
+    /// Whether there were any.
+    bool addCaptions(PageId page, const QRect& area, std::uint16_t group) {
         bool used = false;
         for (std::size_t i = 0; i < pages_[page].captions.size(); ++i) {
             const Caption& caption = pages_[page].captions[i];
@@ -126,6 +129,12 @@ private:
             image_.page(page).addToGroup(group, texts_.caption(caption));
             captionTaken_[page][i] = used = true;
         }
+        return used;
+    }
+
+    std::uint16_t groupOn(PageId page, const QRect& area, const Choice* choice) {
+        const std::uint16_t group = groups_[page];
+        const bool used = addCaptions(page, area, group);
         if (choice) image_.page(page).addToGroup(group, markOn(area, *choice));
         if (!used && !choice) return imagekit::None;
         ++groups_[page];
@@ -162,16 +171,22 @@ imagekit::PopupKey opening(PageId popup) {
             .Dim = true};
 }
 
+void addNavigationKey(Builder& controls, PageId page, std::uint16_t target) {
+    controls.key(page, layout::NavigationKey(target), KeyRadius,
+                 imagekit::PageKey{.Notify = true, .NotifyCode = target, .TargetPage = target});
+}
+
 void addNavigation(Builder& controls) {
     for (std::uint16_t page = HomePage; page < layout::NavigationItems; ++page)
         for (std::uint16_t target = HomePage; target < layout::NavigationItems; ++target)
-            if (target != page)
-                controls.key(static_cast<PageId>(page), layout::NavigationKey(target), KeyRadius,
-                             imagekit::PageKey{.Notify = true, .NotifyCode = target, .TargetPage = target});
+            if (target != page) addNavigationKey(controls, static_cast<PageId>(page), target);
+    for (std::uint16_t target = HomePage; target < layout::NavigationItems; ++target)
+        addNavigationKey(controls, GaugesPage, target);
 }
 
 void addHome(Builder& controls) {
     using namespace layout::home;
+    controls.captionsOnGauge(HomePage, {DialCentre - QPoint(70, 70), QSize(140, 140)});
     controls.roundStep(HomePage, ColderKey, stepOf(words::RoomTarget, false, 5, 50, 300));
     controls.roundStep(HomePage, WarmerKey, stepOf(words::RoomTarget, true, 5, 50, 300));
     const QColor colours[] = {colour::Warm, colour::Eco, colour::Violet, colour::Cool};
@@ -230,6 +245,12 @@ void addSchedule(Builder& controls) {
     for (int day = 0; day < 7; ++day)
         controls.dot(SchedulePage, {layout::Left + 4, DayTrack(day).y() + 8}, U16(words::DayPrograms + day),
                      colours);
+}
+
+void addEnergyAndService(Builder& controls) {
+    using namespace layout;
+    controls.captionsOnGauge(EnergyPage, {energy::ShareCentre - QPoint(50, 50), QSize(100, 100)});
+    controls.key(ServicePage, service::CircuitCard, CardRadius, imagekit::PageKey{.TargetPage = GaugesPage});
 }
 
 void addSettings(Builder& controls) {
@@ -295,6 +316,7 @@ void AddControls(imagekit::ImageBuilder& image, Texts& texts, const std::vector<
     addHome(controls);
     addHeating(controls);
     addHotWater(controls);
+    addEnergyAndService(controls);
     addSchedule(controls);
     addSettings(controls);
     addPopups(controls);

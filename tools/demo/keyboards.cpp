@@ -140,18 +140,6 @@ imagekit::KeyboardPlace inTheMiddle(PageId page, QSize size, const EntryFont& fo
             .TextY = U16(EntryLine.y() + (EntryLine.height() - font.height) / 2)};
 }
 
-/// All that the Chinese keyboard can type.
-EntryFont addChineseFont(imagekit::ImageBuilder& image, const TextStyle& style) {
-    QString characters = asciiCharacters();
-    for (const auto& [letters, meanings] : PinyinSyllables()) characters += meanings;
-    const auto width = static_cast<std::uint8_t>(style.size),
-               height = static_cast<std::uint8_t>(LineHeight(style));
-    const imagekit::StoredFont font = imagekit::RasterFont(
-        {.Kind = imagekit::FontKind::Gbk, .Width = width, .Height = height, .Depth = 2},
-        {.Family = ThemeFaces(), .PixelSize = style.size, .Weight = style.weight, .Characters = characters});
-    return {image.addFont(font), width, height};
-}
-
 void addNameLabel(imagekit::Page& page, const QRect& area, std::uint8_t anchor, const EntryFont& font,
                   imagekit::ImageBuilder& image) {
     page.add(imagekit::Label{.TextAddress = words::RoomName,
@@ -200,8 +188,7 @@ void addPin(imagekit::Page& page, const EntryFont& font, imagekit::ImageBuilder&
 }
 
 /// The name of the room, and the field that it is typed in.
-void addRoomName(imagekit::ImageBuilder& image) {
-    const EntryFont font = addChineseFont(image, NameStyle);
+void addRoomName(imagekit::ImageBuilder& image, const EntryFont& font) {
     const int lettersX = CandidateRow.x() + 12;
     const std::uint16_t lineY = U16(CandidateRow.y() + (CandidateRow.height() - font.height) / 2);
     image.page(SettingsPage)
@@ -248,7 +235,21 @@ EntryFont AddEntryFont(imagekit::ImageBuilder& image, const TextStyle& style) {
     return {image.addFont(font), width, height};
 }
 
-void AddKeyboards(imagekit::ImageBuilder& image) {
+EntryFont AddNameFont(imagekit::ImageBuilder& image) {
+    QString characters = asciiCharacters() + "，。";
+    for (const auto& [letters, meanings] : PinyinSyllables()) characters += meanings;
+    const auto width = static_cast<std::uint8_t>(NameStyle.size),
+               height = static_cast<std::uint8_t>(LineHeight(NameStyle));
+    const imagekit::StoredFont font =
+        imagekit::RasterFont({.Kind = imagekit::FontKind::Gbk, .Width = width, .Height = height, .Depth = 2},
+                             {.Family = ThemeFaces(),
+                              .PixelSize = NameStyle.size,
+                              .Weight = NameStyle.weight,
+                              .Characters = characters});
+    return {image.addFont(font), width, height};
+}
+
+void AddKeyboards(imagekit::ImageBuilder& image, const EntryFont& nameFont) {
     const EntryFont font = AddEntryFont(image, EntryStyle);
     addKeys(image.page(KeypadPage), keypad(), KeypadPressedPage);
     addKeys(image.page(TextKeyboardPage), textKeyboard(), TextKeyboardPressedPage);
@@ -258,7 +259,7 @@ void AddKeyboards(imagekit::ImageBuilder& image) {
                    image);
     addPin(image.page(ServicePage), font, image);
     image.setPinyin(PinyinSyllables());
-    addRoomName(image);
+    addRoomName(image, nameFont);
 }
 
 } // namespace demo

@@ -13,13 +13,16 @@ Art PaintKeypad(bool pressed);
 Art PaintTextKeyboard(bool pressed);
 Art PaintChineseKeyboard(bool pressed);
 
-/// Adds the keys to the keyboards' pages, and the fields that open them.
-void AddKeyboards(imagekit::ImageBuilder& image);
-
-/// The font in which texts are typed and the PIN stands in its well.
+/// A font in which texts are typed.
 struct EntryFont {
     std::uint8_t index, width, height;
 };
+/// Of single bytes, for numbers and the PIN.
 EntryFont AddEntryFont(imagekit::ImageBuilder& image, const TextStyle& style);
+/// In GBK: all that the Chinese keyboard can type.
+EntryFont AddNameFont(imagekit::ImageBuilder& image);
+
+/// Adds the keys to the keyboards' pages, and the fields that open them.
+void AddKeyboards(imagekit::ImageBuilder& image, const EntryFont& nameFont);
 
 } // namespace demo

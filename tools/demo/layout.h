@@ -114,7 +114,7 @@ constexpr QRect DayBar(int day) {
 constexpr QRect DayFigure(int day) { return QRect(DayBar(day).x() - 4, DayBar(day).y() + 4, 42, 18); }
 inline constexpr QRect ShareCard = Span(578, 180, Right, Bottom);
 inline constexpr QPoint ShareCentre{679, 290};
-inline constexpr int ShareRadius = 60;
+inline constexpr int ShareRadius = 60, ShareWidth = 16;
 constexpr QRect ShareRowValue(int index) { return QRect(700, 370 + index * 29, 62, 25); }
 inline constexpr QRect ShareValue{639, 270, 80, 36};
 } // namespace energy
@@ -147,6 +147,28 @@ inline constexpr QRect SupportCard = Span(486, 308, Right, Bottom);
 inline constexpr QRect ServicePin{688, 420, 74, 26};
 inline constexpr QRect QrCode{504, 326, 120, 120};
 } // namespace service
+
+/// The page behind the refrigerant circuit: instruments on the move.
+namespace gauges {
+inline constexpr QRect CompressorCard = Span(Left, Top, 340, 286);
+inline constexpr QRect PressureCard = Span(352, Top, 560, 286);
+inline constexpr QRect ClockCard = Span(572, Top, Right, 286);
+inline constexpr int DialSide = 168;
+constexpr QRect DialOf(const QRect& card) {
+    return QRect(card.x() + (card.width() - DialSide) / 2, card.y() + 42, DialSide, DialSide);
+}
+inline constexpr QRect Face{606, 92, 140, 140};
+inline constexpr QRect Weekday{592, 250, 44, 24};
+inline constexpr QRect Date{642, 250, 120, 24};
+inline constexpr QRect TrendCard = Span(Left, 298, 560, 418);
+inline constexpr QRect TrendPlot{152, 342, 394, 62};
+inline constexpr QRect EfficiencyCard = Span(572, 298, Right, 418);
+inline constexpr QPoint EfficiencyCentre{622, 373};
+inline constexpr int EfficiencyRadius = 28, EfficiencyWidth = 9;
+inline constexpr QRect EfficiencyValue{668, 356, 96, 36};
+inline constexpr QRect MessageCard = Span(Left, 430, Right, Bottom);
+inline constexpr QRect Message{152, 434, 614, 26};
+} // namespace gauges
 
 namespace popup {
 inline constexpr int Shadow = 28; // px of shadow around the window

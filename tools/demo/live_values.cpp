@@ -1,5 +1,6 @@
 #include "demo/live_values.h"
 
+#include "demo/instrument_art.h"
 #include "demo/keyboards.h"
 #include "demo/layout.h"
 #include "demo/translations.h"
@@ -38,13 +39,14 @@ struct LiveNumber {
     std::uint8_t integerDigits, decimalDigits;
     const char* unit; // painted at the well's end; null: none, and the number stands in the middle
     DataType type = DataType::U16;
+    bool onGauge = false; // belongs to the group of the page's gauge
 };
 
 std::vector<LiveNumber> homeNumbers() {
     using namespace layout::home;
     return {
         {HomePage, TargetValue, words::RoomTarget, "Room target temperature", style::Value.in(colour::Warm),
-         2, 1, nullptr},
+         2, 1, nullptr, DataType::U16, true},
         {HomePage, OutdoorValue, words::OutdoorTemperature, "Outdoor temperature", style::Large, 2, 1, "°C",
          DataType::S16},
         {HomePage, HumidityValue, words::Humidity, "Humidity", style::Value, 3, 0, "%"},
@@ -94,7 +96,8 @@ std::vector<LiveNumber> energyNumbers() {
         {EnergyPage, FigureValue(1), words::HeatToday, "Heat today", style::Figure, 3, 1, "kWh"},
         {EnergyPage, FigureValue(2), words::SolarToday, "Solar today", style::Figure, 3, 1, "kWh"},
         {EnergyPage, FigureValue(3), words::Efficiency, "Efficiency", style::Figure, 2, 2, "COP"},
-        {EnergyPage, ShareValue, words::ElectricityToday, "Electricity today", style::Figure, 3, 1, nullptr},
+        {EnergyPage, ShareValue, words::ElectricityToday, "Electricity today", style::Figure, 3, 1, nullptr,
+         DataType::U16, true},
         {EnergyPage, ShareRowValue(0), words::ShareHeating, "Share heating", style::Value, 3, 0, "%"},
         {EnergyPage, ShareRowValue(1), words::ShareHotWater, "Share hot water", style::Value, 3, 0, "%"},
         {EnergyPage, ShareRowValue(2), words::ShareStandby, "Share standby", style::Value, 3, 0, "%"},
@@ -119,6 +122,11 @@ std::vector<LiveNumber> serviceNumbers() {
         {ServicePage, ReadingValue(6), words::ValveOpening, "Valve opening", style::Value, 3, 0, ""},
         {ServicePage, ReadingValue(7), words::OperatingHours, "Operating hours", style::Value, 5, 0, ""},
     };
+}
+
+std::vector<LiveNumber> gaugeNumbers() {
+    return {{GaugesPage, layout::gauges::EfficiencyValue, words::Efficiency, "Efficiency", style::Figure, 2,
+             2, "COP"}};
 }
 
 std::vector<LiveNumber> popupNumbers() {
@@ -160,23 +168,27 @@ int anchorX(const LiveNumber& number) {
 
 void addNumber(imagekit::ImageBuilder& image, NumberFonts& fonts, const LiveNumber& number) {
     const int top = number.well.y() + (number.well.height() - LineHeight(number.style)) / 2;
-    image.page(number.page)
-        .add(imagekit::Number{.ValueAddress = number.word,
-                              .X = static_cast<std::uint16_t>(anchorX(number)),
-                              .Y = static_cast<std::uint16_t>(top),
-                              .Colour = image.colour(number.style.colour),
-                              .Font = fonts.index(number.style),
-                              .Align = number.unit ? imagekit::Alignment::Right : imagekit::Alignment::Centre,
-                              .IntegerDigits = number.integerDigits,
-                              .DecimalDigits = number.decimalDigits,
-                              .Type = number.type},
-             number.name);
+    const imagekit::Number widget{.ValueAddress = number.word,
+                                  .X = static_cast<std::uint16_t>(anchorX(number)),
+                                  .Y = static_cast<std::uint16_t>(top),
+                                  .Colour = image.colour(number.style.colour),
+                                  .Font = fonts.index(number.style),
+                                  .Align =
+                                      number.unit ? imagekit::Alignment::Right : imagekit::Alignment::Centre,
+                                  .IntegerDigits = number.integerDigits,
+                                  .DecimalDigits = number.decimalDigits,
+                                  .Type = number.type};
+    imagekit::Page& page = image.page(number.page);
+    if (number.onGauge)
+        page.addToGroup(GaugeGroup, widget);
+    else
+        page.add(widget, number.name);
 }
 
 void addNumbers(imagekit::ImageBuilder& image) {
     NumberFonts fonts(image);
-    for (const auto& numbers :
-         {homeNumbers(), heatingNumbers(), waterNumbers(), energyNumbers(), serviceNumbers(), popupNumbers()})
+    for (const auto& numbers : {homeNumbers(), heatingNumbers(), waterNumbers(), energyNumbers(),
+                                serviceNumbers(), gaugeNumbers(), popupNumbers()})
         for (const LiveNumber& number : numbers) addNumber(image, fonts, number);
 }
 
@@ -216,7 +228,7 @@ void addRoomTemperature(imagekit::ImageBuilder& image) {
     number.Align = imagekit::Alignment::Centre;
     number.X = static_cast<std::uint16_t>(well.x() + well.width() / 2);
     number.Y = static_cast<std::uint16_t>(well.y() + (well.height() - height) / 2);
-    image.page(HomePage).add(number, "Room temperature");
+    image.page(HomePage).addToGroup(GaugeGroup, number);
 }
 
 /// A text that the store holds, in every language.
@@ -297,29 +309,17 @@ void addFan(imagekit::ImageBuilder& image, PageId page, const QRect& area, qreal
         "Fan");
 }
 
-/// Digits and a colon on the ground of a well. Gives the index of the first.
-std::uint16_t addTimerDigits(imagekit::ImageBuilder& image) {
-    std::uint16_t first = 0;
-    for (const char glyph : std::string("0123456789:")) {
-        const QRect cell(0, 0, glyph == ':' ? 7 : 12, 22);
-        Canvas canvas(cell.size(), colour::Well);
-        canvas.text(cell, QChar(glyph), style::Value.in(colour::Hot), Qt::AlignCenter);
-        const std::uint16_t index = image.addPicture(imagekit::Pixels{canvas.take().image, format::RGB565});
-        if (glyph == '0') first = index;
-    }
-    return first;
-}
-
 void addBoostTimer(imagekit::ImageBuilder& image) {
-    constexpr int Width = 4 * 12 + 7;
+    const int width = GlyphWidth("0", style::Value) * 4 + GlyphWidth(":", style::Value);
     const QRect well = layout::water::BoostTime;
     image.page(HotWaterPage)
         .add(imagekit::UiTimer{.PresetAddress = words::BoostDuration,
                                .TimerAddress = words::BoostTimeLeft,
                                .ControlAddress = words::BoostControl,
-                               .X = static_cast<std::uint16_t>(well.x() + (well.width() - Width) / 2),
+                               .X = static_cast<std::uint16_t>(well.x() + (well.width() - width) / 2),
                                .Y = static_cast<std::uint16_t>(well.y() + 2),
-                               .FirstImage = addTimerDigits(image),
+                               .FirstImage = AddGlyphPictures(image, TimeGlyphs(),
+                                                              style::Value.in(colour::Hot), colour::Well),
                                .Format = imagekit::TimerFormat::MinutesSeconds,
                                .Background = true,
                                .TargetAddress = words::WaterMode,

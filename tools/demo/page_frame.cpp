@@ -46,11 +46,13 @@ void paintStatus(Canvas& canvas) {
 
 } // namespace
 
-PageCanvas::PageCanvas(Place place) : Canvas(layout::Screen, colour::Ground) {
+PageCanvas::PageCanvas(Place place) : PageCanvas(place, Items[static_cast<std::size_t>(place)].title) {}
+
+PageCanvas::PageCanvas(Place place, const QString& title) : Canvas(layout::Screen, colour::Ground) {
     painter().fillRect(layout::Rail, colour::Rail);
     const int current = static_cast<int>(place);
     for (int i = 0; i < layout::NavigationItems; ++i) paintItem(*this, i, i == current);
-    text(layout::Title, Items[static_cast<std::size_t>(current)].title, style::Title);
+    text(layout::Title, title, style::Title);
     paintStatus(*this);
 }
 

@@ -12,6 +12,8 @@ enum class Place { Home, Heating, HotWater, Energy, Schedule, Settings, Service 
 class PageCanvas : public Canvas {
 public:
     explicit PageCanvas(Place place);
+    /// A page behind that of the place.
+    PageCanvas(Place place, const QString& title);
 };
 
 } // namespace demo

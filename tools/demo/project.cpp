@@ -66,6 +66,8 @@ void setMeasurements(imagekit::ImageBuilder& image) {
     image.setWord(words::WaterPressure, 17);
     image.setWord(words::PowerLevel, 42);
     image.setWord(words::CompressorSpeed, 46);
+    image.setWord(words::CompressorAngle, 225 + 3 * 46);
+    image.setWord(words::PressureAngle, 225 + 9 * 24);
     image.setWord(words::FanSpeed, 610);
     image.setWord(words::HighPressure, 243);
     image.setWord(words::LowPressure, 78);
@@ -109,7 +111,8 @@ void setRunning(imagekit::ImageBuilder& image) {
     image.setWord(words::BoostControl, 1);
 }
 
-void addTexts(imagekit::ImageBuilder& image, const std::vector<PaintedPage>& pages) {
+void addWidgets(imagekit::ImageBuilder& image, const std::vector<PaintedPage>& pages,
+                const EntryFont& nameFont) {
     Texts texts(image);
     NeedLiveTexts(texts);
     for (const PaintedPage& page : pages)
@@ -117,7 +120,7 @@ void addTexts(imagekit::ImageBuilder& image, const std::vector<PaintedPage>& pag
             texts.need(caption.style, caption.words + Chinese(caption.words));
     texts.addFonts();
     AddControls(image, texts, pages);
-    AddInstruments(image);
+    AddInstruments(image, nameFont);
     AddLiveValues(image, texts);
 }
 
@@ -141,7 +144,8 @@ std::vector<PaintedPage> PaintPages() {
             pageOf("keyboard", PaintTextKeyboard(false), format::RGB565),
             pageOf("keyboard-pressed", PaintTextKeyboard(true), format::RGB565),
             pageOf("chinese-keyboard", PaintChineseKeyboard(false), format::RGB565),
-            pageOf("chinese-keyboard-pressed", PaintChineseKeyboard(true), format::RGB565)};
+            pageOf("chinese-keyboard-pressed", PaintChineseKeyboard(true), format::RGB565),
+            pageOf("gauges", PaintGauges(), format::PngOpaque)};
 }
 
 imagekit::ImageBuilder BuildProject(const std::vector<PaintedPage>& pages) {
@@ -153,8 +157,9 @@ imagekit::ImageBuilder BuildProject(const std::vector<PaintedPage>& pages) {
                                   .LangueNum = LanguageIds});
     for (const PaintedPage& page : pages) image.addPage(pictureOf(page));
     image.addSound(Chime());
-    addTexts(image, pages);
-    AddKeyboards(image);
+    const EntryFont nameFont = AddNameFont(image);
+    addWidgets(image, pages, nameFont);
+    AddKeyboards(image, nameFont);
     addScenes(image.page(HomePage));
     addScenes(image.page(AwayPopup));
     setMeasurements(image);

@@ -31,6 +31,7 @@ enum PageId : std::uint16_t {
     TextKeyboardPressedPage,
     ChineseKeyboardPage,
     ChineseKeyboardPressedPage,
+    GaugesPage,
 };
 
 struct PaintedPage {
@@ -39,6 +40,9 @@ struct PaintedPage {
     std::uint8_t format;
     std::vector<Caption> captions;
 };
+
+/// The group of what lies on the gauge of a page.
+inline constexpr std::uint16_t GaugeGroup = 100;
 
 /// The number of the one sound that the image holds, a chime.
 inline constexpr std::uint16_t ChimeSound = 1;

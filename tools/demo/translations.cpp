@@ -43,6 +43,8 @@ const Translation Translations[] = {
     {"Sleep well", "安睡"},
     {"Away", "外出"},
     {"Nobody home", "家中无人"},
+    {"Live gauges", "实时仪表"},
+    {"Supply and return", "供水与回水"},
     // Heating circuit
     {"Plant", "系统"},
     {"Floor heating", "地暖"},

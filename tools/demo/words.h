@@ -34,6 +34,8 @@ enum Word : std::uint16_t {
     ShareHeating, // %
     ShareHotWater,
     ShareStandby,
+    CompressorAngle, // of its gauge, degrees, and so is the next
+    PressureAngle,
     WeekEnergy = 0x0140, // seven words from Monday, tenths of a kWh
 
     // Set by the user.
@@ -64,11 +66,16 @@ enum Word : std::uint16_t {
 
     RoomName = 0x0380, // in GBK, of NameWords
     SupportLink = 0x03A0,
+    Message = 0x03C0, // in GBK
 };
 
 inline constexpr std::uint16_t TextWords = 0x20; // room of a text
 inline constexpr std::uint16_t NameWords = 6;
+inline constexpr std::uint16_t MessageWords = 0x38;
 inline constexpr std::uint16_t PinWords = 4; // of the PIN, two characters each
+
+/// Channels of the trend chart, fed by the host.
+inline constexpr std::uint8_t SupplyChannel = 0, ReturnChannel = 1;
 
 /// Of Motion; any other value stops it.
 enum Direction : std::uint16_t { Still, MovingUp, MovingDown, NeverMoving = 0xFFFF };

@@ -12,6 +12,7 @@ Art PaintEnergy();
 Art PaintSchedule();
 Art PaintSettings();
 Art PaintService();
+Art PaintGauges();
 
 // Pop-ups: smaller than the screen, transparent around the window and its shadow.
 Art PaintAwayPopup();

@@ -62,6 +62,8 @@ void paintComponent(Canvas& canvas, QPointF centre, Icon icon, const QColor& col
 
 void paintCircuit(Canvas& canvas) {
     canvas.card(CircuitCard, "Refrigerant circuit");
+    canvas.icon(Icon::ChevronRight, QRectF(CircuitCard.right() - 35, CircuitCard.y() + 13, 20, 20),
+                colour::Faint, 2.2);
     paintCircuitSide(canvas, circuitHalf(Circuit.left()), colour::Cool);
     paintCircuitSide(canvas, circuitHalf(Circuit.right()), colour::Hot);
     const QPointF centre = QRectF(Circuit).center();

@@ -1,9 +1,12 @@
 // Writes sound images for the fuzz targets to start from: make-seeds FOLDER.
+#include "imagekit/bar_widgets.h"
+#include "imagekit/chart_widgets.h"
 #include "imagekit/clock_widgets.h"
 #include "imagekit/entry_widgets.h"
 #include "imagekit/icon_widgets.h"
 #include "imagekit/image_builder.h"
 #include "imagekit/media_widgets.h"
+#include "imagekit/meter_widgets.h"
 #include "imagekit/touch_controls.h"
 
 #include <QDir>
@@ -146,12 +149,70 @@ ImageBuilder everyTouchWidget(PanelConfig config) {
         page.add(PngNumber{.ValueAddress = 0x70, .X = 20, .Y = 30, .LastImage = 3, .IntegerDigits = 2});
         page.add(ValueIcon{.ValueAddress = 0x70, .X = 20, .Y = 12, .Maximum = 2, .Group = 1});
         page.add(BitIcon{.ValueAddress = 0x71, .X = 24, .Y = 14, .Bit = 1, .ClearImage = 0, .SetImage = 2});
-        page.add(PngClock{.X = 2, .Y = 34, .Format = ClockFormat::DateAndTime});
-        page.addToGroup(1, PngClock{.X = 4, .Y = 4});
-        page.add(AnalogClock{.X = 24, .Y = 24, .Face = 2, .Seconds = {.Ahead = 5, .Behind = 2}, .Cap = 0});
         page.add(PagePreset{1, {{0x70, 2}, {0x7000, target}}});
     }
     image.setPinyin({{"a", QString(20, QChar(0x554A))}});
+    return image;
+}
+
+/// A page with the instruments, which move by themselves.
+ImageBuilder everyInstrument(const PanelConfig& config) {
+    ImageBuilder image(config);
+    for (const std::uint8_t pixelFormat : {0, 2, 6, 7, 10})
+        image.addPicture(Pixels{gradient(14, 14), pixelFormat});
+    const std::uint8_t font = image.addFont(SyntheticFont({.Width = 6, .Height = 8, .Depth = 4}));
+    Page& page = image.addPage(Pixels{gradient(40, 30), 6});
+    page.addToGroup(1, PngClock{.X = 4, .Y = 4});
+    page.add(PngClock{.X = 2, .Y = 34, .Format = ClockFormat::DateAndTime});
+    page.add(AnalogClock{.X = 24, .Y = 24, .Face = 4, .Seconds = {.Ahead = 5, .Behind = 2}, .Cap = 0});
+    for (std::uint8_t kind = 0; kind < 4; ++kind)
+        page.add(NeedleMeter{.ValueAddress = 0x70,
+                             .Dial = 3,
+                             .X = 2,
+                             .Y = 2,
+                             .Width = 14,
+                             .Height = 14,
+                             .CentreX = 9,
+                             .CentreY = 9,
+                             .Step = 20,
+                             .Smooth = kind == 1,
+                             .DigitsAddress = 0x71,
+                             .FirstDigit = 0,
+                             .Kind = static_cast<Needle>(kind + kind / 2),
+                             .Length = 6,
+                             .FirstNeedle = 0});
+    for (std::uint16_t picture = 0; picture < 5; ++picture)
+        page.add(RingGauge{.ValueAddress = 0x71,
+                           .X = 20,
+                           .Y = 2,
+                           .Foreground = picture,
+                           .ReadoutX = 22,
+                           .ReadoutY = 4,
+                           .Font = font,
+                           .FirstDigit = 0,
+                           .Readout = static_cast<RingReadout>(picture % 3),
+                           .Group = 1});
+    page.add(ImageBar{.ValueAddress = 0x70, .BarX = 4, .BarY = 20, .BarImage = 4, .BackImage = 1});
+    page.add(imagekit::QrCode{.TextAddress = 0x100, .TextWords = 8, .X = 10, .Y = 10, .SizeUnits = 1});
+    page.add(Textroll{.TextAddress = 0x100,
+                      .X1 = 4,
+                      .Y1 = 20,
+                      .X2 = 30,
+                      .Y2 = 32,
+                      .TextWords = 8,
+                      .Font = font,
+                      .GlyphWidth = 6,
+                      .GlyphHeight = 8,
+                      .Speed = 0,
+                      .Gap = 5});
+    for (std::uint8_t channel = 0; channel < 3; ++channel)
+        page.add(Curve{
+            .X1 = 2, .Y1 = 2, .X2 = 40, .Y2 = 30, .BaseOffset = 20, .Channel = channel, .Thickness = 2});
+    page.add(
+        AutoStep{.TargetAddress = 0x70, .ControlAddress = 0x72, .CycleValue = 0, .Step = 7, .Period = 2});
+    page.add(AutoStep{
+        .TargetAddress = 0x71, .ControlAddress = 0x73, .RunValue = 0, .EndValue = 1, .Notify = true});
+    image.setBytes(0x100, Bytes(16, 'q'));
     return image;
 }
 
@@ -170,6 +231,7 @@ int main(int argc, char** argv) {
     }
     const QDir folder(argv[1]);
     bool written = writeSeed(folder, "touch", everyTouchWidget({.Width = 48, .Height = 40, .LangueNum = 2}));
+    written &= writeSeed(folder, "instruments", everyInstrument({.Width = 48, .Height = 40}));
     for (const std::uint8_t chip : {1, 4, 5})
         for (const std::uint8_t mode : {0, 1})
             for (const bool nand : {false, true})

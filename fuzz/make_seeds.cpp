@@ -109,6 +109,7 @@ ImageBuilder everyTouchWidget(PanelConfig config) {
                         .BackY = 20,
                         .BackImage = 0,
                         .OverlayGroup = 1});
+        page.add(SlidePage{.Notify = true, .NextPage = target, .PreviousPage = 0, .BandBottom = 40});
         page.add(RollerPicker{.Notify = true,
                               .Address = 0x7004,
                               .Window = {30, 10, 39, 39},

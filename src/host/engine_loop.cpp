@@ -8,6 +8,7 @@
 #include "host/media_requests.h"
 #include "pages/page_switch.h"
 #include "pages/refresh.h"
+#include "pages/slide_page.h"
 #include "store/backlight.h"
 #include "store/clock.h"
 #include "store/pending_writes.h"
@@ -149,7 +150,7 @@ constexpr CycleStep CycleSteps[] = {
     {"AutoStepTick", step<AutoStepTick>},
     {"NeedleMeterTick", step<NeedleMeterTick>},
     {"GestureTick", nullptr},
-    {"SlidePageTick", nullptr},
+    {"SlidePageTick", SlidePageTick},
     {"SlideListDrag, SlideListCoast", nullptr},
     {"TouchPageKeys", step<TouchPageKeys>},
     {"TouchStepKeys", step<TouchStepKeys>},

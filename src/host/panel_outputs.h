@@ -13,6 +13,9 @@ public:
     /// A finished frame. The engine paints on in its own surface, so keep a copy (a shared one will do).
     virtual void showFrame(const QImage& frame) = 0;
 
+    /// Waits while the engine shows frames without its cycle going on. False: the engine is to stop.
+    virtual bool pause(int /*microseconds*/) { return true; }
+
     // What to play stands in the variables of widgets/display/media.h.
     virtual void playSound() = 0;
     virtual void playVideo() = 0;

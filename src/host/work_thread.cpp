@@ -55,6 +55,11 @@ void WorkThread::showFrame(const QImage& frame) {
     if (!announced) emit Update_to_MainWindow(frame);
 }
 
+bool WorkThread::pause(int microseconds) {
+    usleep(static_cast<unsigned long>(microseconds));
+    return !isInterruptionRequested();
+}
+
 void WorkThread::playWav() { emit Play_Wav_Signals(); }
 
 void WorkThread::playVideo() {

@@ -50,6 +50,7 @@ private:
     void runPanel();
 
     void showFrame(const QImage& frame) override;
+    bool pause(int microseconds) override;
     void playSound() override { playWav(); }
     void setPlayerVolume(int volume) override;
     void stopMusic() override;

@@ -39,6 +39,7 @@ struct DisplayKind {
     std::size_t blockAt = FirstParameter; // record offset that the first byte of the block stands for
     bool inGroups = false;                // lives in group streams too
     bool onTop = false;                   // drawn a second time, over the rest of the page
+    bool onNeighbours = false;            // shown on the pages beside a sliding one
     bool background = false; // the page's background widget, before all others and never in the plain pass
 
     Refresh refresh = Refresh::None;

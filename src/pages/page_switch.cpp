@@ -8,6 +8,7 @@
 #include "pages/display_kinds.h"
 #include "pages/display_page.h"
 #include "pages/page_presets.h"
+#include "pages/slide_page.h"
 #include "store/clock.h"
 #include "store/system_words.h"
 #include "store/variable_store.h"
@@ -23,16 +24,6 @@ namespace {
 void takePage(std::uint16_t page) {
     StoreWord(word::Page, page);
     CurrentPage = page;
-    PageImage = PageImageRow(page);
-}
-
-/// What a page and a pop-up both forget of the page before.
-void forgetWidgets() {
-    ResetTouchFamilies();
-    ForgetDisplayKinds();
-    ForgetPress();
-    MergeUiTimers();
-    BaseInUse = 0;
 }
 
 void stopPageMusic() {
@@ -46,12 +37,6 @@ void closePageMedia() {
     if (CameraRequest == 0) CameraCloseRequest = 1;
     if (CameraOnPage.exchange(0) == 1) CameraResetPending = 1;
     VideoOnPage = 0;
-}
-
-void drawPageImage() {
-    DrawImage(FrameSurface, {0, 0}, PageImage, Backdrop::Page);
-    PageBackground = FrameSurface.copy();
-    TextSurface = PageBackground;
 }
 
 /// A pop-up without a picture of its own shows what lies under it.
@@ -73,27 +58,45 @@ void showWidgets(std::uint16_t page) {
 
 } // namespace
 
+void ForgetWidgets() {
+    ResetTouchFamilies();
+    ForgetDisplayKinds();
+    MergeUiTimers();
+    BaseInUse = 0;
+}
+
+void DrawPagePicture(std::uint16_t page) {
+    PageImage = PageImageRow(page);
+    DrawImage(FrameSurface, {0, 0}, PageImage, Backdrop::Page);
+    PageBackground = FrameSurface.copy();
+    TextSurface = PageBackground;
+}
+
 void ShowPage(std::uint16_t page) {
     if (page < Sections.PageCount) ShowPageUnchecked(page);
 }
 
 void ShowPageUnchecked(std::uint16_t page) {
     takePage(page);
-    forgetWidgets();
+    ForgetWidgets();
+    ForgetPress();
+    ForgetSlidePage();
     PopupActive = 0;
     EncoderState = 0;
     stopPageMusic();
     closePageMedia();
     CopyClockToWords();
-    drawPageImage();
+    DrawPagePicture(page);
     showWidgets(page);
 }
 
 void OpenPopup(std::uint16_t page, std::uint16_t x, std::uint16_t y) {
     if (page >= Sections.PageCount) return;
     takePage(page);
+    PageImage = PageImageRow(page);
     drawPopupImage({x, y});
-    forgetWidgets();
+    ForgetWidgets();
+    ForgetPress();
     ReadClockWords();
     CopyClockToWords();
     showWidgets(page);

@@ -20,4 +20,11 @@ void ShowPageUnchecked(std::uint16_t page);
 /// state.
 void OpenPopup(std::uint16_t page, std::uint16_t x, std::uint16_t y);
 
+// Steps of a page change that a page beside the one on show takes as well.
+
+/// Tables and press memories of all widgets go; running timers move to the background.
+void ForgetWidgets();
+/// Takes the page's picture and draws it as the background.
+void DrawPagePicture(std::uint16_t page);
+
 } // namespace panel

@@ -24,6 +24,13 @@ TouchRecord Encode(const RollerPicker& picker) {
     return {.Family = 0x8006, .Notify = picker.Notify, .Body = body.take()};
 }
 
+TouchRecord Encode(const SlidePage& slide) {
+    ByteWriter body;
+    body.zeros(8).u16(slide.NextPage).u16(slide.NextCode).u16(slide.PreviousPage).u16(slide.PreviousCode);
+    body.u16(slide.BandTop).u16(slide.BandBottom);
+    return {.Family = 0x800C, .Notify = slide.Notify, .Body = body.take()};
+}
+
 WidgetDescription Describe(const Slider& slider) {
     return {.Name = "slider", .Address = slider.Address, .Table = WidgetTable::Touch};
 }

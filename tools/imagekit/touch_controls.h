@@ -39,8 +39,17 @@ struct RollerPicker {
     std::uint16_t Lowest = 0, Highest = 0, Step = 1;
 };
 
+/// Makes the page slide sideways between two others.
+struct SlidePage {
+    bool Notify = false;
+    std::uint16_t NextPage = None, NextCode = 0; // the page to the right; the code is sent on arrival
+    std::uint16_t PreviousPage = None, PreviousCode = 0;
+    std::uint16_t BandTop = 0, BandBottom = 0; // rows that slide, the end not included
+};
+
 TouchRecord Encode(const Slider& slider);
 TouchRecord Encode(const RollerPicker& picker);
+TouchRecord Encode(const SlidePage& slide);
 
 WidgetDescription Describe(const Slider& slider);
 

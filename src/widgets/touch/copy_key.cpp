@@ -21,7 +21,6 @@ constexpr std::size_t WordCount = 23;
 constexpr std::size_t OverlayGroup = 24;
 } // namespace field
 
-std::uint8_t CopyKeyActive = 0;
 std::uint8_t CopyKeyActiveRow = 0;
 
 /// Word by word upwards, so that a run that overlaps towards higher addresses repeats its first words. A run

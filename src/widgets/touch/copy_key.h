@@ -18,6 +18,7 @@ struct CopyKeyRow {
     std::uint8_t WordCount = 0;
 };
 inline RowTable<CopyKeyRow, 20> CopyKeys;
+inline std::uint8_t CopyKeyActive = 0; // 1 while a key owns the press
 
 void ResetCopyKeys();
 void AddCopyKey(const Parameters& p);

@@ -14,7 +14,6 @@ constexpr std::size_t TargetPage = 17;
 constexpr std::size_t OverlayGroup = 19;
 } // namespace field
 
-std::uint8_t PageKeyActive = 0;
 std::uint8_t PageKeyActiveRow = 0;
 
 void changePage(const PageKeyRow& row) {

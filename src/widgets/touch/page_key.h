@@ -15,6 +15,7 @@ struct PageKeyRow {
     std::uint16_t TargetPage = NoPage; // none: the key only notifies
 };
 inline RowTable<PageKeyRow, 128> PageKeys;
+inline std::uint8_t PageKeyActive = 0; // 1 while a key owns the press
 
 void ResetPageKeys();
 void AddPageKey(const Parameters& p);

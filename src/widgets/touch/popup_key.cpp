@@ -22,7 +22,6 @@ constexpr std::size_t Flags = 23;
 constexpr std::uint8_t DimBehindFlag = 0x01;
 constexpr std::uint8_t CleanOldFlag = 0x02;
 
-std::uint8_t PopupKeyActive = 0;
 std::uint8_t PopupKeyActiveRow = 0;
 
 bool dimsBehind(const PopupKeyRow& row) { return (row.Flags & DimBehindFlag) != 0; }

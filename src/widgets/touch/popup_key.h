@@ -17,6 +17,7 @@ struct PopupKeyRow {
     std::uint8_t Flags = 0;
 };
 inline RowTable<PopupKeyRow, 64> PopupKeys;
+inline std::uint8_t PopupKeyActive = 0; // 1 while a key owns the press
 
 void ResetPopupKeys();
 void AddPopupKey(const Parameters& p);

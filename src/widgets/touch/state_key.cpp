@@ -20,7 +20,6 @@ constexpr std::size_t OverlayGroup = 21;
 constexpr std::uint16_t NoVariable = 0xFFFF;
 constexpr std::uint16_t NoPreset = 0xFFFF;
 
-std::uint8_t StateKeyActive = 0;
 std::uint8_t StateKeyActiveRow = 0;
 
 bool hasVariable(const StateKeyRow& row) { return row.Address != NoVariable; }

@@ -18,6 +18,7 @@ struct StateKeyRow {
     std::uint16_t OverlayGroup = NoGroup;
 };
 inline RowTable<StateKeyRow, 20> StateKeys;
+inline std::uint8_t StateKeyActive = 0; // 1 while a key owns the press
 
 void ResetStateKeys();
 void AddStateKey(const Parameters& p);

@@ -2,6 +2,7 @@
 
 #include "pages/page_table.h"
 #include "pages/parameters.h"
+#include "pages/slide_page.h"
 #include "pages/stream_walker.h"
 #include "widgets/touch/copy_key.h"
 #include "widgets/touch/keyboard.h"
@@ -27,35 +28,110 @@ struct TouchFamily {
     const char* name;
     void (*reset)() = nullptr;                  // forgets the family's rows and its press
     void (*build)(const Parameters&) = nullptr; // appends a row for a record; null: takes none
+    std::uint8_t* active = nullptr;             // not 0 while a widget of the family owns the press
+    bool onNeighbours = false;                  // shows its first image on the pages beside a sliding one
 };
 
 constexpr TouchFamily Families[] = {
     {.code = 0x8000, .name = "SwipeGesture"},
-    {.code = 0x8001, .name = "PageKey", .reset = ResetPageKeys, .build = AddPageKey},
-    {.code = 0x8002, .name = "NumberEntry", .reset = ResetNumberEntries, .build = AddNumberEntry},
-    {.code = 0x8003, .name = "StepKey", .reset = ResetStepKeys, .build = AddStepKey},
-    {.code = 0x8004, .name = "slider", .reset = ResetSliders, .build = AddSlider},
-    {.code = 0x8005, .name = "KeyboardKey", .reset = ResetKeyboard, .build = AddKeyboardKey},
-    {.code = 0x8006, .name = "RollerPicker", .reset = ResetRollers, .build = AddRoller},
-    {.code = 0x8007, .name = "rtouch"},
-    {.code = 0x8008, .name = "PopupKey", .reset = ResetPopupKeys, .build = AddPopupKey},
-    {.code = 0x8009, .name = "TextEntry", .reset = ResetTextEntries, .build = AddTextEntry},
-    {.code = 0x800A, .name = "PinyinEntry", .reset = ResetPinyinEntries, .build = AddPinyinEntry},
-    {.code = 0x800B, .name = "MultiKey", .reset = ResetMultiKeys, .build = AddMultiKey},
-    {.code = 0x800C, .name = "SlidePage"},
-    {.code = 0x800D, .name = "StateKey", .reset = ResetStateKeys, .build = AddStateKey},
-    {.code = 0x800E, .name = "CopyKey", .reset = ResetCopyKeys, .build = AddCopyKey},
+    {.code = 0x8001,
+     .name = "PageKey",
+     .reset = ResetPageKeys,
+     .build = AddPageKey,
+     .active = &PageKeyActive,
+     .onNeighbours = true},
+    {.code = 0x8002,
+     .name = "NumberEntry",
+     .reset = ResetNumberEntries,
+     .build = AddNumberEntry,
+     .active = &NumberActive},
+    {.code = 0x8003,
+     .name = "StepKey",
+     .reset = ResetStepKeys,
+     .build = AddStepKey,
+     .active = &StepActive,
+     .onNeighbours = true},
+    {.code = 0x8004,
+     .name = "slider",
+     .reset = ResetSliders,
+     .build = AddSlider,
+     .active = &SliderActive,
+     .onNeighbours = true},
+    {.code = 0x8005,
+     .name = "KeyboardKey",
+     .reset = ResetKeyboard,
+     .build = AddKeyboardKey,
+     .active = &KeyActive},
+    {.code = 0x8006,
+     .name = "RollerPicker",
+     .reset = ResetRollers,
+     .build = AddRoller,
+     .active = &RollerActive,
+     .onNeighbours = true},
+    {.code = 0x8007, .name = "rtouch", .onNeighbours = true},
+    {.code = 0x8008,
+     .name = "PopupKey",
+     .reset = ResetPopupKeys,
+     .build = AddPopupKey,
+     .active = &PopupKeyActive,
+     .onNeighbours = true},
+    {.code = 0x8009,
+     .name = "TextEntry",
+     .reset = ResetTextEntries,
+     .build = AddTextEntry,
+     .active = &TextActive},
+    {.code = 0x800A,
+     .name = "PinyinEntry",
+     .reset = ResetPinyinEntries,
+     .build = AddPinyinEntry,
+     .active = &PinyinActive},
+    {.code = 0x800B,
+     .name = "MultiKey",
+     .reset = ResetMultiKeys,
+     .build = AddMultiKey,
+     .active = &MultiKeyActive,
+     .onNeighbours = true},
+    {.code = SlidePageFamily, .name = "SlidePage"}, // set up before all others
+    {.code = 0x800D,
+     .name = "StateKey",
+     .reset = ResetStateKeys,
+     .build = AddStateKey,
+     .active = &StateKeyActive},
+    {.code = 0x800E,
+     .name = "CopyKey",
+     .reset = ResetCopyKeys,
+     .build = AddCopyKey,
+     .active = &CopyKeyActive},
     {.code = 0x800F, .name = "SlidingList"},
 };
 static_assert(std::ranges::adjacent_find(Families, std::ranges::greater_equal{}, &TouchFamily::code)
               == std::end(Families));
 
-const TouchFamily* findFamily(std::uint16_t typeWord) {
-    const auto* found = std::ranges::find(Families, typeWord & FamilyMask, &TouchFamily::code);
+const TouchFamily* findFamily(int code) {
+    const auto* found = std::ranges::find(Families, code, &TouchFamily::code);
     return found == std::end(Families) ? nullptr : found;
 }
 
+Parameters fieldsOf(const StreamRecord& record) { return Parameters(record.bytes, WithoutBlock); }
+
+/// The pages beside the one being built are drawn first; they use the buffers of this one, which is loaded
+/// anew.
+void prepareSlide(std::uint16_t page) {
+    StreamWalker walker(TouchStream.bytes(), Framing::Touch);
+    while (const auto record = walker.next()) {
+        if ((record->typeWord & ~NotifyFlag) != SlidePageFamily) continue;
+        PrepareSlidePage(page, fieldsOf(*record));
+        TouchStream.load(TouchStreamPlace(page));
+        return;
+    }
+}
+
 } // namespace
+
+void LetGoOfTouchFamilies() {
+    for (const TouchFamily& family : Families)
+        if (family.active) *family.active = 0;
+}
 
 void ResetTouchFamilies() {
     for (const TouchFamily& family : Families)
@@ -64,14 +140,26 @@ void ResetTouchFamilies() {
 
 void BuildTouchTables(std::uint16_t page) {
     const StreamPlace place = TouchStreamPlace(page);
+    if (place.valid()) {
+        ResetTouchFamilies();
+        TouchStream.load(place);
+        prepareSlide(page);
+    }
     GroupStream.load(GroupStreamPlace(page));
     if (!place.valid()) return;
-    ResetTouchFamilies();
-    TouchStream.load(place);
     StreamWalker walker(TouchStream.bytes(), Framing::Touch);
     while (const auto record = walker.next()) {
-        const TouchFamily* family = findFamily(record->typeWord);
-        if (family && family->build) family->build(Parameters(record->bytes, WithoutBlock));
+        const TouchFamily* family = findFamily(record->typeWord & FamilyMask);
+        if (family && family->build) family->build(fieldsOf(*record));
+    }
+}
+
+void ShowTouchFamiliesOfNeighbour(std::uint16_t page) {
+    TouchStream.load(TouchStreamPlace(page));
+    StreamWalker walker(TouchStream.bytes(), Framing::Touch);
+    while (const auto record = walker.next()) {
+        const TouchFamily* family = findFamily(record->typeWord & ~NotifyFlag); // none of those on a list
+        if (family && family->onNeighbours && family->build) family->build(fieldsOf(*record));
     }
 }
 

@@ -7,9 +7,15 @@ namespace panel {
 
 /// Forgets the rows and the active row of every family.
 void ResetTouchFamilies();
+/// No family owns the press any more; the rows stay.
+void LetGoOfTouchFamilies();
 
 /// Loads the touch and group streams of a page and fills the tables of the families from it. A page without a
 /// touch stream only gets its group stream.
 void BuildTouchTables(std::uint16_t page);
+
+/// Draws the first images of the widgets of a page beside the one on show. Leaves rows and stream of that
+/// page behind.
+void ShowTouchFamiliesOfNeighbour(std::uint16_t page);
 
 } // namespace panel

@@ -109,6 +109,12 @@ ImageBuilder everyTouchWidget(PanelConfig config) {
                         .BackY = 20,
                         .BackImage = 0,
                         .OverlayGroup = 1});
+        page.add(SlidingList{.Window = {4, 4, 30, 30},
+                              .ListPage = target,
+                              .Mode = static_cast<ListMode>(target % 2 ? 0x80 : 0),
+                              .BarAtRest = 0,
+                              .BarMoving = 1});
+        page.add(SwipeGesture{.Notify = true, .Left = {target, 1}});
         page.add(SlidePage{.Notify = true, .NextPage = target, .PreviousPage = 0, .BandBottom = 40});
         page.add(RollerPicker{.Notify = true,
                               .Address = 0x7004,

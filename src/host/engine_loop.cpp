@@ -32,8 +32,10 @@
 #include "widgets/touch/popup_key.h"
 #include "widgets/touch/roller_picker.h"
 #include "widgets/touch/slider.h"
+#include "widgets/touch/sliding_list.h"
 #include "widgets/touch/state_key.h"
 #include "widgets/touch/step_key.h"
+#include "widgets/touch/swipe_gesture.h"
 #include "widgets/touch/text_entry.h"
 
 #include <QColor>
@@ -149,9 +151,10 @@ constexpr CycleStep CycleSteps[] = {
     {"CurveTick", step<CurveTick>},
     {"AutoStepTick", step<AutoStepTick>},
     {"NeedleMeterTick", step<NeedleMeterTick>},
-    {"GestureTick", nullptr},
+    {"GestureTick", step<GestureTick>},
     {"SlidePageTick", SlidePageTick},
-    {"SlideListDrag, SlideListCoast", nullptr},
+    {"SlideListDrag", step<SlideListDrag>},
+    {"SlideListCoast", step<SlideListCoast>},
     {"TouchPageKeys", step<TouchPageKeys>},
     {"TouchStepKeys", step<TouchStepKeys>},
     {"TouchMultiKeys", step<TouchMultiKeys>},
@@ -164,7 +167,7 @@ constexpr CycleStep CycleSteps[] = {
     {"TouchNumberEntry", step<TouchNumberEntry>},
     {"TouchTextEntry", step<TouchTextEntry>},
     {"TouchPinyinEntry", step<TouchPinyinEntry>},
-    {"SlideListRefresh", nullptr},
+    {"SlideListRefresh", step<SlideListRefresh>},
     {"EncoderTick", nullptr},
     {"volume", passVolume},
     {"text cursor", step<BlinkCursor>},

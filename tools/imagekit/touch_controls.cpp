@@ -31,6 +31,21 @@ TouchRecord Encode(const SlidePage& slide) {
     return {.Family = 0x800C, .Notify = slide.Notify, .Body = body.take()};
 }
 
+TouchRecord Encode(const SlidingList& list) {
+    ByteWriter body;
+    body.u16(0).u16(list.Window.X0).u16(list.Window.Y0).u16(list.Window.X1).u16(list.Window.Y1).u8(0);
+    body.u16(list.ListPage).u8(static_cast<std::uint8_t>(list.Mode)).zeros(5);
+    body.u16(list.BarAtRest).u16(list.BarMoving).u16(list.BarMargin).u16(list.BarOffset);
+    return {.Family = 0x800F, .Body = body.take()};
+}
+
+TouchRecord Encode(const SwipeGesture& gesture) {
+    ByteWriter body;
+    for (const SwipeTarget& target : {gesture.Up, gesture.Down, gesture.Left, gesture.Right})
+        body.u16(target.Page).u16(target.Code);
+    return {.Family = 0x8000, .Notify = gesture.Notify, .Body = body.take()};
+}
+
 WidgetDescription Describe(const Slider& slider) {
     return {.Name = "slider", .Address = slider.Address, .Table = WidgetTable::Touch};
 }

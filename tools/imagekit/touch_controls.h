@@ -47,9 +47,38 @@ struct SlidePage {
     std::uint16_t BandTop = 0, BandBottom = 0; // rows that slide, the end not included
 };
 
+/// The way in which a list slides, and whether its start follows its end.
+enum class ListMode : std::uint8_t {
+    Vertical = 0,
+    Horizontal = 1,
+    EndlessVertical = 0x80,
+    EndlessHorizontal = 0x81
+};
+
+/// A window on a larger picture, which is that of another page, and a finger drags. Widgets with InList lie
+/// on the picture.
+struct SlidingList {
+    Area Window{};
+    std::uint16_t ListPage = None;
+    ListMode Mode = ListMode::Vertical;
+    std::uint16_t BarAtRest = None, BarMoving = None; // pictures; without one there is no bar
+    std::uint16_t BarMargin = 0, BarOffset = 0;       // px
+};
+
+struct SwipeTarget {
+    std::uint16_t Page = None, Code = 0; // the code is sent before the page changes
+};
+/// A flick across the panel changes the page.
+struct SwipeGesture {
+    bool Notify = false;
+    SwipeTarget Up{}, Down{}, Left{}, Right{};
+};
+
 TouchRecord Encode(const Slider& slider);
 TouchRecord Encode(const RollerPicker& picker);
 TouchRecord Encode(const SlidePage& slide);
+TouchRecord Encode(const SlidingList& list);
+TouchRecord Encode(const SwipeGesture& gesture);
 
 WidgetDescription Describe(const Slider& slider);
 

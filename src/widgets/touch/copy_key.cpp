@@ -55,6 +55,8 @@ constexpr KeyFamily<CopyKeyRow, CopyKeys.Capacity> Family{.rows = CopyKeys,
 
 } // namespace
 
+void ShowCopyKeyAtRest() { WithPressedRow<CopyKeyRow>(Family, ShowRowAtRest); }
+
 void ResetCopyKeys() { ResetKeys(Family); }
 
 void AddCopyKey(const Parameters& p) {

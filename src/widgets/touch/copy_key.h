@@ -20,6 +20,8 @@ struct CopyKeyRow {
 inline RowTable<CopyKeyRow, 20> CopyKeys;
 inline std::uint8_t CopyKeyActive = 0; // 1 while a key owns the press
 
+/// The key that owns the press looks as if it did not.
+void ShowCopyKeyAtRest();
 void ResetCopyKeys();
 void AddCopyKey(const Parameters& p);
 void TouchCopyKeys();

@@ -101,6 +101,13 @@ bool OwnsPress(const KeyFamily<Row, N>& family, const Row& row) {
     return family.active && &row == family.rows.at(family.activeRow);
 }
 
+/// Calls a routine with the row that owns the press, if there is one.
+template <class Row, std::size_t N>
+void WithPressedRow(const KeyFamily<Row, N>& family, void (*use)(const Row&)) {
+    const Row* row = family.active ? family.rows.at(family.activeRow) : nullptr;
+    if (row) use(*row);
+}
+
 /// Forgets the rows and the press that the family follows.
 template <class Row, std::size_t N>
 void ResetKeys(const KeyFamily<Row, N>& family) {

@@ -52,6 +52,11 @@ template <class Row>
 void ShowRowPressed(const Row& row) {
     ShowPressed(row.head, row.Looks);
 }
+/// A pressed row at rest again; one without a press look never looked otherwise.
+template <class Row>
+void ShowRowAtRest(const Row& row) {
+    if (row.Looks.PressImage != NoImage) ShowNormal(row.head, row.Looks);
+}
 template <class Row>
 void NotifyByCode(const Row& row) {
     if (row.head.notifies()) SendActionCode(row.NotifyCode);

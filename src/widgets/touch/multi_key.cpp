@@ -134,6 +134,15 @@ bool looksPressed(const MultiKeyRecord& key) {
 
 } // namespace
 
+void ShowMultiKeyAtRest() {
+    const MultiKeyRecord* key = MultiKeyActive ? MultiKeys.at(MultiKeyRow) : nullptr;
+    if (key) ShowRowAtRest(*key);
+}
+
+void DropMultiKeyPress() {
+    if (LongState == LongPressState::Timing) LongState = LongPressState::Idle;
+}
+
 void ResetMultiKeys() {
     MultiKeys.clear();
     MultiKeyActive = 0;

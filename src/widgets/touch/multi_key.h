@@ -43,6 +43,10 @@ inline Shared<LongPressState> LongState{LongPressState::Idle};
 /// Counts while either of the two waits. The tick counts, the engine clears.
 inline Shared<std::uint16_t> MultiKeyTicks{0};
 
+/// The key that owns the press looks as if it did not.
+void ShowMultiKeyAtRest();
+/// The press does not become a long one.
+void DropMultiKeyPress();
 /// Forgets the rows. A long press that has fired still holds the press until it is let go.
 void ResetMultiKeys();
 void AddMultiKey(const Parameters& p);

@@ -35,6 +35,8 @@ constexpr KeyFamily<PageKeyRow, PageKeys.Capacity> Family{.rows = PageKeys,
 
 } // namespace
 
+void ShowPageKeyAtRest() { WithPressedRow<PageKeyRow>(Family, ShowRowAtRest); }
+
 void ResetPageKeys() { ResetKeys(Family); }
 
 void AddPageKey(const Parameters& p) {

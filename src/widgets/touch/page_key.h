@@ -17,6 +17,8 @@ struct PageKeyRow {
 inline RowTable<PageKeyRow, 128> PageKeys;
 inline std::uint8_t PageKeyActive = 0; // 1 while a key owns the press
 
+/// The key that owns the press looks as if it did not.
+void ShowPageKeyAtRest();
 void ResetPageKeys();
 void AddPageKey(const Parameters& p);
 void TouchPageKeys();

@@ -78,6 +78,8 @@ void pressByVirtualKey(const PopupKeyRow& row) {
 
 } // namespace
 
+void ShowPopupKeyAtRest() { WithPressedRow<PopupKeyRow>(Family, ShowRowAtRest); }
+
 void ResetPopupKeys() { ResetKeys(Family); }
 
 void AddPopupKey(const Parameters& p) {

@@ -19,6 +19,8 @@ struct PopupKeyRow {
 inline RowTable<PopupKeyRow, 64> PopupKeys;
 inline std::uint8_t PopupKeyActive = 0; // 1 while a key owns the press
 
+/// The key that owns the press looks as if it did not.
+void ShowPopupKeyAtRest();
 void ResetPopupKeys();
 void AddPopupKey(const Parameters& p);
 void TouchPopupKeys();

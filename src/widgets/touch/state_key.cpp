@@ -34,6 +34,7 @@ KeyLooks currentLooks(const StateKeyRow& row) {
             .OverlayGroup = row.OverlayGroup};
 }
 
+void showAtRest(const StateKeyRow& row) { ShowNormal(row.head, currentLooks(row)); }
 void showPressed(const StateKeyRow& row) { ShowPressed(row.head, currentLooks(row)); }
 
 /// Tells the host, and starts the preset of the value. The key itself never writes its variable.
@@ -60,6 +61,8 @@ constexpr KeyFamily<StateKeyRow, StateKeys.Capacity> Family{.rows = StateKeys,
                                                             .takesPress = hasVariable};
 
 } // namespace
+
+void ShowStateKeyAtRest() { WithPressedRow<StateKeyRow>(Family, showAtRest); }
 
 void ResetStateKeys() { ResetKeys(Family); }
 

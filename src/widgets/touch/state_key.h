@@ -20,6 +20,8 @@ struct StateKeyRow {
 inline RowTable<StateKeyRow, 20> StateKeys;
 inline std::uint8_t StateKeyActive = 0; // 1 while a key owns the press
 
+/// The key that owns the press looks as if it did not.
+void ShowStateKeyAtRest();
 void ResetStateKeys();
 void AddStateKey(const Parameters& p);
 void TouchStateKeys();

@@ -162,6 +162,8 @@ void repeatStep() {
 
 } // namespace
 
+void ShowStepKeyAtRest() { WithPressedRow<StepKeyRow>(Family, ShowRowAtRest); }
+
 void ResetStepKeys() {
     ResetKeys(Family);
     stopRepeat();

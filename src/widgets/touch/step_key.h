@@ -31,6 +31,8 @@ inline Shared<Repeat> RepeatState{Repeat::None};
 /// Ticks since the press or the last repeat. The tick counts, the engine clears.
 inline Shared<std::uint8_t> RepeatTicks{0};
 
+/// The key that owns the press looks as if it did not.
+void ShowStepKeyAtRest();
 void ResetStepKeys();
 void AddStepKey(const Parameters& p);
 void TouchStepKeys();

@@ -13,8 +13,10 @@
 #include "widgets/touch/popup_key.h"
 #include "widgets/touch/roller_picker.h"
 #include "widgets/touch/slider.h"
+#include "widgets/touch/sliding_list.h"
 #include "widgets/touch/state_key.h"
 #include "widgets/touch/step_key.h"
+#include "widgets/touch/swipe_gesture.h"
 #include "widgets/touch/text_entry.h"
 #include "widgets/touch/touch_row.h"
 
@@ -29,16 +31,19 @@ struct TouchFamily {
     void (*reset)() = nullptr;                  // forgets the family's rows and its press
     void (*build)(const Parameters&) = nullptr; // appends a row for a record; null: takes none
     std::uint8_t* active = nullptr;             // not 0 while a widget of the family owns the press
+    void (*drop)() = nullptr;                   // gives up the press, where clearing `active` is not all
+    void (*showAtRest)() = nullptr;             // draws the widget that owns the press without it
     bool onNeighbours = false;                  // shows its first image on the pages beside a sliding one
 };
 
 constexpr TouchFamily Families[] = {
-    {.code = 0x8000, .name = "SwipeGesture"},
+    {.code = 0x8000, .name = "SwipeGesture", .reset = ResetSwipeGesture, .build = AddSwipeGesture},
     {.code = 0x8001,
      .name = "PageKey",
      .reset = ResetPageKeys,
      .build = AddPageKey,
      .active = &PageKeyActive,
+     .showAtRest = ShowPageKeyAtRest,
      .onNeighbours = true},
     {.code = 0x8002,
      .name = "NumberEntry",
@@ -50,6 +55,7 @@ constexpr TouchFamily Families[] = {
      .reset = ResetStepKeys,
      .build = AddStepKey,
      .active = &StepActive,
+     .showAtRest = ShowStepKeyAtRest,
      .onNeighbours = true},
     {.code = 0x8004,
      .name = "slider",
@@ -74,6 +80,7 @@ constexpr TouchFamily Families[] = {
      .reset = ResetPopupKeys,
      .build = AddPopupKey,
      .active = &PopupKeyActive,
+     .showAtRest = ShowPopupKeyAtRest,
      .onNeighbours = true},
     {.code = 0x8009,
      .name = "TextEntry",
@@ -90,19 +97,23 @@ constexpr TouchFamily Families[] = {
      .reset = ResetMultiKeys,
      .build = AddMultiKey,
      .active = &MultiKeyActive,
+     .drop = DropMultiKeyPress,
+     .showAtRest = ShowMultiKeyAtRest,
      .onNeighbours = true},
     {.code = SlidePageFamily, .name = "SlidePage"}, // set up before all others
     {.code = 0x800D,
      .name = "StateKey",
      .reset = ResetStateKeys,
      .build = AddStateKey,
-     .active = &StateKeyActive},
+     .active = &StateKeyActive,
+     .showAtRest = ShowStateKeyAtRest},
     {.code = 0x800E,
      .name = "CopyKey",
      .reset = ResetCopyKeys,
      .build = AddCopyKey,
-     .active = &CopyKeyActive},
-    {.code = 0x800F, .name = "SlidingList"},
+     .active = &CopyKeyActive,
+     .showAtRest = ShowCopyKeyAtRest},
+    {.code = 0x800F, .name = "SlidingList", .reset = ResetSlidingList, .build = AddSlidingList},
 };
 static_assert(std::ranges::adjacent_find(Families, std::ranges::greater_equal{}, &TouchFamily::code)
               == std::end(Families));
@@ -129,8 +140,15 @@ void prepareSlide(std::uint16_t page) {
 } // namespace
 
 void LetGoOfTouchFamilies() {
-    for (const TouchFamily& family : Families)
+    for (const TouchFamily& family : Families) {
+        if (family.drop) family.drop();
         if (family.active) *family.active = 0;
+    }
+}
+
+void ShowTouchFamiliesAtRest() {
+    for (const TouchFamily& family : Families)
+        if (family.showAtRest) family.showAtRest();
 }
 
 void ResetTouchFamilies() {

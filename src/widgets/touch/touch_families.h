@@ -9,6 +9,8 @@ namespace panel {
 void ResetTouchFamilies();
 /// No family owns the press any more; the rows stay.
 void LetGoOfTouchFamilies();
+/// The key that owns the press looks as if it did not.
+void ShowTouchFamiliesAtRest();
 
 /// Loads the touch and group streams of a page and fills the tables of the families from it. A page without a
 /// touch stream only gets its group stream.

@@ -1,0 +1,262 @@
+#include "imagekit/icon_widgets.h"
+#include "imagekit/touch_controls.h"
+#include "pages/page_switch.h"
+#include "touch_fixture.h"
+#include "widgets/touch/sliding_list.h"
+#include "widgets/touch/swipe_gesture.h"
+
+namespace panel {
+namespace {
+
+using namespace imagekit;
+
+const PanelConfig Large{.Width = 120, .Height = 120, .ColourMode = 1};
+constexpr QRect Window(60, 60, 30, 30);
+constexpr Area WindowArea{60, 60, 89, 89};
+
+class ListTest : public TouchTest {
+protected:
+    ListTest() { image = ImageBuilder(Large); }
+
+    imagekit::Page& addLargePage() { return image.addPage(PlainPage(Large, Qt::gray)); }
+    /// A list of which every pixel tells its place.
+    Pixels listPicture(int width, int height) {
+        picture = QImage(width, height, QImage::Format_RGB32);
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x) picture.setPixel(x, y, qRgb(2 * x, 2 * y, 99));
+        return {picture, format::PngOpaque};
+    }
+    /// The page 0 with a list of that size, whose picture is that of page 1.
+    void listOf(imagekit::ListMode mode, int width, int height) {
+        addLargePage().add(SlidingList{.Window = WindowArea, .ListPage = 1, .Mode = mode});
+        image.addPage(listPicture(width, height));
+    }
+    /// A drag that begins in the window and moves the list by so many px: up to 60 on, 30 back.
+    void dragBy(int pixels, bool vertical = true) {
+        const auto move = [&](int along) { vertical ? drag(75, along) : drag(along, 75); };
+        const int first = pixels > 0 ? 88 : 61, begun = pixels > 0 ? 62 : 87;
+        vertical ? press(75, first) : press(first, 75);
+        move(begun);
+        ASSERT_EQ(ListDragging, 1);
+        move(begun - pixels);
+    }
+    void endDrag() {
+        letGo();
+        cycles(1);
+    }
+    QImage window() const { return outputs.frame.copy(Window); }
+    /// The window on the list from (x, y) on; behind its end the list begins again.
+    QImage listFrom(int x, int y) const {
+        QImage view(Window.size(), QImage::Format_ARGB32_Premultiplied);
+        for (int row = 0; row < view.height(); ++row)
+            for (int column = 0; column < view.width(); ++column)
+                view.setPixel(column, row,
+                              picture.pixel((x + column) % picture.width(), (y + row) % picture.height()));
+        return view;
+    }
+
+    QImage picture;
+};
+
+TEST_F(ListTest, FollowsTheFingerInStepsOfFourBetweenItsEnds) {
+    for (const auto mode : {imagekit::ListMode::Vertical, imagekit::ListMode::Horizontal}) {
+        const bool vertical = mode == imagekit::ListMode::Vertical;
+        image = ImageBuilder(Large);
+        listOf(mode, vertical ? 30 : 101, vertical ? 101 : 30);
+        start();
+        int moved = 0;
+        EXPECT_EQ(window(), listFrom(0, 0));
+        for (const int pixels : {3, 1, 9, 60, 60, -30, -3, -30, -30, 14, -30}) {
+            dragBy(pixels, vertical);
+            moved = std::clamp(moved + pixels, 0, 71);
+            const int shown = moved / 4 * 4;
+            EXPECT_EQ(window(), listFrom(vertical ? 0 : shown, vertical ? shown : 0)) << moved;
+            endDrag();
+        }
+    }
+}
+
+TEST_F(ListTest, APressIsATapWithin25PixelsAndOutsideTheWindow) {
+    listOf(imagekit::ListMode::Vertical, 30, 101);
+    start();
+    press(75, 88);
+    drag(75, 63);
+    EXPECT_EQ(ListDragging, 0);
+    drag(75, 20);
+    EXPECT_EQ(ListDragging, 0) << "outside";
+    endDrag();
+    press(75, 20);
+    drag(75, 50);
+    EXPECT_EQ(ListDragging, 0);
+    drag(75, 61);
+    drag(75, 88);
+    EXPECT_EQ(ListDragging, 1) << "a finger that comes in starts where it does";
+    drag(5, 110);
+    EXPECT_EQ(ListPosition, 0);
+    drag(5, 90);
+    EXPECT_EQ(ListPosition, 20) << "a drag goes on outside";
+    endDrag();
+    EXPECT_EQ(ListShown, 20);
+}
+
+TEST_F(ListTest, AnEndlessListHasNoSeam) {
+    for (const auto mode : {imagekit::ListMode::EndlessVertical, imagekit::ListMode::EndlessHorizontal}) {
+        const bool vertical = mode == imagekit::ListMode::EndlessVertical;
+        image = ImageBuilder(Large);
+        listOf(mode, vertical ? 30 : 52, vertical ? 52 : 30);
+        start();
+        int position = 0;
+        for (const int pixels : {20, 20, 12, 8, 60, -30, -30, -30, -30, -30, -4, -30}) {
+            dragBy(pixels, vertical);
+            position += pixels;
+            const int target = position / 4 * 4, shown = (target + 52) % 52; // steps count from 0 either way
+            EXPECT_EQ(window(), listFrom(vertical ? 0 : shown, vertical ? shown : 0)) << position;
+            if (target > 52) position -= 52;
+            if (target < 0) position += 52;
+            endDrag();
+        }
+    }
+}
+
+TEST_F(ListTest, ItsKeysMoveWithItAndADragTakesTheirPress) {
+    listOf(imagekit::ListMode::Vertical, 30, 101);
+    const std::uint16_t normal = addPicture(Qt::green), pressed = addPicture(Qt::red);
+    image.page(0).add(PageKey{.Where = {4, 40, 13, 49},
+                              .InList = 1,
+                              .NormalImage = normal,
+                              .PressImage = pressed,
+                              .TargetPage = 2});
+    addLargePage();
+    start();
+    const QRgb green = qRgb(0, 255, 0), red = qRgb(255, 0, 0);
+    dragBy(40);
+    endDrag();
+    const QPoint key = Window.topLeft() + QPoint(8, 2); // the list stands at 40
+    EXPECT_EQ(pixel(key.x(), key.y()), green);
+    press(key.x(), key.y());
+    EXPECT_EQ(pixel(key.x(), key.y()), red);
+    drag(key.x(), key.y() + 25); // a tap still
+    EXPECT_EQ(pixel(key.x(), key.y()), red);
+    drag(key.x(), 89);
+    ASSERT_EQ(ListDragging, key.y() + 25 < 89 ? 1 : 0);
+    EXPECT_EQ(pixel(key.x(), key.y()), green);
+    endDrag();
+    EXPECT_EQ(CurrentPage, 0) << "the drag took the press";
+    press(key.x(), key.y());
+    endDrag();
+    EXPECT_EQ(CurrentPage, 2);
+}
+
+TEST_F(ListTest, ItsIconsAreRedrawnByTheRefresh) {
+    listOf(imagekit::ListMode::Vertical, 30, 100);
+    const std::uint16_t first = addPicture(Qt::yellow);
+    addPicture(Qt::cyan);
+    image.page(0).add(ValueIcon{.InList = true, .ValueAddress = 9, .X = 2, .Y = 3, .FirstImage = first});
+    start();
+    EXPECT_EQ(pixel(63, 64), qRgb(255, 255, 0));
+    StoreWord(9, 1);
+    run(300);
+    EXPECT_EQ(pixel(63, 64), qRgb(0, 255, 255));
+    StoreWord(9, 5);
+    run(300);
+    EXPECT_EQ(window(), listFrom(0, 0)) << "the list's picture lies below";
+}
+
+TEST_F(ListTest, TheBarGoesAlongAndShowsTheDrag) {
+    const auto bar = [this](QColor colour) {
+        QImage shape(3, 6, QImage::Format_ARGB32);
+        shape.fill(colour);
+        return image.addPicture(Pixels{shape, format::aRGB8888});
+    };
+    SlidingList list{.Window = WindowArea,
+                     .ListPage = 1,
+                     .BarAtRest = bar(Qt::white),
+                     .BarMoving = bar(Qt::magenta),
+                     .BarMargin = 2,
+                     .BarOffset = 4};
+    addLargePage().add(list);
+    image.addPage(listPicture(30, 70));
+    list.Mode = imagekit::ListMode::Horizontal;
+    addLargePage().add(list);
+    start();
+    const QRgb white = qRgb(255, 255, 255), magenta = qRgb(255, 0, 255);
+    const auto barAt = [this](int y, QRgb colour) {
+        return pixel(94, y) == colour && pixel(96, y + 5) == colour && pixel(94, y - 1) != colour
+               && pixel(94, y + 6) != colour;
+    };
+    EXPECT_TRUE(barAt(62, white));
+    dragBy(17);
+    EXPECT_TRUE(barAt(62 + 20 * 16 / 40, magenta));
+    endDrag();
+    EXPECT_TRUE(barAt(62 + 20 * 16 / 40, white));
+    dragBy(60);
+    EXPECT_TRUE(barAt(82, magenta));
+    ShowPage(2);
+    cycles(1);
+    EXPECT_EQ(pixel(64, 91), white) << "beside a horizontal list it stands still";
+}
+
+TEST_F(ListTest, AListThatCannotBeIsNone) {
+    const SlidingList good{.Window = WindowArea, .ListPage = 1, .Mode = imagekit::ListMode::EndlessVertical};
+    SlidingList missing = good, inverted = good, huge = good, unknown = good;
+    missing.ListPage = 77;
+    inverted.Window = {89, 89, 60, 60};
+    huge.Window = {0, 0, 0xFFFF, 0xFFFF};
+    unknown.Mode = static_cast<imagekit::ListMode>(7);
+    addLargePage().add(missing);
+    image.addPage(listPicture(10, 8)); // smaller than its window
+    for (const SlidingList& list : {inverted, good, huge, unknown}) addLargePage().add(list);
+    start();
+    for (const std::uint16_t page : {0, 2, 3, 4, 5}) {
+        ShowPage(page);
+        EXPECT_EQ(SlideListActive, page < 3 ? 0 : 1);
+        press(75, 88);
+        for (const int y : {61, 88, 0, 119}) drag(75, y);
+        endDrag();
+    }
+}
+
+class SwipeTest : public TouchTest {
+protected:
+    SwipeTest() {
+        auto& page = addPage();
+        page.add(SwipeGesture{.Notify = true, .Up = {1, 0x0101}, .Left = {2, 0x0202}, .Right = {3, 0x0303}});
+        page.add(PageKey{.Where = {0, 0, 63, 47}, .TargetPage = 4});
+        for (int i = 0; i < 4; ++i) addPage();
+    }
+};
+
+TEST_F(SwipeTest, TheLongerAxisTellsTheDirection) {
+    const struct {
+        QPoint from, to;
+        int page;
+        Payloads sent;
+    } cases[] = {{{60, 5}, {10, 40}, 2, {{0x41, 0xFF, 0xFF, 2, 2}}},
+                 {{5, 5}, {55, 40}, 3, {{0x41, 0xFF, 0xFF, 3, 3}}},
+                 {{5, 5}, {54, 40}, 4, {}}}; // too short: the key acts
+    for (const auto& c : cases) {
+        start();
+        press(c.from.x(), c.from.y());
+        drag(c.to.x(), c.to.y());
+        letGo();
+        EXPECT_EQ(CurrentPage, c.page);
+        EXPECT_EQ(TakeSentFrames(), c.sent);
+    }
+}
+
+TEST_F(SwipeTest, VerticalSwipesAndTiesOnATallPanel) {
+    const PanelConfig tall{.Width = 64, .Height = 120, .ColourMode = 1};
+    image = ImageBuilder(tall);
+    image.addPage(PlainPage(tall, Qt::gray)).add(SwipeGesture{.Up = {1, 0}, .Left = {2, 0}, .Right = {3, 0}});
+    for (int i = 0; i < 3; ++i) image.addPage(PlainPage(tall, Qt::gray));
+    for (const auto& [to, page] : {std::pair{QPoint(5, 10), 1}, {QPoint(5, 119), 0}, {QPoint(63, 2), 3}}) {
+        start();
+        press(5, 60);
+        drag(to.x(), to.y());
+        letGo();
+        EXPECT_EQ(CurrentPage, page) << "down leads nowhere, and a tie goes to the side";
+    }
+}
+
+} // namespace
+} // namespace panel

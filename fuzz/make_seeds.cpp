@@ -109,11 +109,23 @@ ImageBuilder everyTouchWidget(PanelConfig config) {
                         .BackY = 20,
                         .BackImage = 0,
                         .OverlayGroup = 1});
+        page.add(Rtouch{.Notify = true,
+                        .Address = 0x71,
+                        .X = 4,
+                        .Y = 4,
+                        .Foreground = strip,
+                        .Background = 0,
+                        .Thumb = 1,
+                        .Radius = 9,
+                        .HalfWidth = 4,
+                        .FirstDigit = 0,
+                        .Readout = RingReadout::Pictures,
+                        .OverlayGroup = 1});
         page.add(SlidingList{.Window = {4, 4, 30, 30},
-                              .ListPage = target,
-                              .Mode = static_cast<ListMode>(target % 2 ? 0x80 : 0),
-                              .BarAtRest = 0,
-                              .BarMoving = 1});
+                             .ListPage = target,
+                             .Mode = static_cast<ListMode>(target % 2 ? 0x80 : 0),
+                             .BarAtRest = 0,
+                             .BarMoving = 1});
         page.add(SwipeGesture{.Notify = true, .Left = {target, 1}});
         page.add(SlidePage{.Notify = true, .NextPage = target, .PreviousPage = 0, .BandBottom = 40});
         page.add(RollerPicker{.Notify = true,

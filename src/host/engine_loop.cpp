@@ -31,6 +31,7 @@
 #include "widgets/touch/pinyin_entry.h"
 #include "widgets/touch/popup_key.h"
 #include "widgets/touch/roller_picker.h"
+#include "widgets/touch/rtouch.h"
 #include "widgets/touch/slider.h"
 #include "widgets/touch/sliding_list.h"
 #include "widgets/touch/state_key.h"
@@ -163,7 +164,7 @@ constexpr CycleStep CycleSteps[] = {
     {"TouchCopyKeys", step<TouchCopyKeys>},
     {"TouchSlider", step<TouchSlider>},
     {"TouchRollerPickers", step<TouchRollerPickers>},
-    {"TouchRtouch", nullptr},
+    {"TouchRtouch", step<TouchRtouch>},
     {"TouchNumberEntry", step<TouchNumberEntry>},
     {"TouchTextEntry", step<TouchTextEntry>},
     {"TouchPinyinEntry", step<TouchPinyinEntry>},

@@ -11,6 +11,7 @@
 #include "widgets/touch/multi_key.h"
 #include "widgets/touch/page_key.h"
 #include "widgets/touch/roller_picker.h"
+#include "widgets/touch/rtouch.h"
 #include "widgets/touch/slider.h"
 #include "widgets/touch/state_key.h"
 
@@ -106,13 +107,13 @@ void syncRows(std::uint16_t /*page*/) {
 
 struct RefreshStep {
     const char* name;
-    void (*run)(std::uint16_t page); // null: nothing on this panel takes part yet
+    void (*run)(std::uint16_t page);
 };
 
 constexpr RefreshStep RowSteps[] = {
     {"uitimer", RefreshUiTimers},
     {"slider", RefreshSliders},
-    {"rtouch", nullptr},
+    {"rtouch", RefreshRtouches},
     {"PageKey", repaintKeyGroups<PageKeys>},
     {"MultiKey", repaintKeyGroups<MultiKeys>},
     {"imageAnimation", RepaintAnimationGroups},
@@ -123,13 +124,13 @@ constexpr RefreshStep RowSteps[] = {
     {"RollerPicker", RefreshRollers},
     {"values of StateKey", syncRows<SyncStateKeys>},
     {"values of slider", syncRows<SyncSliders>},
-    {"values of rtouch", nullptr},
+    {"values of rtouch", syncRows<SyncRtouches>},
     {"values of RollerPicker", syncRows<SyncRollers>},
 };
 
 constexpr RefreshStep RowStepsAfterTouch[] = {
     {"slider", RefreshSlidersAfterTouch},
-    {"rtouch", nullptr},
+    {"rtouch", RefreshRtouchesAfterTouch},
     {"RollerPicker", RedrawRollersAfterTouch},
     {"PageKey", repaintKeyGroups<PageKeys>},
     {"MultiKey", repaintKeyGroups<MultiKeys>},
@@ -142,13 +143,12 @@ constexpr RefreshStep RowStepsAfterTouch[] = {
 constexpr RefreshStep SyncStepsAfterTouch[] = {
     {"values of StateKey", syncRows<SyncStateKeys>},
     {"values of slider", syncRows<SyncSliders>},
-    {"values of rtouch", nullptr},
+    {"values of rtouch", syncRows<SyncRtouches>},
     {"values of RollerPicker", syncRows<SyncRollers>},
 };
 
 void runSteps(std::span<const RefreshStep> steps, std::uint16_t page) {
-    for (const RefreshStep& step : steps)
-        if (step.run) step.run(page);
+    for (const RefreshStep& step : steps) step.run(page);
 }
 
 bool changedInGroup(const DisplayKind& kind, const Parameters& p) {

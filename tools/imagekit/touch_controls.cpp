@@ -24,6 +24,17 @@ TouchRecord Encode(const RollerPicker& picker) {
     return {.Family = 0x8006, .Notify = picker.Notify, .Body = body.take()};
 }
 
+TouchRecord Encode(const Rtouch& ring) {
+    ByteWriter body;
+    body.u16(ring.Address).u16(ring.X).u16(ring.Y).u16(ring.Foreground).u16(ring.Background).u16(ring.Thumb);
+    body.u16(ring.Radius).u8(ring.HalfWidth).u16(static_cast<std::uint16_t>(ring.Lowest));
+    body.u16(static_cast<std::uint16_t>(ring.Highest)).u16(ring.StartAngle).u16(ring.EndAngle);
+    body.u16(ring.ReadoutX).u16(ring.ReadoutY).u8(ring.IntegerDigits).u8(ring.Decimals);
+    body.u8(static_cast<std::uint8_t>(ring.Align)).u8(ring.Font).u24(ring.Colour).u16(ring.FirstDigit);
+    body.u16(0).u8(static_cast<std::uint8_t>(ring.Readout)).u8(ring.Touchable ? 1 : 0).u16(ring.OverlayGroup);
+    return {.Family = 0x8007, .Notify = ring.Notify, .Body = body.take()};
+}
+
 TouchRecord Encode(const SlidePage& slide) {
     ByteWriter body;
     body.zeros(8).u16(slide.NextPage).u16(slide.NextCode).u16(slide.PreviousPage).u16(slide.PreviousCode);
@@ -48,6 +59,10 @@ TouchRecord Encode(const SwipeGesture& gesture) {
 
 WidgetDescription Describe(const Slider& slider) {
     return {.Name = "slider", .Address = slider.Address, .Table = WidgetTable::Touch};
+}
+
+WidgetDescription Describe(const Rtouch& ring) {
+    return {.Name = "rtouch", .Address = ring.Address, .Table = WidgetTable::Touch};
 }
 
 } // namespace imagekit

@@ -1,6 +1,7 @@
 // Controls: touch widgets that set a variable while a finger moves. Images are indices of the picture table.
 #pragma once
 
+#include "imagekit/meter_widgets.h"
 #include "imagekit/touch_keys.h"
 
 #include <cstdint>
@@ -37,6 +38,27 @@ struct RollerPicker {
     bool StopsAtEnds = false;
     std::uint16_t SelectedStrip = None, NormalStrip = None;
     std::uint16_t Lowest = 0, Highest = 0, Step = 1;
+};
+
+/// A ring that a finger turns, from the start angle clockwise to the end angle.
+struct Rtouch {
+    bool Notify = false;
+    std::uint16_t Address = 0;
+    std::uint16_t X = 0, Y = 0; // px
+    std::uint16_t Foreground = None, Background = None, Thumb = None;
+    std::uint16_t Radius = 0;   // px, of the band that a finger can reach and of the thumb's path
+    std::uint8_t HalfWidth = 0; // px, of the band
+    std::int16_t Lowest = 0, Highest = 100;
+    std::uint16_t StartAngle = 0, EndAngle = 360; // degrees clockwise from straight down
+    std::uint16_t ReadoutX = 0, ReadoutY = 0;     // px on the panel
+    std::uint8_t IntegerDigits = 3, Decimals = 0;
+    Alignment Align = Alignment::Centre;
+    std::uint8_t Font = 0;
+    std::uint32_t Colour = 0;
+    std::uint16_t FirstDigit = None; // digits 0 to 9, the point, the minus sign
+    RingReadout Readout = RingReadout::Nothing;
+    bool Touchable = true;
+    std::uint16_t OverlayGroup = None;
 };
 
 /// Makes the page slide sideways between two others.
@@ -76,10 +98,12 @@ struct SwipeGesture {
 
 TouchRecord Encode(const Slider& slider);
 TouchRecord Encode(const RollerPicker& picker);
+TouchRecord Encode(const Rtouch& ring);
 TouchRecord Encode(const SlidePage& slide);
 TouchRecord Encode(const SlidingList& list);
 TouchRecord Encode(const SwipeGesture& gesture);
 
 WidgetDescription Describe(const Slider& slider);
+WidgetDescription Describe(const Rtouch& ring);
 
 } // namespace imagekit

@@ -12,6 +12,7 @@
 #include "widgets/touch/pinyin_entry.h"
 #include "widgets/touch/popup_key.h"
 #include "widgets/touch/roller_picker.h"
+#include "widgets/touch/rtouch.h"
 #include "widgets/touch/slider.h"
 #include "widgets/touch/sliding_list.h"
 #include "widgets/touch/state_key.h"
@@ -74,7 +75,12 @@ constexpr TouchFamily Families[] = {
      .build = AddRoller,
      .active = &RollerActive,
      .onNeighbours = true},
-    {.code = 0x8007, .name = "rtouch", .onNeighbours = true},
+    {.code = 0x8007,
+     .name = "rtouch",
+     .reset = ResetRtouches,
+     .build = AddRtouch,
+     .active = &RingActive,
+     .onNeighbours = true},
     {.code = 0x8008,
      .name = "PopupKey",
      .reset = ResetPopupKeys,

@@ -2,6 +2,7 @@
 #include "imagekit/bar_widgets.h"
 #include "imagekit/chart_widgets.h"
 #include "imagekit/clock_widgets.h"
+#include "imagekit/encoder_widgets.h"
 #include "imagekit/entry_widgets.h"
 #include "imagekit/icon_widgets.h"
 #include "imagekit/image_builder.h"
@@ -231,6 +232,10 @@ ImageBuilder everyInstrument(const PanelConfig& config) {
         AutoStep{.TargetAddress = 0x70, .ControlAddress = 0x72, .CycleValue = 0, .Step = 7, .Period = 2});
     page.add(AutoStep{
         .TargetAddress = 0x71, .ControlAddress = 0x73, .RunValue = 0, .EndValue = 1, .Notify = true});
+    EncoderActions actions{.Notify = true};
+    actions.Keys[0] = {.Page = 0, .Address = 0x70, .Value = 3};
+    page.add(EncoderMenu{.SelectorAddress = 0x74,
+                         .Entries = {EncoderStep{.Address = 0x70}, EncoderValue{.Address = 0x71}, actions}});
     image.setBytes(0x100, Bytes(16, 'q'));
     return image;
 }

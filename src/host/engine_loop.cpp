@@ -24,6 +24,7 @@
 #include "widgets/display/textroll.h"
 #include "widgets/display/uitimer.h"
 #include "widgets/touch/copy_key.h"
+#include "widgets/touch/encoder.h"
 #include "widgets/touch/keyboard.h"
 #include "widgets/touch/multi_key.h"
 #include "widgets/touch/number_entry.h"
@@ -133,7 +134,7 @@ void sendFrame(PanelOutputs& outputs) { outputs.showFrame(FrameSurface); }
 
 struct CycleStep {
     const char* name;
-    void (*run)(PanelOutputs&); // null: nothing on this panel takes part yet
+    void (*run)(PanelOutputs&);
 };
 
 /// One cycle, top to bottom. The order can be seen on the screen: what runs first wins a press or a pixel.
@@ -169,7 +170,7 @@ constexpr CycleStep CycleSteps[] = {
     {"TouchTextEntry", step<TouchTextEntry>},
     {"TouchPinyinEntry", step<TouchPinyinEntry>},
     {"SlideListRefresh", step<SlideListRefresh>},
-    {"EncoderTick", nullptr},
+    {"EncoderTick", step<EncoderTick>},
     {"volume", passVolume},
     {"text cursor", step<BlinkCursor>},
     {"inspector requests", step<ServeInspectorRequests>},
@@ -186,7 +187,7 @@ void countIdleTime() {
 
 struct TickCounter {
     const char* name;
-    void (*count)(); // null: as in CycleSteps
+    void (*count)();
 };
 constexpr TickCounter TickCounters[] = {
     {"autoStep", CountAutoStepTicks},
@@ -218,8 +219,7 @@ StartResult StartPanel(PanelOutputs& outputs) {
 }
 
 void EngineCycle(PanelOutputs& outputs) {
-    for (const CycleStep& step : CycleSteps)
-        if (step.run) step.run(outputs);
+    for (const CycleStep& step : CycleSteps) step.run(outputs);
 }
 
 void CountTick(int& tickCount) {
@@ -228,8 +228,7 @@ void CountTick(int& tickCount) {
         tickCount = 0;
         OncePerSecond();
     }
-    for (const TickCounter& counter : TickCounters)
-        if (counter.count) counter.count();
+    for (const TickCounter& counter : TickCounters) counter.count();
 }
 
 } // namespace panel

@@ -28,6 +28,14 @@ void send(std::uint16_t address, std::span<const std::uint8_t> value) {
     UartSend(frame.data(), PayloadHead + value.size());
 }
 
+/// What the store holds at an address, under the address that the frame names.
+void sendBytesAt(std::uint16_t named, std::uint16_t address, std::size_t byteCount) {
+    std::array<std::uint8_t, LongestValue> bytes{};
+    const auto value = std::span(bytes).first(std::min(byteCount, bytes.size()));
+    ReadBytes(2 * std::size_t{address}, value);
+    send(named, value);
+}
+
 } // namespace
 
 void SendNotification(std::uint16_t address, std::uint16_t value) {
@@ -36,11 +44,11 @@ void SendNotification(std::uint16_t address, std::uint16_t value) {
 
 void SendActionCode(std::uint16_t code) { SendNotification(NoVariable, code); }
 
-void SendVariable(std::uint16_t address, std::size_t byteCount) {
-    std::array<std::uint8_t, LongestValue> bytes{};
-    const auto value = std::span(bytes).first(std::min(byteCount, bytes.size()));
-    ReadBytes(2 * std::size_t{address}, value);
-    send(address, value);
+void SendVariable(std::uint16_t address, std::size_t byteCount) { sendBytesAt(address, address, byteCount); }
+
+void SendVariableLowFirst(std::uint16_t address, std::size_t byteCount) {
+    const auto exchanged = static_cast<std::uint16_t>(lowByte(address) << 8 | highByte(address));
+    sendBytesAt(exchanged, address, byteCount);
 }
 
 } // namespace panel

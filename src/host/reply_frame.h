@@ -14,4 +14,7 @@ void SendActionCode(std::uint16_t code);
 /// A number or a text as it stands in the store, 304 bytes at most.
 void SendVariable(std::uint16_t address, std::size_t byteCount = 2);
 
+/// The same with the low byte of the address first.
+void SendVariableLowFirst(std::uint16_t address, std::size_t byteCount);
+
 } // namespace panel

@@ -5,6 +5,7 @@
 #include "pages/page_table.h"
 #include "pages/stream_walker.h"
 #include "pages/value_runs.h"
+#include "widgets/touch/encoder.h"
 
 namespace panel {
 namespace {
@@ -22,6 +23,7 @@ void displayBackground() {
     while (const auto record = walker.next()) {
         const DisplayKind* kind = FindDisplayKind(record->typeWord);
         if (!kind || !kind->background) continue;
+        PrepareBackgroundSwitcher(DisplayStream.bytes().subspan(record->offset));
         BaseSurface = PageBackground.copy();
         return;
     }

@@ -94,6 +94,7 @@ void OpenPopup(std::uint16_t page, std::uint16_t x, std::uint16_t y) {
     if (page >= Sections.PageCount) return;
     takePage(page);
     PageImage = PageImageRow(page);
+    AdjustMode = 0;
     drawPopupImage({x, y});
     ForgetWidgets();
     ForgetPress();

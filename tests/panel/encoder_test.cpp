@@ -1,0 +1,202 @@
+#include "widgets/touch/encoder.h"
+
+#include "imagekit/encoder_widgets.h"
+#include "imagekit/icon_widgets.h"
+#include "imagekit/touch_keys.h"
+#include "pages/page_switch.h"
+#include "store/backlight.h"
+#include "touch_fixture.h"
+
+namespace panel {
+namespace {
+
+using namespace imagekit;
+
+constexpr std::uint16_t Selector = 0x0100, Value = 0x0110, Mark = 0x0120;
+
+class EncoderTest : public TouchTest {
+protected:
+    /// Presses keys one after the other: '>' and '<' turn the knob, digits are the keys.
+    void keys(const std::string& pressed) {
+        for (const char key : pressed) {
+            PressKey(static_cast<EncoderKey>(std::string("><123").find(key)));
+            cycles(1);
+        }
+    }
+    static int value(std::uint8_t type = 0x81) {
+        if (type == 0x80) return static_cast<std::int8_t>(ReadLowByte(Value));
+        if (type != 0x82) return static_cast<std::int16_t>(ReadWord(Value));
+        return static_cast<std::int32_t>(std::uint32_t{ReadWord(Value)} << 16 | ReadWord(Value + 1));
+    }
+    static bool eventWaits() { return EncoderEvent != NoEncoderEvent; }
+};
+
+TEST_F(EncoderTest, AMenuMovesItsSelectorAroundAndServesTheCurrentEntry) {
+    const EncoderStep step{.Address = Value, .Highest = 5, .Lowest = -5, .Step = 4};
+    EncoderActions actions{.Notify = true};
+    actions.Keys[0] = {.Address = Mark, .Value = 0x1234};
+    actions.Keys[2] = {.Page = 1, .Address = Mark, .Value = 0x4321};
+    addPage().add(EncoderMenu{.SelectorAddress = Selector,
+                              .Entries = {step, EncoderValue{.Notify = true, .Address = Value}, actions}});
+    addPage();
+    image.setWord(Selector, 0xAB09); // beyond the last entry
+    start();
+    EXPECT_EQ(EntryIndex, 2);
+    keys(">");
+    EXPECT_EQ(ReadWord(Selector), 0) << "around the end, the high byte cleared";
+    keys("<<");
+    EXPECT_EQ(ReadWord(Selector), 1);
+    keys("<11");
+    EXPECT_EQ(value(), 5) << "two steps, held at the highest";
+    keys("2");
+    EXPECT_TRUE(eventWaits()) << "no such key here";
+    keys(">1>>");
+    EXPECT_EQ(AdjustMode, 1);
+    EXPECT_EQ(value(), 7);
+    EXPECT_EQ(ReadWord(Selector), 1) << "no other entry meanwhile";
+    EXPECT_EQ(TakeSentFrames(), (Payloads{{0x41, 0x10, 0x01, 0x00, 0x06, 0x00, 0x00},
+                                          {0x41, 0x10, 0x01, 0x00, 0x07, 0x00, 0x00}}));
+    keys("1>1");
+    EXPECT_EQ(ReadWord(Mark), 0x1234);
+    EXPECT_EQ(TakeSentFrames(), (Payloads{{0x41, 0x01, 0x20, 0x12, 0x34}}));
+    keys("3");
+    EXPECT_EQ(ReadWord(Mark), 0x4321);
+    EXPECT_EQ(CurrentPage, 1);
+    EXPECT_EQ(TakeSentFrames(), Payloads{});
+    EXPECT_EQ(EncoderState, 0);
+}
+
+struct TypeCase {
+    DataType type;
+    int start, step;
+    bool wrap;
+    std::string pressed;
+    int expected;
+};
+
+TEST_F(EncoderTest, VariablesOfAllTypesStopOrWrapAtTheirLimits) {
+    const TypeCase cases[] = {
+        {DataType::S8, -3, 4, false, ">>>", 9},
+        {DataType::S8, -3, 4, false, "<<<", -10},
+        {DataType::S16, 8, 5, true, ">", -10},
+        {DataType::S16, -8, 5, true, "<<", 5},
+        {DataType::S32, -9, 5, false, "<", -10},
+        {DataType::S32, 0x10003, 1, false, ">", 4}, // of which the knob sees the low word
+        {static_cast<DataType>(0x01), 3, 1, false, ">", 3}};
+    for (const TypeCase& c : cases)
+        addPage().add(EncoderEntry{.Value = EncoderValue{.Address = Value,
+                                                         .Type = c.type,
+                                                         .Highest = 10,
+                                                         .Lowest = -10,
+                                                         .Step = static_cast<std::uint16_t>(c.step),
+                                                         .Wrap = c.wrap}});
+    for (const bool up : {true, false})
+        addPage().add(EncoderMenu{.SelectorAddress = Selector,
+                                  .Entries = {EncoderStep{.Address = Value,
+                                                          .Type = DataType::S32,
+                                                          .Highest = 0x20000,
+                                                          .Lowest = -0x20000,
+                                                          .Step = 0x9000,
+                                                          .Up = up,
+                                                          .Wrap = true}}});
+    start();
+    for (std::size_t i = 0; i < std::size(cases); ++i) {
+        const TypeCase& c = cases[i];
+        const auto type = static_cast<std::uint8_t>(c.type);
+        ShowPage(static_cast<std::uint16_t>(i));
+        StoreNumber(Value, static_cast<std::uint64_t>(c.start), type == 0x82 ? 4 : 2);
+        keys(c.pressed);
+        EXPECT_EQ(value(type), c.expected) << i;
+    }
+    ShowPage(std::size(cases));
+    StoreNumber(Value, 0x8000, 4);
+    keys("11");
+    EXPECT_EQ(value(0x82), 0x1A000);
+    keys("1");
+    EXPECT_EQ(value(0x82), -0x20000);
+    ShowPage(std::size(cases) + 1);
+    keys("1");
+    EXPECT_EQ(value(0x82), 0x20000);
+}
+
+TEST_F(EncoderTest, ASingleEntryTellsTheHostByItsFlags) {
+    EncoderEntry entry{.NotifyKeys = {false, true, false},
+                       .Value = EncoderValue{.Address = Value},
+                       .NotifyCounterClockwise = true};
+    entry.Keys[1] = {.Page = 1, .Address = Mark, .Value = 9};
+    addPage().add(entry);
+    entry.Value.reset();
+    addPage().add(entry);
+    start();
+    keys(">>><");
+    EXPECT_EQ(value(), 2);
+    EXPECT_EQ(TakeSentFrames(), (Payloads{{0x41, 0x10, 0x01, 0x00, 0x02, 0x00, 0x00}}));
+    keys("12");
+    EXPECT_EQ(TakeSentFrames(), (Payloads{{0x41, 0x01, 0x20, 0x00, 0x09}}));
+    EXPECT_EQ(CurrentPage, 1);
+    keys(">");
+    EXPECT_EQ(value(), 2);
+    EXPECT_TRUE(eventWaits()) << "of no use here, and kept";
+    ShowPage(0);
+    cycles(1);
+    EXPECT_EQ(value(), 3) << "but on the next page it is";
+}
+
+TEST_F(EncoderTest, TheKnobTurnsPages) {
+    addPage().add(EncoderPages{.Notify = true, .CounterClockwise = 1, .Clockwise = 2});
+    addPage().add(EncoderPages{.Clockwise = 0});
+    addPage();
+    start();
+    keys("<");
+    EXPECT_EQ(CurrentPage, 1);
+    keys(">");
+    EXPECT_EQ(CurrentPage, 0);
+    keys(">");
+    EXPECT_EQ(CurrentPage, 2);
+    EXPECT_EQ(TakeSentFrames(), (Payloads{{0x41, 0xFF, 0xFF, 0, 1}, {0x41, 0xFF, 0xFF, 0, 2}}));
+    keys("1");
+    EXPECT_TRUE(eventWaits()) << "a page without an encoder";
+}
+
+TEST_F(EncoderTest, AKeyOnADimmedPanelOnlyWakesIt) {
+    addPage().add(EncoderEntry{.Value = EncoderValue{.Address = Value}});
+    start();
+    StoreWord(word::AutoDimming, 1);
+    ScreenBright = 0;
+    keys(">");
+    EXPECT_EQ(value(), 0);
+    keys(">");
+    EXPECT_EQ(value(), 1);
+}
+
+TEST_F(EncoderTest, IconsOfTheSelectorStandOnTop) {
+    const std::uint16_t picture = addPicture(Qt::green);
+    auto& page = addPage();
+    page.add(EncoderMenu{.SelectorAddress = Selector, .Entries = {EncoderStep{}, EncoderStep{}}});
+    page.add(ValueIcon{.ValueAddress = Selector, .X = 5, .Y = 5, .FirstImage = picture, .Minimum = 1});
+    start();
+    EXPECT_EQ(pixel(8, 8), QColor(Qt::gray).rgb());
+    keys(">");
+    EXPECT_EQ(pixel(8, 8), qRgb(0, 255, 0));
+    keys(">");
+    EXPECT_EQ(pixel(8, 8), QColor(Qt::gray).rgb()) << "what lies behind is back";
+}
+
+TEST_F(EncoderTest, NonsenseIsReadWithinTheRecord) {
+    for (const Bytes& body :
+         {Bytes{}, Bytes{0, 1, 2, 200}, Bytes{0, 1, 3, 1, 7}, Bytes(90, 0xFF), Bytes(200, 0)})
+        addPage().add(DisplayRecord{.Kind = 0x0E, .Block = body});
+    addPage().add(DisplayRecord{.Kind = 0x13, .Block = Bytes{0xFF, 0xFF}});
+    addPage().add(DisplayRecord{.Kind = 0x14, .Block = Bytes{}});
+    start();
+    for (std::uint16_t page = 0; page < 7; ++page)
+        for (const std::uint16_t selected : {0, 0xFF}) {
+            StoreWord(Selector, selected);
+            ShowPage(page);
+            keys("1>12<13>>>1<<<");
+            EXPECT_LE(EntryIndex, EntryCount);
+        }
+}
+
+} // namespace
+} // namespace panel

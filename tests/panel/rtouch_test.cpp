@@ -77,9 +77,7 @@ TEST_F(RtouchTest, ShowsItsValueAsASectorWithTheThumbAtItsEnd) {
         CopySurfaceRect(PageBackground, {Middle - 40, Middle - 40, Side, Side}, WorkSurface, {0, 0});
         BlitSector(TableImageRow(foreground), angle);
         QImage expected = WorkSurface.copy(0, 0, Side, Side);
-        const double radians = angle * M_PI / 180;
-        const QPoint thumb(int(40 - std::sin(radians) * Radius - 2),
-                           int(40 + std::cos(radians) * Radius - 2));
+        const QPoint thumb(int(40 - SinDeg(angle) * Radius - 2), int(40 + CosDeg(angle) * Radius - 2));
         for (int y = 0; y < 5; ++y)
             for (int x = 0; x < 5; ++x) expected.setPixel(thumb + QPoint(x, y), qRgb(0, 255, 0));
         ASSERT_EQ(outputs.frame.copy(Middle - 40, Middle - 40, Side, Side), expected) << shown;

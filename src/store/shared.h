@@ -27,6 +27,11 @@ public:
     /// Sets a new value and gives the old one in one step, so that a request raised meanwhile is not lost.
     T exchange(T value) { return value_.exchange(value, std::memory_order_relaxed); }
 
+    /// Sets a new value unless the other side has changed the expected one.
+    void replace(T expected, T value) {
+        value_.compare_exchange_strong(expected, value, std::memory_order_relaxed);
+    }
+
 private:
     std::atomic<T> value_{};
 };

@@ -182,7 +182,28 @@ TEST_F(EncoderTest, IconsOfTheSelectorStandOnTop) {
     EXPECT_EQ(pixel(8, 8), QColor(Qt::gray).rgb()) << "what lies behind is back";
 }
 
-TEST_F(EncoderTest, NonsenseIsReadWithinTheRecord) {
+TEST_F(EncoderTest, ALongMenuCountsItsEntriesAndAPopupEndsAdjusting) {
+    EncoderMenu menu{.SelectorAddress = Selector};
+    for (int i = 0; i < 20; ++i) menu.Entries.emplace_back(EncoderValue{.Address = Value}); // 440 bytes
+    auto& page = addPage();
+    page.add(menu);
+    page.add(EncoderPages{.Clockwise = 1}); // only the first one counts
+    auto& other = addPage();
+    other.add(EncoderEntry{.Value = EncoderValue{.Address = word::Page, .Highest = 0}});
+    start();
+    EXPECT_EQ(EntryCount, 19);
+    keys("<1>");
+    EXPECT_EQ(ReadWord(Selector), 19);
+    EXPECT_EQ(value(), 1);
+    ShowPage(1);
+    EXPECT_EQ(AdjustMode, 1) << "it outlives the page";
+    keys(">");
+    EXPECT_EQ(CurrentPage, 0) << "the value was the page";
+    OpenPopup(1, 0, 0);
+    EXPECT_EQ(AdjustMode, 0);
+}
+
+TEST_F(EncoderTest, NonsenseIsReadWithinTheStream) {
     for (const Bytes& body :
          {Bytes{}, Bytes{0, 1, 2, 200}, Bytes{0, 1, 3, 1, 7}, Bytes(90, 0xFF), Bytes(200, 0)})
         addPage().add(DisplayRecord{.Kind = 0x0E, .Block = body});

@@ -93,4 +93,8 @@ DisplayRecord Encode(const EncoderPages& pages) {
     return {.Kind = 0x14, .Block = block.take()};
 }
 
+WidgetDescription Describe(const EncoderMenu& menu) {
+    return {.Name = "encoderMenu", .Address = menu.SelectorAddress};
+}
+
 } // namespace imagekit

@@ -71,4 +71,6 @@ DisplayRecord Encode(const EncoderMenu& menu);
 DisplayRecord Encode(const EncoderEntry& entry);
 DisplayRecord Encode(const EncoderPages& pages);
 
+WidgetDescription Describe(const EncoderMenu& menu);
+
 } // namespace imagekit

@@ -17,39 +17,9 @@ constexpr std::size_t X = 7;
 constexpr std::size_t Y = 9;
 constexpr std::size_t Foreground = 0x0B;
 constexpr std::size_t Background = 0x0D;
-constexpr std::size_t Lowest = 0x0F;
-constexpr std::size_t Highest = 0x11;
-constexpr std::size_t StartAngle = 0x13;
-constexpr std::size_t EndAngle = 0x15;
-constexpr std::size_t ReadoutX = 0x17;
-constexpr std::size_t ReadoutY = 0x19;
-constexpr std::size_t IntegerDigits = 0x1B;
-constexpr std::size_t DecimalDigits = 0x1C;
-constexpr std::size_t Alignment = 0x1D;
-constexpr std::size_t Font = 0x1E;
-constexpr std::size_t Colour = 0x1F;
-constexpr std::size_t FirstDigit = 0x22;
-constexpr std::size_t Mode = 0x26;
+constexpr std::size_t Scale = 0x0F; // and the read-out
 constexpr std::size_t Group = 0x27;
 } // namespace field
-
-RingScale scaleOf(const Parameters& p) {
-    return {.lowest = p.i16(field::Lowest),
-            .highest = p.i16(field::Highest),
-            .start = p.u16(field::StartAngle),
-            .end = p.u16(field::EndAngle)};
-}
-
-RingReadout readoutOf(const Parameters& p) {
-    return {
-        .at = QPoint(p.u16(field::ReadoutX), p.u16(field::ReadoutY)) + PopupShift(),
-        .format = {.integerDigits = p.u8(field::IntegerDigits), .decimalDigits = p.u8(field::DecimalDigits)},
-        .alignment = static_cast<NumberAlignment>(p.u8(field::Alignment)),
-        .font = p.u8(field::Font),
-        .colour = p.u24(field::Colour),
-        .firstImage = p.u16(field::FirstDigit),
-        .mode = static_cast<ReadoutMode>(p.u8(field::Mode))};
-}
 
 } // namespace
 
@@ -64,8 +34,9 @@ void DisplayRingGauge(const Parameters& p) {
     const QRect area(at, QSize(foreground.Width, foreground.Height));
     const std::uint16_t value = ReadWord(address);
     DrawRingBackground(p.u16(field::Background), area);
-    BlitSector(foreground, scaleOf(p).angleOf(value)); // here the value has no sign
-    DrawRingReadout(readoutOf(p), area, static_cast<std::int16_t>(value));
+    BlitSector(foreground, ReadRingScale(p, field::Scale).angleOf(value)); // here the value has no sign
+    DrawRingReadout(ReadRingReadout(p, field::Scale + RingScaleBytes), area,
+                    static_cast<std::int16_t>(value));
     if (p.u16(field::Group) != NoGroup) DrawGroupInRect(CurrentPage, p.u16(field::Group), area);
     LandWork({at, QSize(CurrentImage.Width, CurrentImage.Height)}, 0);
 }

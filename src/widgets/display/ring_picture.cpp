@@ -39,6 +39,20 @@ int RingScale::angleOf(int value) const {
     return static_cast<int>(start + std::int64_t{end - start} * (value - lowest) / (highest - lowest));
 }
 
+RingScale ReadRingScale(const Parameters& p, std::size_t at) {
+    return {.lowest = p.i16(at), .highest = p.i16(at + 2), .start = p.u16(at + 4), .end = p.u16(at + 6)};
+}
+
+RingReadout ReadRingReadout(const Parameters& p, std::size_t at) {
+    return {.at = QPoint(p.u16(at), p.u16(at + 2)) + PopupShift(),
+            .format = {.integerDigits = p.u8(at + 4), .decimalDigits = p.u8(at + 5)},
+            .alignment = static_cast<NumberAlignment>(p.u8(at + 6)),
+            .font = p.u8(at + 7),
+            .colour = p.u24(at + 8),
+            .firstImage = p.u16(at + 11),
+            .mode = static_cast<ReadoutMode>(p.u8(at + 15))};
+}
+
 void DrawRingBackground(std::uint16_t background, QRect area) {
     BackdropToWork(area, 0);
     BlitToWork(TableImageRow(background), {0, 0});

@@ -3,12 +3,14 @@
 #pragma once
 
 #include "graphics/image_row.h"
+#include "pages/parameters.h"
 #include "widgets/display/number_record.h"
 #include "widgets/display/number_text.h"
 
 #include <QPoint>
 #include <QRect>
 
+#include <cstddef>
 #include <cstdint>
 
 namespace panel {
@@ -33,6 +35,13 @@ struct RingScale {
 
     int angleOf(int value) const;
 };
+
+// In a record the scale stands from an offset on, and the read-out right behind it.
+
+RingScale ReadRingScale(const Parameters& p, std::size_t at);
+/// Its place is moved by the open pop-up.
+RingReadout ReadRingReadout(const Parameters& p, std::size_t at);
+inline constexpr std::size_t RingScaleBytes = 8;
 
 /// Puts the background at (0, 0), over what lies behind the widget. `area` is the widget's on the panel.
 void DrawRingBackground(std::uint16_t background, QRect area);

@@ -84,7 +84,7 @@ Sort sortOf(const Block& entry) { return static_cast<Sort>(kindOf(entry) & SortM
 // What follows a write.
 
 void passOn(std::uint16_t address) {
-    if (SystemRange(address))
+    if (address >= FirstSystemWord)
         ApplySystemWord(address);
     else
         RefreshAfterTouch(CurrentPage);
@@ -223,9 +223,11 @@ bool pressOnEntry(const Block& entry, int key) {
         return true;
     }
     if (key != 0) return false;
-    if (sortOf(entry) == Sort::Value) AdjustMode = AdjustMode ? 0 : 1;
-    if (sortOf(entry) == Sort::Step) stepByKey(entry);
-    return true;
+    switch (sortOf(entry)) {
+    case Sort::Value: AdjustMode = AdjustMode ? 0 : 1; return true;
+    case Sort::Step: stepByKey(entry); return true;
+    default: return false;
+    }
 }
 
 bool pressOnSingleEntry(int key) {
@@ -294,13 +296,12 @@ void PrepareBackgroundSwitcher(std::span<const std::uint8_t> bytes) {
     }
 }
 
-/// An event without a use waits on, until a key takes its place. One that comes while another is served is
-/// not lost: the event is taken back first.
+/// An event without a use waits on, until a key takes its place.
 void EncoderTick() {
-    const std::uint8_t event = EncoderEvent;
-    if (EncoderState == 0 || event == NoEncoderEvent) return;
-    EncoderEvent = NoEncoderEvent;
-    if (!serve(static_cast<EncoderKey>(event)) && EncoderEvent == NoEncoderEvent) EncoderEvent = event;
+    if (EncoderState == 0) return;
+    const std::uint8_t event = EncoderEvent.exchange(NoEncoderEvent);
+    if (event != NoEncoderEvent && !serve(static_cast<EncoderKey>(event)))
+        EncoderEvent.replace(NoEncoderEvent, event);
 }
 
 } // namespace panel

@@ -31,36 +31,13 @@ constexpr std::size_t Background = 11;
 constexpr std::size_t Thumb = 13;
 constexpr std::size_t Radius = 15;
 constexpr std::size_t HalfWidth = 17;
-constexpr std::size_t Lowest = 18;
-constexpr std::size_t Highest = 20;
-constexpr std::size_t StartAngle = 22;
-constexpr std::size_t EndAngle = 24;
-constexpr std::size_t ReadoutX = 26;
-constexpr std::size_t ReadoutY = 28;
-constexpr std::size_t IntegerDigits = 30;
-constexpr std::size_t DecimalDigits = 31;
-constexpr std::size_t Alignment = 32;
-constexpr std::size_t Font = 33;
-constexpr std::size_t Colour = 34;
-constexpr std::size_t FirstDigit = 37;
-constexpr std::size_t Mode = 41;
+constexpr std::size_t Scale = 18; // and the read-out
 constexpr std::size_t TouchFlag = 42;
 constexpr std::size_t OverlayGroup = 43;
 } // namespace field
 
 constexpr int HalfTurn = 180;
 constexpr int Snap = 9; // degrees beside an end that still count as the end
-
-RingReadout readoutOf(const Parameters& p) {
-    return {
-        .at = QPoint(p.u16(field::ReadoutX), p.u16(field::ReadoutY)) + PopupShift(),
-        .format = {.integerDigits = p.u8(field::IntegerDigits), .decimalDigits = p.u8(field::DecimalDigits)},
-        .alignment = static_cast<NumberAlignment>(p.u8(field::Alignment)),
-        .font = p.u8(field::Font),
-        .colour = p.u24(field::Colour),
-        .firstImage = p.u16(field::FirstDigit),
-        .mode = static_cast<ReadoutMode>(p.u8(field::Mode))};
-}
 
 std::int16_t valueOf(const RtouchRecord& row) { return static_cast<std::int16_t>(ReadWord(row.Address)); }
 
@@ -182,7 +159,7 @@ void letGo() {
     if (!RingActive || !row) return;
     RingActive = 0;
     TouchBusy = 0;
-    if (row->Notifies) SendVariable(row->Address);
+    if (row->Notifies && IsStoreWord(row->Address)) SendVariable(row->Address);
 }
 
 void redraw(RtouchRecord& row) {
@@ -203,11 +180,8 @@ void AddRtouch(const Parameters& p) {
             .Thumb = p.u16(field::Thumb),
             .Radius = p.u16(field::Radius),
             .HalfWidth = p.u8(field::HalfWidth),
-            .Scale = {.lowest = p.i16(field::Lowest),
-                      .highest = p.i16(field::Highest),
-                      .start = p.u16(field::StartAngle),
-                      .end = p.u16(field::EndAngle)},
-            .Readout = readoutOf(p),
+            .Scale = ReadRingScale(p, field::Scale),
+            .Readout = ReadRingReadout(p, field::Scale + RingScaleBytes),
             .Touchable = p.u8(field::TouchFlag) != 0,
             .OverlayGroup = p.u16(field::OverlayGroup)};
     constexpr int lastAngle = 359; // of a ring that has not been touched

@@ -3,19 +3,24 @@
 #include "graphics/image_blit.h"
 #include "graphics/primitives.h"
 #include "graphics/shapes.h"
+#include "imagekit/icon_widgets.h"
 #include "imagekit/touch_controls.h"
 #include "pages/page_switch.h"
+#include "pages/refresh.h"
+#include "readable_font.h"
 #include "touch_fixture.h"
 #include "widgets/display/sector.h"
 
+#include <algorithm>
 #include <cmath>
+#include <set>
 
 namespace panel {
 namespace {
 
 using namespace imagekit;
 
-constexpr std::uint16_t Value = 0x0100;
+constexpr std::uint16_t Value = 0x0100, Second = 0x0101;
 constexpr int Side = 81, Radius = 30, Middle = 60; // the centre of the ring on the panel
 
 class RtouchTest : public TouchTest {
@@ -26,12 +31,12 @@ protected:
         QImage picture(Side, Side, QImage::Format_ARGB32);
         for (int y = 0; y < Side; ++y)
             for (int x = 0; x < Side; ++x) picture.setPixel(x, y, qRgba(2 * x, 2 * y, 90, 120));
-        foreground = image.addPicture(Pixels{picture, format::PngAlpha});
+        foreground.push_back(image.addPicture(Pixels{picture, format::PngAlpha}));
         return {.Notify = true,
                 .Address = Value,
                 .X = Middle - Side / 2,
                 .Y = Middle - Side / 2,
-                .Foreground = foreground,
+                .Foreground = foreground.back(),
                 .Thumb = addPicture(Qt::green, 5, 5),
                 .Radius = Radius,
                 .HalfWidth = 6,
@@ -50,55 +55,133 @@ protected:
     void touch(QPoint at) { TouchPressed ? drag(at.x(), at.y()) : press(at.x(), at.y()); }
     int value() const { return static_cast<std::int16_t>(ReadWord(Value)); }
 
-    std::uint16_t foreground = 0;
+    std::vector<std::uint16_t> foreground; // of each ring
 };
 
-TEST_F(RtouchTest, FollowsTheFingerAroundTheRing) {
-    addRingPage().add(ring(0, 360));
+/// The angle of a place in plain words: an axis, or the first degree of the quadrant from the top on,
+/// clockwise, whose point of the ring is as near as its neighbours'.
+int plainAngle(QPoint at) {
+    const QPoint from = at - QPoint(Middle, Middle);
+    if (std::abs(from.x()) <= 1) return from.y() < 0 ? 180 : 0;
+    if (std::abs(from.y()) <= 1) return from.x() < 0 ? 90 : 270;
+    const auto distance = [from](int degrees) {
+        return std::hypot(static_cast<float>(from.x()) - Radius * SinDeg(degrees),
+                          static_cast<float>(from.y()) + Radius * CosDeg(degrees));
+    };
+    const bool left = from.x()<0, low = from.y()> 0;
+    int degrees = (left ? 180 : 0) + (left == low ? 0 : 90);
+    while (distance(degrees) > std::min(distance(degrees - 1), distance(degrees + 1))) ++degrees;
+    return left ? degrees - 180 : degrees + 180;
+}
+
+TEST_F(RtouchTest, FollowsTheFingerToEveryPixelOfItsBand) {
+    const Rtouch rings[] = {ring(0, 360), ring(60, 300, -500, 501), ring(20, 90, 32767, -32768)};
+    for (const Rtouch& r : rings) addRingPage().add(r);
     start();
-    for (int degrees = 5; degrees < 356; ++degrees) {
-        touch(onRing(degrees, 28 + degrees % 5));
-        // As near as pixels allow, and on an axis exactly.
-        EXPECT_NEAR(value(), degrees, degrees % 90 == 0 ? 0 : 2);
+    std::set<int> reached;
+    for (std::uint16_t page = 0; page < 3; ++page) {
+        const Rtouch& r = rings[page];
+        const int range = r.Highest - r.Lowest;
+        ShowPage(page);
+        touch(onRing(45)); // takes the press, which leaving the band does not give up
+        int expected = value();
+        for (int y = 0; y < 120; ++y)
+            for (int x = 0; x < 120; ++x) {
+                const QPoint at(x, y), from = at - QPoint(Middle, Middle);
+                const int distance = QPoint::dotProduct(from, from), angle = plainAngle(at);
+                touch(at);
+                if (distance >= 24 * 24 && distance <= 36 * 36) {
+                    if (angle >= r.StartAngle && angle <= r.EndAngle)
+                        expected = (angle - r.StartAngle) * range / (r.EndAngle - r.StartAngle) + r.Lowest;
+                    else if (angle > r.EndAngle && angle <= r.EndAngle + 9)
+                        expected = r.Highest;
+                    else if (angle < r.StartAngle && angle >= r.StartAngle - 9)
+                        expected = r.Lowest;
+                    reached.insert(angle);
+                }
+                ASSERT_EQ(value(), expected) << page << ": " << x << ", " << y;
+            }
+        const auto last = static_cast<std::uint16_t>(value());
+        letGo();
+        EXPECT_EQ(TakeSentFrames(), (Payloads{{0x41, 0x01, 0x00, static_cast<std::uint8_t>(last >> 8),
+                                               static_cast<std::uint8_t>(last)}}));
     }
-    letGo();
-    const auto last = static_cast<std::uint8_t>(value());
-    EXPECT_EQ(TakeSentFrames(),
-              (Payloads{{0x41, 0x01, 0x00, static_cast<std::uint8_t>(value() >> 8), last}}));
+    EXPECT_EQ(reached.size(), 344u) << "two degrees beside each axis are too narrow for a pixel";
 }
 
 TEST_F(RtouchTest, ShowsItsValueAsASectorWithTheThumbAtItsEnd) {
-    addRingPage().add(ring(30, 330, -100, 200));
+    Rtouch locked = ring(0, 360);
+    locked.Touchable = false;
+    addRingPage().add(locked);
+    addRingPage().add(ring(30, 330, -100, 100));
     start();
-    for (int shown = -120; shown <= 220; shown += 5) {
-        StoreWord(Value, static_cast<std::uint16_t>(shown));
-        run(300);
-        const int angle = shown <= -100 ? 30 : shown >= 200 ? 330 : 30 + (shown + 100) * 300 / 300;
-        CopySurfaceRect(PageBackground, {Middle - 40, Middle - 40, Side, Side}, WorkSurface, {0, 0});
-        BlitSector(TableImageRow(foreground), angle);
-        QImage expected = WorkSurface.copy(0, 0, Side, Side);
-        const QPoint thumb(int(40 - SinDeg(angle) * Radius - 2), int(40 + CosDeg(angle) * Radius - 2));
-        for (int y = 0; y < 5; ++y)
-            for (int x = 0; x < 5; ++x) expected.setPixel(thumb + QPoint(x, y), qRgb(0, 255, 0));
-        ASSERT_EQ(outputs.frame.copy(Middle - 40, Middle - 40, Side, Side), expected) << shown;
+    for (const std::uint16_t page : {0, 1}) {
+        ShowPage(page);
+        for (int shown = -120; shown <= 370; ++shown) {
+            StoreWord(Value, static_cast<std::uint16_t>(shown));
+            RefreshPageWidgets(page);
+            const int angle =
+                page == 0 ? std::clamp(shown, 0, 360) : 30 + (std::clamp(shown, -100, 100) + 100) * 300 / 200;
+            CopySurfaceRect(PageBackground, {Middle - 40, Middle - 40, Side, Side}, WorkSurface, {0, 0});
+            BlitSector(TableImageRow(foreground[page]), angle);
+            QImage expected = WorkSurface.copy(0, 0, Side, Side);
+            const QPoint thumb(static_cast<int>(40 - SinDeg(angle) * Radius - 2),
+                               static_cast<int>(40 + CosDeg(angle) * Radius - 2));
+            for (int i = 0; i < 25; ++i) expected.setPixel(thumb + QPoint(i % 5, i / 5), qRgb(0, 255, 0));
+            ASSERT_EQ(FrameSurface.copy(Middle - 40, Middle - 40, Side, Side), expected) << shown;
+        }
     }
+    StoreWord(Value, 360);
+    ShowPage(0);
+    const QImage first = FrameSurface.copy();
+    StoreWord(Value, 359);
+    ShowPage(0);
+    EXPECT_EQ(FrameSurface, first) << "a fresh ring stays a degree below the full turn";
 }
 
-TEST_F(RtouchTest, SnapsBesideItsEndsAndHasADeadZone) {
-    addRingPage().add(ring(60, 300, 0, 100));
+TEST_F(RtouchTest, CarriesAReadoutAndAGroupAlsoInAPopup) {
+    Rtouch r = ring(0, 360, -180, 180);
+    r.X = r.Y = 4;
+    r.ReadoutX = r.ReadoutY = 30;
+    r.Align = Alignment::Left;
+    r.Decimals = 1;
+    r.Font = image.addFont(ReadableFont());
+    r.Colour = 0xFF0000;
+    r.Readout = imagekit::RingReadout::Text;
+    r.OverlayGroup = 1;
+    const std::uint16_t off = addPicture(Qt::blue), on = addPicture(Qt::yellow);
+    for (const std::uint16_t side : {120, 100}) { // a page, and a pop-up on it
+        auto& page = image.addPage(Solid{side, side, Qt::darkGray});
+        page.add(r);
+        page.addToGroup(1,
+                        BitIcon{.ValueAddress = Second, .X = 10, .Y = 10, .ClearImage = off, .SetImage = on});
+    }
     start();
-    const struct {
-        int degrees, expected;
-    } cases[] = {{180, 50}, {305, 100}, {320, 100}, {350, 100}, {10, 100},
-                 {40, 100}, {57, 0},    {150, 37},  {45, 37}};
-    for (const auto& c : cases) {
-        touch(onRing(c.degrees));
-        EXPECT_NEAR(value(), c.expected, 1) << c.degrees;
+    for (const std::uint16_t moved : {0, 15}) {
+        PopupActive = moved ? 1 : 0;
+        PopupOriginX = PopupOriginY = moved;
+        if (moved) OpenPopup(1, moved, moved);
+        const int middle = 4 + Side / 2 + moved;
+        StoreWord(Second, 0);
+        touch({middle + Radius, middle});
+        EXPECT_EQ(value(), 90);
+        EXPECT_EQ(ReadText(FrameSurface, 30 + moved, 30 + moved, 0xFFFF0000), "9.0");
+        StoreWord(Second, 1);
+        RefreshPageWidgets(CurrentPage);
+        EXPECT_EQ(FrameSurface.pixelColor(12 + moved, 12 + moved), QColor(Qt::yellow)) << "while dragged too";
+        touch({middle - 20, middle + 20});
+        EXPECT_EQ(ReadText(FrameSurface, 30 + moved, 30 + moved, 0xFFFF0000), "-13.5");
+        letGo();
     }
 }
 
 TEST_F(RtouchTest, OnlyTheBandTakesAPressAndADragKeepsIt) {
-    addRingPage().add(ring(0, 360));
+    Rtouch beside = ring(0, 360);
+    beside.Address = Second;
+    beside.X = 100;
+    auto& page = addRingPage();
+    page.add(ring(0, 360));
+    page.add(beside);
     start();
     for (const int radius : {23, 37}) {
         touch({Middle + radius, Middle});
@@ -113,9 +196,13 @@ TEST_F(RtouchTest, OnlyTheBandTakesAPressAndADragKeepsIt) {
     touch({Middle, Middle - 36});
     EXPECT_EQ(value(), 180);
     StoreWord(Value, 12); // from outside, while a finger holds it
-    const QImage held = outputs.frame.copy();
+    QImage held = outputs.frame.copy();
     run(300);
     EXPECT_EQ(outputs.frame, held);
+    StoreWord(Second, 200); // of the ring beside it
+    run(300);
+    EXPECT_NE(outputs.frame, held);
+    held = outputs.frame.copy();
     letGo();
     StoreWord(Value, 13);
     run(300);
@@ -123,22 +210,29 @@ TEST_F(RtouchTest, OnlyTheBandTakesAPressAndADragKeepsIt) {
 }
 
 TEST_F(RtouchTest, ARingThatCannotTurnOrIsNonsenseChangesNothing) {
-    Rtouch same = ring(90, 90), flat = ring(0, 360, 7, 7), locked = ring(0, 360), wild = ring(0, 360);
+    Rtouch same = ring(90, 90), flat = ring(90, 270, 7, 7), locked = ring(0, 360), wild = ring(0, 360);
     locked.Touchable = false;
     wild.Foreground = 0xFFFE;
     wild.Radius = 0xFFFF;
     wild.HalfWidth = 255;
-    for (const Rtouch& r : {same, flat, locked, wild}) addRingPage().add(r);
-    wild.Foreground = foreground;
+    Rtouch nowhere = ring(0, 360);
+    nowhere.Address = 0xFFFF;
+    for (const Rtouch& r : {same, flat, locked, wild, nowhere}) addRingPage().add(r);
+    wild.Foreground = foreground.back();
     auto& crowd = addRingPage();
     for (int i = 0; i < 40; ++i) crowd.add(wild);
     image.setWord(Value, 55);
     start();
-    for (const std::uint16_t page : {0, 1, 2, 3, 4}) {
+    for (const std::uint16_t page : {0, 1, 2, 3, 4, 5}) {
         ShowPage(page);
+        if (page < 2) {
+            EXPECT_EQ(FrameSurface.pixelColor(onRing(90)), QColor(0, 255, 0)) << "at the start";
+        }
         for (int degrees = 0; degrees < 360; degrees += 20) touch(onRing(degrees));
+        TakeSentFrames();
         letGo();
         EXPECT_EQ(value(), 55) << page;
+        EXPECT_EQ(page == 4 ? TakeSentFrames() : Payloads(), Payloads()) << "no variable, no frame";
     }
     EXPECT_EQ(Rtouches.size(), 32u);
 }

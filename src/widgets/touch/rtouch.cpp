@@ -102,7 +102,8 @@ float distanceTo(const RtouchRecord& row, int degrees) {
 /// Whole degrees of the pointer's quadrant, of which the first is taken that is as near as its neighbours.
 std::optional<int> searchAngle(const RtouchRecord& row) {
     const QPoint at = fromCentre(row);
-    const bool left = at.x()<0, below = at.y()> 0;
+    const bool left = at.x() < 0;
+    const bool below = at.y() > 0;
     const int first = left ? (below ? 180 : 270) : (below ? 90 : 0);
     for (int degrees = first; degrees <= first + 90; ++degrees) {
         const float distance = distanceTo(row, degrees);

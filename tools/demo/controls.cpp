@@ -180,8 +180,9 @@ void addNavigation(Builder& controls) {
     for (std::uint16_t page = HomePage; page < layout::NavigationItems; ++page)
         for (std::uint16_t target = HomePage; target < layout::NavigationItems; ++target)
             if (target != page) addNavigationKey(controls, static_cast<PageId>(page), target);
-    for (std::uint16_t target = HomePage; target < layout::NavigationItems; ++target)
-        addNavigationKey(controls, GaugesPage, target);
+    for (const PageId page : {GaugesPage, EventsPage})
+        for (std::uint16_t target = HomePage; target < layout::NavigationItems; ++target)
+            addNavigationKey(controls, page, target);
 }
 
 void addHome(Builder& controls) {
@@ -253,6 +254,12 @@ void addEnergyAndService(Builder& controls) {
     controls.key(ServicePage, service::CircuitCard, CardRadius, imagekit::PageKey{.TargetPage = GaugesPage});
 }
 
+void addRooms(Builder& controls) {
+    const QPoint centre = layout::rooms::Centre;
+    for (const PageId page : {ThermostatPage, LivingRoomPage, BedroomPage, KitchenPage})
+        controls.captionsOnGauge(page, {centre - QPoint(110, 110), QSize(220, 260)});
+}
+
 void addSettings(Builder& controls) {
     using namespace layout::settings;
     const auto badge = [](const QRect& tile) { return QRect(tile.x() + 10, tile.y() + 21, 48, 48); };
@@ -317,6 +324,7 @@ void AddControls(imagekit::ImageBuilder& image, Texts& texts, const std::vector<
     addHeating(controls);
     addHotWater(controls);
     addEnergyAndService(controls);
+    addRooms(controls);
     addSchedule(controls);
     addSettings(controls);
     addPopups(controls);

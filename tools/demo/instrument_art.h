@@ -22,6 +22,7 @@ struct RingShape {
     int width;  // px
     int start = 0, end = 360;
     int height = 0; // 0: as wide
+    int margin = 2; // px around it, for a thumb that is wider
 };
 int RingSide(const RingShape& shape);
 QImage RingPicture(const RingShape& shape, const QBrush& brush);

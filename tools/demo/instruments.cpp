@@ -191,8 +191,8 @@ void addStatusClocks(imagekit::ImageBuilder& image) {
     const QSize size(4 * GlyphWidth("0", style) + GlyphWidth(":", style), LineHeight(style));
     QRect place({}, size);
     place.moveCenter(layout::Clock.center());
-    for (std::uint16_t page = HomePage; page <= GaugesPage; ++page)
-        if (page < layout::NavigationItems || page == GaugesPage)
+    for (std::uint16_t page = HomePage; page <= EventsPage; ++page)
+        if (page < layout::NavigationItems || page == GaugesPage || page == EventsPage)
             image.page(page).add(clockAt(place.topLeft(), glyphs, imagekit::ClockFormat::HoursAndMinutes));
 }
 

@@ -42,6 +42,7 @@ inline constexpr QRect Clock{688, 18, 92, 32};
 namespace home {
 inline constexpr QRect RoomCard = Span(Left, Top, 464, 368);
 inline constexpr QRect RoomName{124, 76, 240, 28};
+inline constexpr QRect Rooms{427, 80, 20, 20}; // the way to the ring and all rooms
 inline constexpr QPoint DialCentre{286, 222};
 inline constexpr int DialRadius = 102; // to the middle of the ring
 inline constexpr int DialWidth = 14;
@@ -169,6 +170,30 @@ inline constexpr QRect EfficiencyValue{668, 356, 96, 36};
 inline constexpr QRect MessageCard = Span(Left, 430, Right, Bottom);
 inline constexpr QRect Message{152, 434, 614, 26};
 } // namespace gauges
+
+/// A ring to turn, and rooms side by side.
+namespace rooms {
+inline constexpr QRect BackKey{24, 18, 48, 48};
+inline constexpr QRect RoomsKey{728, 18, 48, 48};
+inline constexpr QRect Title{200, 18, 400, 48};
+inline constexpr QRect ColderKey{132, 234, 64, 64};
+inline constexpr QRect WarmerKey{604, 234, 64, 64};
+inline constexpr QPoint Centre{400, 262};
+inline constexpr int Radius = 146, Width = 24;
+inline constexpr QRect Target{300, 212, 200, 70};
+inline constexpr QRect Measured{350, 352, 100, 34};
+constexpr QPoint Dot(int room) { return {372 + room * 24, 452}; }
+} // namespace rooms
+
+/// A list of messages that is longer than its window.
+namespace events {
+inline constexpr QRect Window{Left, Top, 652, 398};
+inline constexpr int Rows = 9, RowHeight = 76; // of the list's picture
+constexpr QRect Row(int index) { return QRect(0, index * RowHeight, Window.width(), RowHeight - 10); }
+constexpr QRect Switch(int index) { return QRect(Window.width() - 72, Row(index).y() + 19, 52, 28); }
+inline constexpr QRect Value{Window.width() - 110, Row(0).y() + 14, 80, 36};
+inline constexpr QRect Slider{Window.width() - 240, Row(1).y() + 30, 210, 8};
+} // namespace events
 
 namespace popup {
 inline constexpr int Shadow = 28; // px of shadow around the window

@@ -6,6 +6,7 @@
 #include "demo/keyboards.h"
 #include "demo/layout.h"
 #include "demo/live_values.h"
+#include "demo/motion.h"
 #include "demo/pages/pages.h"
 #include "demo/sounds.h"
 #include "demo/texts.h"
@@ -55,6 +56,8 @@ void addScenes(imagekit::Page& page) {
 void setMeasurements(imagekit::ImageBuilder& image) {
     image.setWord(words::RoomTemperature, 212);
     image.setWord(words::OutdoorTemperature, 74);
+    image.setWord(words::BedroomTemperature, 191);
+    image.setWord(words::KitchenTemperature, 208);
     image.setWord(words::Humidity, 48);
     image.setWord(words::WindSpeed, 31);
     image.setWord(words::SupplyTemperature, 348);
@@ -90,6 +93,9 @@ void setEnergy(imagekit::ImageBuilder& image) {
 
 void setChoices(imagekit::ImageBuilder& image) {
     image.setWord(words::RoomTarget, 215);
+    image.setWord(words::BedroomTarget, 185);
+    image.setWord(words::KitchenTarget, 205);
+    image.setWord(words::AlarmVolume, 60);
     image.setWord(words::Scene, words::Comfort);
     image.setWord(words::CurveSlope, 90);
     image.setWord(words::CurveShift, 2);
@@ -121,6 +127,7 @@ void addWidgets(imagekit::ImageBuilder& image, const std::vector<PaintedPage>& p
     texts.addFonts();
     AddControls(image, texts, pages);
     AddInstruments(image, nameFont);
+    AddMotion(image, pages);
     AddLiveValues(image, texts);
 }
 
@@ -145,7 +152,13 @@ std::vector<PaintedPage> PaintPages() {
             pageOf("keyboard-pressed", PaintTextKeyboard(true), format::RGB565),
             pageOf("chinese-keyboard", PaintChineseKeyboard(false), format::RGB565),
             pageOf("chinese-keyboard-pressed", PaintChineseKeyboard(true), format::RGB565),
-            pageOf("gauges", PaintGauges(), format::PngOpaque)};
+            pageOf("gauges", PaintGauges(), format::PngOpaque),
+            pageOf("thermostat", PaintThermostat(), format::PngOpaque),
+            pageOf("living-room", PaintRoom(0), format::PngOpaque),
+            pageOf("bedroom", PaintRoom(1), format::PngOpaque),
+            pageOf("kitchen", PaintRoom(2), format::PngOpaque),
+            pageOf("messages", PaintEvents(), format::RGB565),
+            pageOf("messages-list", PaintEventsList(), format::PngOpaque)};
 }
 
 imagekit::ImageBuilder BuildProject(const std::vector<PaintedPage>& pages) {

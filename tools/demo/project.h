@@ -32,6 +32,12 @@ enum PageId : std::uint16_t {
     ChineseKeyboardPage,
     ChineseKeyboardPressedPage,
     GaugesPage,
+    ThermostatPage, // a ring to turn
+    LivingRoomPage, // rooms, which slide into each other
+    BedroomPage,
+    KitchenPage,
+    EventsPage,
+    EventsList, // the picture that is dragged through the window of the page before
 };
 
 struct PaintedPage {

@@ -44,6 +44,10 @@ const Translation Translations[] = {
     {"Away", "外出"},
     {"Nobody home", "家中无人"},
     {"Live gauges", "实时仪表"},
+    {"Messages", "消息"},
+    {"Living area", "客厅"},
+    {"Bedroom", "卧室"},
+    {"Kitchen", "厨房"},
     {"Supply and return", "供水与回水"},
     // Heating circuit
     {"Plant", "系统"},

@@ -36,6 +36,8 @@ enum Word : std::uint16_t {
     ShareStandby,
     CompressorAngle, // of its gauge, degrees, and so is the next
     PressureAngle,
+    BedroomTemperature,
+    KitchenTemperature,
     WeekEnergy = 0x0140, // seven words from Monday, tenths of a kWh
 
     // Set by the user.
@@ -50,7 +52,11 @@ enum Word : std::uint16_t {
     ChildLock,
     AwayDays,
     BoostMinutes,
-    KeyTones,             // 0 or 1
+    KeyTones, // 0 or 1
+    BedroomTarget,
+    KitchenTarget,
+    AlarmVolume,
+    MenuEntry,            // of the settings, by the rotary encoder
     Numbers = 0x0240,     // 0, 1 and 2, for keys that copy one of them
     DayPrograms = 0x0250, // seven words from Monday: 0 comfort, 1 eco, 2 night
 
@@ -60,6 +66,7 @@ enum Word : std::uint16_t {
     BoostTimeLeft,
     BoostControl,        // as of a timer: 0 stopped, 1 counting, 2 hidden
     Motion,              // Direction of the values that move by themselves
+    EventsDone = 0x0310, // 0 or 1, a word an event
     ServicePin = 0x0320, // text of TextWords, and so are the following
     Greeting = 0x0340,   // in the language of the panel, and so is the next
     Weather = 0x0360,

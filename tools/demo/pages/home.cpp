@@ -65,7 +65,7 @@ void paintDialScale(Canvas& canvas) {
 
 void paintRoom(Canvas& canvas) {
     canvas.card(RoomCard);
-    canvas.icon(Icon::Thermometer, QRectF(RoomCard.right() - 37, RoomCard.y() + 14, 20, 20), colour::Muted);
+    canvas.icon(Icon::Thermometer, QRectF(Rooms), colour::Muted);
     paintDialGlow(canvas);
     strokeDial(canvas, DialRadius, colour::Track, layout::home::DialWidth);
     strokeDial(canvas, DialRadius + 10.5, coldToWarm(), 2.5);

@@ -13,6 +13,10 @@ Art PaintSchedule();
 Art PaintSettings();
 Art PaintService();
 Art PaintGauges();
+Art PaintThermostat();
+Art PaintRoom(int room); // 0 to 2
+Art PaintEvents();
+Art PaintEventsList();
 
 // Pop-ups: smaller than the screen, transparent around the window and its shadow.
 Art PaintAwayPopup();

@@ -52,7 +52,7 @@ QRect changedArea(const QImage& before, const QImage& after, int tolerance = 0) 
 
 TEST_F(DemoProject, HasEveryPageAsItWasPainted) {
     constexpr int Rounding = 4; // a 5-bit step
-    ASSERT_EQ(pages.size(), EventsList + 1u);
+    ASSERT_EQ(pages.size(), TipsList + 1u);
     for (std::uint16_t id = 0; id < pages.size(); ++id) {
         const bool isFull = id < AwayPopup || id == StandbyPage || id == GaugesPage;
         if (!isFull) continue;

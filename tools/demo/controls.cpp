@@ -180,7 +180,7 @@ void addNavigation(Builder& controls) {
     for (std::uint16_t page = HomePage; page < layout::NavigationItems; ++page)
         for (std::uint16_t target = HomePage; target < layout::NavigationItems; ++target)
             if (target != page) addNavigationKey(controls, static_cast<PageId>(page), target);
-    for (const PageId page : {GaugesPage, EventsPage})
+    for (const PageId page : {GaugesPage, EventsPage, TipsPage})
         for (std::uint16_t target = HomePage; target < layout::NavigationItems; ++target)
             addNavigationKey(controls, page, target);
 }
@@ -254,10 +254,11 @@ void addEnergyAndService(Builder& controls) {
     controls.key(ServicePage, service::CircuitCard, CardRadius, imagekit::PageKey{.TargetPage = GaugesPage});
 }
 
-void addRooms(Builder& controls) {
+void addRoomsAndTips(Builder& controls) {
     const QPoint centre = layout::rooms::Centre;
     for (const PageId page : {ThermostatPage, LivingRoomPage, BedroomPage, KitchenPage})
         controls.captionsOnGauge(page, {centre - QPoint(110, 110), QSize(220, 260)});
+    controls.key(EventsPage, layout::tips::Key, KeyRadius, imagekit::PageKey{.TargetPage = TipsPage});
 }
 
 void addSettings(Builder& controls) {
@@ -324,7 +325,7 @@ void AddControls(imagekit::ImageBuilder& image, Texts& texts, const std::vector<
     addHeating(controls);
     addHotWater(controls);
     addEnergyAndService(controls);
-    addRooms(controls);
+    addRoomsAndTips(controls);
     addSchedule(controls);
     addSettings(controls);
     addPopups(controls);

@@ -59,9 +59,7 @@ QImage DayBarPicture(QSize size) {
     return canvas.take().image;
 }
 
-int RingSide(const RingShape& shape) {
-    return 2 * (shape.radius + shape.width / 2 + shape.margin) + 1;
-}
+int RingSide(const RingShape& shape) { return 2 * (shape.radius + shape.width / 2 + shape.margin) + 1; }
 
 QImage RingPicture(const RingShape& shape, const QBrush& brush) {
     const int side = RingSide(shape);

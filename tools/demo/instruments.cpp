@@ -191,9 +191,11 @@ void addStatusClocks(imagekit::ImageBuilder& image) {
     const QSize size(4 * GlyphWidth("0", style) + GlyphWidth(":", style), LineHeight(style));
     QRect place({}, size);
     place.moveCenter(layout::Clock.center());
-    for (std::uint16_t page = HomePage; page <= EventsPage; ++page)
-        if (page < layout::NavigationItems || page == GaugesPage || page == EventsPage)
-            image.page(page).add(clockAt(place.topLeft(), glyphs, imagekit::ClockFormat::HoursAndMinutes));
+    const auto addTo = [&](std::uint16_t page) {
+        image.page(page).add(clockAt(place.topLeft(), glyphs, imagekit::ClockFormat::HoursAndMinutes));
+    };
+    for (std::uint16_t page = HomePage; page < layout::NavigationItems; ++page) addTo(page);
+    for (const std::uint16_t page : {GaugesPage, EventsPage, TipsPage}) addTo(page);
 }
 
 void addDialClock(imagekit::ImageBuilder& image) {

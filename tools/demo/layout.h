@@ -195,6 +195,14 @@ inline constexpr QRect Value{Window.width() - 110, Row(0).y() + 14, 80, 36};
 inline constexpr QRect Slider{Window.width() - 240, Row(1).y() + 30, 210, 8};
 } // namespace events
 
+/// Cards that follow each other around.
+namespace tips {
+inline constexpr QRect Key{480, 18, 112, 36}; // on the page of messages
+inline constexpr QRect Window = Content;
+inline constexpr int Cards = 5, CardWidth = 236;
+constexpr QRect Card(int index) { return QRect(index * CardWidth + 6, 0, CardWidth - 12, Window.height()); }
+} // namespace tips
+
 namespace popup {
 inline constexpr int Shadow = 28; // px of shadow around the window
 inline constexpr QSize Picture{452, 316};

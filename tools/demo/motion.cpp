@@ -52,8 +52,8 @@ RoomArt addRoomArt(imagekit::ImageBuilder& image, KeyArt& art) {
     colours.setColorAt(0.4, colour::Warm);
     colours.setColorAt(0.875, colour::Cool);
     return {image.addPicture(imagekit::Pixels{RingPicture(shape, colours), format::PngAlpha}),
-            art.withAlpha(SliderThumb(ThumbSize)), addDigits(image, TargetStyle), addDigits(image, MeasuredStyle),
-            RingSide(shape)};
+            art.withAlpha(SliderThumb(ThumbSize)), addDigits(image, TargetStyle),
+            addDigits(image, MeasuredStyle), RingSide(shape)};
 }
 
 imagekit::Rtouch ringOf(const Room& room, const RoomArt& art) {
@@ -208,12 +208,19 @@ void addMessages(imagekit::ImageBuilder& image, KeyArt& art) {
     for (int i = 2; i < Rows; ++i) addSwitchOnList(page, art, i);
 }
 
+void addTips(imagekit::ImageBuilder& image) {
+    image.page(TipsPage).add(imagekit::SlidingList{.Window = AreaOf(layout::tips::Window),
+                                                   .ListPage = TipsList,
+                                                   .Mode = imagekit::ListMode::EndlessHorizontal});
+}
+
 /// The bell of each page leads to the messages, the thermometer of the living room to its ring.
 void addWays(imagekit::ImageBuilder& image, KeyArt& art) {
     const auto around = [](const QRect& icon) { return icon.adjusted(-10, -10, 10, 10); };
     for (std::uint16_t page = HomePage; page < layout::NavigationItems; ++page)
         addKey(image.page(page), art, around(layout::Bell), EventsPage);
-    addKey(image.page(GaugesPage), art, around(layout::Bell), EventsPage);
+    for (const PageId page : {GaugesPage, TipsPage})
+        addKey(image.page(page), art, around(layout::Bell), EventsPage);
     addKey(image.page(HomePage), art, around(layout::home::Rooms), ThermostatPage);
 }
 
@@ -253,6 +260,7 @@ void AddMotion(imagekit::ImageBuilder& image, const std::vector<PaintedPage>& pa
     KeyArt art(image, pages);
     addRooms(image, art);
     addMessages(image, art);
+    addTips(image);
     addWays(image, art);
     addSettingsMenu(image);
 }

@@ -158,7 +158,9 @@ std::vector<PaintedPage> PaintPages() {
             pageOf("bedroom", PaintRoom(1), format::PngOpaque),
             pageOf("kitchen", PaintRoom(2), format::PngOpaque),
             pageOf("messages", PaintEvents(), format::RGB565),
-            pageOf("messages-list", PaintEventsList(), format::PngOpaque)};
+            pageOf("messages-list", PaintEventsList(), format::PngOpaque),
+            pageOf("tips", PaintTips(), format::RGB565),
+            pageOf("tips-list", PaintTipsList(), format::PngOpaque)};
 }
 
 imagekit::ImageBuilder BuildProject(const std::vector<PaintedPage>& pages) {

@@ -38,6 +38,8 @@ enum PageId : std::uint16_t {
     KitchenPage,
     EventsPage,
     EventsList, // the picture that is dragged through the window of the page before
+    TipsPage,
+    TipsList, // likewise, around without an end
 };
 
 struct PaintedPage {

@@ -45,6 +45,7 @@ const Translation Translations[] = {
     {"Nobody home", "家中无人"},
     {"Live gauges", "实时仪表"},
     {"Messages", "消息"},
+    {"Tips", "小贴士"},
     {"Living area", "客厅"},
     {"Bedroom", "卧室"},
     {"Kitchen", "厨房"},

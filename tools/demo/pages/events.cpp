@@ -40,7 +40,11 @@ void paintEvent(Canvas& canvas, int index) {
 
 } // namespace
 
-Art PaintEvents() { return PageCanvas(Place::Home, "Messages").take(); }
+Art PaintEvents() {
+    PageCanvas canvas(Place::Home, "Messages");
+    canvas.labelKey(layout::tips::Key, "Tips", colour::Raised, colour::Text);
+    return canvas.take();
+}
 
 Art PaintEventsList() {
     Canvas canvas({Window.width(), Rows * RowHeight - 10}, colour::Ground);

@@ -17,6 +17,8 @@ Art PaintThermostat();
 Art PaintRoom(int room); // 0 to 2
 Art PaintEvents();
 Art PaintEventsList();
+Art PaintTips();
+Art PaintTipsList();
 
 // Pop-ups: smaller than the screen, transparent around the window and its shadow.
 Art PaintAwayPopup();

@@ -5,6 +5,7 @@
 #include "graphics/shapes.h"
 #include "graphics/text.h"
 #include "imagekit/font.h"
+#include "imagekit/touch_controls.h"
 #include "pages/page_switch.h"
 #include "panel_test.h"
 #include "store/curve_samples.h"
@@ -177,6 +178,10 @@ protected:
     static QRect boxOf(const Textroll& t) { return {QPoint(t.X1, t.Y1), QPoint(t.X2, t.Y2)}; }
     QImage shown(const Textroll& t) const { return outputs.frame.copy(boxOf(t)); }
 
+    /// A plain page goes on outside the panel.
+    static QRgb behind(QPoint at) {
+        return PageBackground.rect().contains(at) ? PageBackground.pixel(at) : PageBackground.pixel(0, 0);
+    }
     /// The view by a strip that is drawn anew, with the page behind the columns that show.
     static QImage viewPlainly(const Textroll& t, const std::string& text, int stripWidth, int textX,
                               int position) {
@@ -185,8 +190,7 @@ protected:
         for (int i = 0; i < box.width(); ++i)
             for (int y = 0; y < box.height(); ++y)
                 strip.setPixel((position + i) % stripWidth, y,
-                               t.Opaque ? 0xFF000000 | t.BackColour
-                                        : PageBackground.pixel(box.x() + i, box.y() + y));
+                               t.Opaque ? 0xFF000000 | t.BackColour : behind(box.topLeft() + QPoint(i, y)));
         std::swap(WorkSurface, strip);
         const TextStyle style{.font = {.encoding = Encoding::Ascii,
                                        .address = TableFont(t.Font).address,
@@ -297,6 +301,39 @@ TEST_F(TextrollTest, EachHasItsSpeedAndStandsStillUnderAnEntry) {
     OpenEntryRect.reset();
     run(20);
     EXPECT_EQ(Textrolls.at(0)->Position, 13);
+}
+
+TEST_F(TextrollTest, RollsOnAListThatIsLargerThanThePanel) {
+    Textroll wide = roll();
+    wide.InList = true;
+    wide.X2 = wide.X1 + 149;
+    wide.Y1 = 100;
+    wide.Y2 = 116;
+    const std::string text = "a text that is much, much too long";
+    QImage list(400, 150, QImage::Format_RGB32);
+    list.fill(Qt::darkRed);
+    for (const bool opaque : {false, true}) {
+        wide.Opaque = opaque;
+        auto& rolling = image.addPage(PlainPage(Screen, Qt::cyan));
+        rolling.add(wide);
+        rolling.add(SlidingList{.Window = {0, 0, 59, 29}, .ListPage = 2});
+    }
+    image.addPage(Pixels{list, format::PngOpaque});
+    boot(image);
+    for (const std::uint16_t page : {0, 1}) {
+        show(page, text);
+        wide.Opaque = page == 1;
+        const int strip = widthOf(wide, text) + wide.Gap;
+        TextrollRow& row = *Textrolls.at(0);
+        row.Position = 0;
+        for (int step = 0; step < strip; ++step) {
+            const int position = step + 150 > strip ? 0 : step; // a view that wraps shows the beginning
+            StepTextroll(row);
+            ASSERT_EQ(ListSurfaceA.copy(boxOf(wide)), viewPlainly(wide, text, strip, 0, position)) << step;
+        }
+        EXPECT_EQ(WorkSurface.size(), QSize(Screen.Width, Screen.Height));
+        EXPECT_EQ(ListSurfaceA.pixel(160, 105), QColor(Qt::darkRed).rgb()) << "the list beside it";
+    }
 }
 
 TEST_F(TextrollTest, NonsenseDrawsWithinThePanel) {

@@ -1,6 +1,7 @@
 #include "widgets/display/textroll.h"
 
 #include "graphics/font.h"
+#include "graphics/image_blit.h"
 #include "graphics/primitives.h"
 #include "graphics/surfaces.h"
 #include "host/config_block.h"
@@ -128,11 +129,18 @@ int shownPosition(const TextrollRow& row, int position) {
     return row.InList && wraps ? 0 : position;
 }
 
-void composeView(const TextrollRow& row, const StripText& text, int textX, int position) {
+/// On a list the page goes on outside the panel as its picture does.
+void composeBackdrop(const TextrollRow& row) {
     if (row.Style.opaque)
         FillWorkRect({{0, 0}, row.Box.size()}, row.Style.backColour);
+    else if (row.InList)
+        BlitPage({0, 0}, row.Box);
     else
         BackdropToWork(row.Box, 0);
+}
+
+void composeView(const TextrollRow& row, const StripText& text, int textX, int position) {
+    composeBackdrop(row);
     const std::uint8_t depth = FontReader(row.Style.font).depthCode();
     const GlyphPainter painter(row.Style, depth);
     paintText(row, painter, text, textX - position);
@@ -165,10 +173,39 @@ void takeParameters(TextrollRow& row, const Parameters& p) {
     row.Gap = p.u16(field::Gap);
 }
 
+/// Makes room on the WorkSurface for a view that is wider than the panel, as one on a list may be, and gives
+/// it back its size in the end. No larger than the list.
+class RoomForView {
+public:
+    explicit RoomForView(const TextrollRow& row) {
+        if (!row.InList) return;
+        const QSize room = row.Box.size().boundedTo(ListSurfaceA.size());
+        if (room.width() <= WorkSurface.width()) return;
+        panelSized_ = QImage(room.boundedTo({room.width(), WorkSurface.height()}), WorkSurface.format());
+        panelSized_.fill(Qt::transparent);
+        WorkSurface.swap(panelSized_);
+    }
+    ~RoomForView() {
+        if (!panelSized_.isNull()) WorkSurface.swap(panelSized_);
+    }
+    RoomForView(const RoomForView&) = delete;
+    RoomForView& operator=(const RoomForView&) = delete;
+
+private:
+    QImage panelSized_{}; // null while the WorkSurface is that itself
+};
+
+bool showView(TextrollRow& row, int position) {
+    const RoomForView room(row);
+    if (!DrawTextrollStrip(row, position)) return false;
+    LandWork(row.Box, row.InList);
+    return true;
+}
+
 void startTextroll(TextrollRow& row, const Parameters& p) {
     takeParameters(row, p);
     setTextOf(row) = {};
-    if (IsStoreWord(row.TextAddress) && DrawTextrollStrip(row, 0)) LandWork(row.Box, row.InList);
+    if (IsStoreWord(row.TextAddress)) showView(row, 0);
 }
 
 } // namespace
@@ -195,8 +232,7 @@ bool DrawTextrollStrip(TextrollRow& row, int position) {
 void StepTextroll(TextrollRow& row) {
     const QRect& box = row.Box;
     if (OverlapsOpenEntry(box.x(), box.y(), box.width() - 1, box.height() - 1)) return;
-    if (!DrawTextrollStrip(row, row.Position)) return;
-    LandWork(box, row.InList);
+    if (!showView(row, row.Position)) return;
     if (++row.Position >= row.StripWidth) row.Position = 0;
 }
 

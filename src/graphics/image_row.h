@@ -41,6 +41,9 @@ struct ImageRow {
 
 inline constexpr std::uint32_t ImageRowBytes = 12;
 
+/// In a record in place of an index of the image table.
+inline constexpr std::uint16_t NoImage = 0xFFFF;
+
 /// The row at a byte address of the image.
 ImageRow ReadImageRow(std::uint32_t address);
 /// The background picture of a page below PageCount; no picture for any other.

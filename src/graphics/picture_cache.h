@@ -57,7 +57,9 @@ private:
     std::unordered_map<PictureKey, std::list<Entry>::iterator, KeyHash> places_;
 };
 
-inline constexpr std::size_t PictureCacheBytes = std::size_t{64} << 20;
+/// A widget draws two pictures over each other, and both have to stay: else each redraw decodes both.
+inline constexpr std::size_t PictureCacheBytes = std::size_t{136} << 20;
+static_assert(PictureCacheBytes > 2 * sizeof(QRgb) * LargestPicturePixels);
 inline PictureCache DecodedPictures(PictureCacheBytes);
 
 /// DecodePng() and DecodeZipImage() by way of the cache.

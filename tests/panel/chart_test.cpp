@@ -204,8 +204,7 @@ protected:
         for (std::size_t i = 0; i < text.size(); ++i) {
             const TextUnit unit =
                 reader.unitAt({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, i);
-            if (unit.kind == TextUnit::Kind::LineBreak && (y += t.GlyphHeight) + t.GlyphHeight > box.height())
-                break;
+            if (unit.kind == TextUnit::Kind::LineBreak && (y += t.GlyphHeight) > box.height()) break;
             if (unit.kind == TextUnit::Kind::Character)
                 DrawGlyphAt(style, reader.depthCode(), {textX, y}, unit.width, unit.glyph);
             textX += unit.width;

@@ -38,7 +38,7 @@ void blitSectorPlainly(const ImageRow& image, int angle) {
     const auto eighth = [&](int left, int top, int right, int bottom, int ex, int ey) {
         for (int y = top; y <= bottom; ++y)
             for (int x = left; x <= right; ++x)
-                if ((ey - c) * (x - c) >= (y - c) * (ex - c)) block(x, y, 1, 1);
+                if (!SideOfLine(c, c, ex, ey, x, y)) block(x, y, 1, 1);
     };
     if (angle > 90 && angle <= 180) block(0, c + 1, half, h / 2);
     if (angle > 180 && angle < 360) block(0, 0, half, h);

@@ -83,7 +83,7 @@ void DrawAnalogClock(const AnalogClockRow& row) {
     const QRect area(row.X, row.Y, row.Face.Width, row.Face.Height);
     if (!DrawsSomething(row.Face) || OverlapsOpenEntry(area.x(), area.y(), area.width(), area.height()))
         return;
-    if (row.Face.showsWhatIsBehind()) BackdropToWork(area, row.InList);
+    BackdropToWork(area, row.InList);
     BlitToWork(row.Face, {0, 0});
     const QPoint centre(row.Face.Width / 2, row.Face.Height / 2);
     drawHands(row, centre);

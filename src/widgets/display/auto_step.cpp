@@ -32,6 +32,9 @@ constexpr std::size_t Notify = 0x29;
 
 constexpr std::uint8_t Down = 0, Up = 1;
 
+/// Counts the pages that the table has been filled for.
+std::uint32_t Pages = 0;
+
 /// A value of 64 bits counts as one of 32 when the low half looks negative.
 std::int64_t fromHalves(std::uint64_t value) {
     const auto low = static_cast<std::int32_t>(value);
@@ -126,7 +129,10 @@ void AddAutoStep(const Parameters& p) {
     AutoStepTable.commit();
 }
 
-void ForgetAutoSteps() { AutoStepTable.clear(); }
+void ForgetAutoSteps() {
+    AutoStepTable.clear();
+    ++Pages;
+}
 
 void RefreshAutoStep(std::uint16_t /*page*/, const Parameters& p, bool blockChanged) {
     AutoStepRow* row = AutoStepTable.at(AutoStepCursor);
@@ -141,11 +147,12 @@ void CountAutoStepTicks() {
 
 void AutoStepTick() {
     if (AutoStepTable.empty() || !AutoStepFlag.exchange(0)) return;
-    // By index, since a step may bring another page and other rows.
-    for (std::size_t i = 0; AutoStepRow* row = AutoStepTable.at(i); ++i) {
-        if (row->TickCount < row->settings.Period) continue;
-        row->TickCount = 0;
-        StepAutoValue(*row);
+    const std::uint32_t page = Pages;
+    for (AutoStepRow& row : AutoStepTable.rows()) {
+        if (row.TickCount < row.settings.Period) continue;
+        row.TickCount = 0;
+        StepAutoValue(row);
+        if (Pages != page) return; // the step has brought another page, whose rows wait for the next tick
     }
 }
 

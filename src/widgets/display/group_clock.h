@@ -3,8 +3,8 @@
 //
 // The camera picture comes on the main thread, which cannot walk the engine's streams. While the camera runs,
 // the engine hands over in every cycle where the clocks of its group stand; the main thread draws them with
-// the time it has itself just counted. One lock guards the hand-over and the OverlaySurface, and is held only
-// to copy a few rows or to draw a few digits.
+// the time it has itself just counted. One lock guards the hand-over and the OverlaySurface, and is held
+// to copy a few rows or to draw a few digits, whose pictures are decoded at the first time.
 #pragma once
 
 #include "pages/parameters.h"

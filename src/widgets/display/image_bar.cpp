@@ -23,8 +23,6 @@ constexpr std::size_t BackY = 0x14;
 constexpr std::size_t BackImage = 0x16;
 } // namespace field
 
-constexpr std::uint16_t NoImage = 0xFFFF;
-
 enum class Growth : std::uint8_t { Right = 0, Left = 1, Down = 2, Up = 3 };
 
 /// The part of `length` px that the value fills; nothing where the limits leave no room between them.

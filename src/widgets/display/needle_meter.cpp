@@ -84,7 +84,7 @@ void restoreFrame(QRect area) { CopySurfaceRect(PageBackground, area, FrameSurfa
 
 // The number beside the needle.
 
-/// 32 bits are signed in any case, and 64 are not shown.
+/// 32 bits are signed in any case, and 64 count as 0.
 NumericValue digitsValue(const NeedleMeterSettings& s) {
     constexpr std::uint8_t longType = 0x02;
     switch (s.DigitsType & ~TypeSignedBit) {
@@ -92,6 +92,17 @@ NumericValue digitsValue(const NeedleMeterSettings& s) {
     case 0x01: return ReadNumeric(s.DigitsValue, s.DigitsType);
     case longType: return ReadNumeric(s.DigitsValue, longType | TypeSignedBit);
     default: return {};
+    }
+}
+
+/// What is shown is no longer a change.
+void syncDigits(const NeedleMeterSettings& s) {
+    const std::size_t offset = 2 * std::size_t{s.DigitsValue};
+    switch (s.DigitsType & ~TypeSignedBit) {
+    case 0x00: return SyncBytes(offset + 1, 1);
+    case 0x01: return SyncBytes(offset, 2);
+    case 0x02: return SyncBytes(offset, 4);
+    default: return;
     }
 }
 
@@ -112,7 +123,7 @@ void drawDigits(NeedleMeterRow& row) {
     const NeedleMeterSettings& s = row.settings;
     if (!s.Digits || !IsStoreWord(s.DigitsValue)) return;
     const NumericValue value = digitsValue(s);
-    SyncBytes(2 * std::size_t{s.DigitsValue}, ValueFrameBytes(s.DigitsType));
+    syncDigits(s);
     const GlyphPictures glyphs = NumberGlyphs(PictureNumberText(value, s.Format).view(), s.FirstDigit);
     const QPoint at(digitsStart(s, glyphs.width()), s.DigitsAt.y());
     if (isOnFrame(s))
@@ -175,16 +186,26 @@ void drawCapsule(QPoint a, QPoint b, int radius, std::uint32_t colour) {
 }
 
 /// Two halves, which can differ in colour.
-void drawTriangles(const Outline& o, const NeedleMeterSettings& s) {
+Outline drawTriangles(const NeedleMeterRow& row) {
+    const NeedleMeterSettings& s = row.settings;
+    const Outline o = outlineOf(row);
     fillTriangle(o.sideA, o.tip, o.tail, s.ColourB);
     fillTriangle(o.sideB, o.tip, o.tail, s.ColourA);
+    return o;
 }
 
-void smoothEdges(const Outline& o, const NeedleMeterSettings& s) {
+void drawSmoothTriangles(const NeedleMeterRow& row) {
+    const NeedleMeterSettings& s = row.settings;
+    const Outline o = drawTriangles(row);
     drawCapsule(o.sideA, o.tip, 1, s.ColourB);
     drawCapsule(o.sideA, o.tail, 1, s.ColourB);
     drawCapsule(o.tip, o.sideB, 1, s.ColourA);
     drawCapsule(o.sideB, o.tail, 1, s.ColourA);
+}
+
+void drawStroke(const NeedleMeterRow& row) {
+    const Outline o = outlineOf(row);
+    drawCapsule(o.tip, o.tail, row.settings.HalfWidth, row.settings.ColourA);
 }
 
 // Needles that are pictures.
@@ -225,24 +246,22 @@ void drawImageOnFrame(NeedleMeterRow& row) {
 }
 
 void drawNeedle(NeedleMeterRow& row) {
-    const NeedleMeterSettings& s = row.settings;
-    const Outline outline = outlineOf(row);
-    switch (s.Kind) {
-    case NeedleKind::Triangles: return drawTriangles(outline, s);
-    case NeedleKind::SmoothTriangles: drawTriangles(outline, s); return smoothEdges(outline, s);
-    case NeedleKind::Image: return drawImage(row);
-    case NeedleKind::Stroke: return drawCapsule(outline.tip, outline.tail, s.HalfWidth, s.ColourA);
-    case NeedleKind::ImageOnFrame: return drawImageOnFrame(row);
+    switch (row.settings.Kind) {
+    case NeedleKind::Triangles: drawTriangles(row); break;
+    case NeedleKind::SmoothTriangles: drawSmoothTriangles(row); break;
+    case NeedleKind::Image: drawImage(row); break;
+    case NeedleKind::Stroke: drawStroke(row); break;
+    case NeedleKind::ImageOnFrame: drawImageOnFrame(row); break;
     }
 }
 
 void drawDial(const NeedleMeterSettings& s) {
     BackdropToWork(s.Area, 0);
-    if (s.Dial != NoDial) BlitToWork(TableImageRow(s.Dial), {0, 0});
+    if (s.Dial != NoImage) BlitToWork(TableImageRow(s.Dial), {0, 0});
 }
 
 void drawCover(const NeedleMeterSettings& s) {
-    if (s.Cover == NoDial) return;
+    if (s.Cover == NoImage) return;
     const ImageRow cover = TableImageRow(s.Cover);
     BlitToWork(cover, s.Centre - QPoint(cover.Width / 2, cover.Height / 2) - s.Area.topLeft());
 }

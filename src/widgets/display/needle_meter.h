@@ -2,6 +2,7 @@
 // hub. Engine thread, but for the counting of ticks.
 #pragma once
 
+#include "graphics/image_row.h"
 #include "pages/parameters.h"
 #include "store/row_table.h"
 #include "store/shared.h"
@@ -27,13 +28,13 @@ enum class NeedleKind : std::uint8_t {
 /// What a record tells. Places are px on the panel; an open pop-up does not move them.
 struct NeedleMeterSettings {
     std::uint16_t Value = 0; // word address of the angle, whole degrees
-    std::uint16_t Dial = 0;  // picture; NoDial: the page
+    std::uint16_t Dial = 0;  // picture; NoImage: the page
     QRect Area{};
     QPoint Centre{};
     std::uint16_t Lowest = 0, Highest = 0; // of the value
     std::uint16_t Step = 0;                // degrees per move, and values per picture
     bool Smooth = false;                   // the needle walks to a new value
-    std::uint16_t Cover = 0;               // picture; NoDial: none
+    std::uint16_t Cover = 0;               // picture; NoImage: none
     bool Digits = false;
     std::uint16_t DigitsValue = 0; // word address
     std::uint8_t DigitsType = 0;
@@ -49,7 +50,6 @@ struct NeedleMeterSettings {
     std::uint32_t ColourB = 0;
     std::uint16_t FirstNeedle = 0; // picture
 };
-inline constexpr std::uint16_t NoDial = 0xFFFF;
 
 /// One widget of the page.
 struct NeedleMeterRow {

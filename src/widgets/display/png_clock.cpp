@@ -75,7 +75,7 @@ void DrawClock(ClockRow& row, bool eraseTail) {
     const int height = heightOf(glyphs);
     if (OverlapsOpenEntry(row.X, row.Y, widthOf(glyphs), height)) return;
     int width = draw(row, glyphs, 0);
-    if (layout->isWeekday()) return; // its pictures are of one size
+    if (layout->isWeekday()) return; // which neither erases a tail nor tells a width
     if (layout->hasGap()) {
         if (eraseTail) erase(row, width, {Gap, height});
         width += Gap;

@@ -34,6 +34,7 @@ void DisplayRingGauge(const Parameters& p) {
     const QRect area(at, QSize(foreground.Width, foreground.Height));
     const std::uint16_t value = ReadWord(address);
     DrawRingBackground(p.u16(field::Background), area);
+    CurrentImage = foreground; // a compressed background has left its height there
     BlitSector(foreground, ReadRingScale(p, field::Scale).angleOf(value)); // here the value has no sign
     DrawRingReadout(ReadRingReadout(p, field::Scale + RingScaleBytes), area,
                     static_cast<std::int16_t>(value));

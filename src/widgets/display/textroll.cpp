@@ -35,29 +35,7 @@ constexpr std::size_t Gap = 0x1E;
 constexpr std::size_t Opaque = 0x20;
 } // namespace field
 
-constexpr std::uint8_t Centred = 1, Right = 2; // alignments
-constexpr int LongestUnit = 2;                 // bytes of a character
-
-/// The characters of a text as they stand in the strip.
-struct StripText {
-    struct Character {
-        int x, y;  // px from the beginning of the text, whose first line is at 0
-        int width; // px
-        std::uint32_t glyph;
-    };
-
-    std::vector<std::uint8_t> bytes{}; // and those behind it that tell its end
-    std::vector<Character> characters{};
-    int width = 0; // px
-};
-
-/// The texts of the rows as they were set last, by the index of the row. A text is set again only when it has
-/// changed.
-std::array<StripText, Textrolls.Capacity> SetTexts;
-
-StripText& setTextOf(const TextrollRow& row) {
-    return SetTexts[static_cast<std::size_t>(&row - Textrolls.rows().data())];
-}
+constexpr int LongestUnit = 2; // bytes of a character
 
 std::vector<std::uint8_t> readText(std::uint16_t address, std::size_t count) {
     std::vector<std::uint8_t> bytes(count);
@@ -65,7 +43,7 @@ std::vector<std::uint8_t> readText(std::uint16_t address, std::size_t count) {
     return bytes;
 }
 
-StripText setText(const TextrollRow& row) {
+StripText laidOut(const TextrollRow& row) {
     const FontReader font(row.Style.font);
     StripText text{.bytes = readText(row.TextAddress, StoreByteCount - 2 * std::size_t{row.TextAddress})};
     std::size_t at = 0;
@@ -82,10 +60,12 @@ StripText setText(const TextrollRow& row) {
     return text;
 }
 
-const StripText& currentText(const TextrollRow& row) {
-    StripText& text = setTextOf(row);
-    if (text.bytes.empty() || text.bytes != readText(row.TextAddress, text.bytes.size())) text = setText(row);
-    return text;
+bool textChanged(const TextrollRow& row) {
+    const std::vector<std::uint8_t>& bytes = row.Text.bytes;
+    const std::size_t start = 2 * std::size_t{row.TextAddress};
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        if (ReadByte(start + i) != bytes[i]) return true;
+    return bytes.empty();
 }
 
 /// Decides whether a text of that width rolls. Returns the width of its strip, and where it begins there.
@@ -97,28 +77,27 @@ Strip layStrip(TextrollRow& row, int textWidth) {
     const bool fits = textWidth <= width && textWidth + row.Gap <= width;
     row.Rolling = !fits || row.RollAlways;
     if (row.Rolling) return {std::max(textWidth, width) + row.Gap, 0};
-    switch (row.Style.anchor) {
-    case Centred: return {width, (width - textWidth) / 2};
-    case Right: return {width, width - textWidth};
+    switch (row.Align) {
+    case NumberAlignment::Centre: return {width, (width - textWidth) / 2};
+    case NumberAlignment::Right: return {width, width - textWidth};
     default: return {width, 0};
     }
 }
 
 bool isTooLarge(int stripWidth, int height) {
-    constexpr std::int64_t mostBytes = 80000;
-    return SmallChip() && std::int64_t{2} * stripWidth * height > mostBytes;
+    return SmallChip() && SmallChipHeight(stripWidth, height) < height;
 }
 
 /// Paints the text that begins at column `x` of the view, as far as the view shows it.
-void paintText(const TextrollRow& row, const GlyphPainter& painter, const StripText& text, int x) {
-    const int height = row.Style.font.height;
-    const int top = (row.Box.height() - 1 - height) / 2;
+void paintText(const TextrollRow& row, const GlyphPainter& painter, int x) {
+    const std::vector<StripText::Character>& characters = row.Text.characters;
+    const int top = (row.Box.height() - 1 - row.Style.font.height) / 2;
     const int right = std::min(row.Box.width(), WorkSurface.width());
     const auto first = std::ranges::partition_point(
-        text.characters, [x](const StripText::Character& c) { return x + c.x + c.width <= 0; });
-    for (auto c = first; c != text.characters.end() && x + c->x < right; ++c) {
+        characters, [x](const StripText::Character& c) { return x + c.x + c.width <= 0; });
+    for (auto c = first; c != characters.end() && x + c->x < right; ++c) {
         const int y = top + c->y;
-        if (c->y != 0 && y + height > row.Box.height()) return;
+        if (c->y != 0 && y > row.Box.height()) return;
         painter.paint(WorkSurface, {x + c->x, y}, c->width, c->glyph);
     }
 }
@@ -139,13 +118,13 @@ void composeBackdrop(const TextrollRow& row) {
         BackdropToWork(row.Box, 0);
 }
 
-void composeView(const TextrollRow& row, const StripText& text, int textX, int position) {
+void composeView(const TextrollRow& row, int textX, int position) {
     composeBackdrop(row);
     const std::uint8_t depth = FontReader(row.Style.font).depthCode();
     const GlyphPainter painter(row.Style, depth);
-    paintText(row, painter, text, textX - position);
+    paintText(row, painter, textX - position);
     if (position + row.Box.width() > row.StripWidth)
-        paintText(row, painter, text, textX - position + row.StripWidth);
+        paintText(row, painter, textX - position + row.StripWidth);
 }
 
 /// Size and encoding are the record's own, whatever the font tells.
@@ -155,7 +134,6 @@ TextStyle styleOf(const Parameters& p) {
     font.height = p.u8(field::GlyphHeight);
     font.encoding = static_cast<Encoding>(p.u8(field::Encoding));
     return {.font = font,
-            .anchor = p.u8(field::Alignment),
             .colour = p.u24(field::Colour),
             .backColour = p.u24(field::BackColour),
             .opaque = p.u8(field::Opaque) != 0};
@@ -168,6 +146,7 @@ void takeParameters(TextrollRow& row, const Parameters& p) {
     row.TextAddress = p.u16(field::Text);
     row.Box = {first + PopupShift(), last + PopupShift()};
     row.Style = styleOf(p);
+    row.Align = static_cast<NumberAlignment>(p.u8(field::Alignment));
     row.RollAlways = p.u8(field::RollAlways) != 0;
     row.Speed = p.u8(field::Speed);
     row.Gap = p.u16(field::Gap);
@@ -204,7 +183,6 @@ bool showView(TextrollRow& row, int position) {
 
 void startTextroll(TextrollRow& row, const Parameters& p) {
     takeParameters(row, p);
-    setTextOf(row) = {};
     if (IsStoreWord(row.TextAddress)) showView(row, 0);
 }
 
@@ -221,11 +199,11 @@ void DisplayTextroll(const Parameters& p) {
 void ForgetTextrolls() { Textrolls.clear(); }
 
 bool DrawTextrollStrip(TextrollRow& row, int position) {
-    const StripText& text = currentText(row);
-    const Strip strip = layStrip(row, text.width);
+    if (textChanged(row)) row.Text = laidOut(row);
+    const Strip strip = layStrip(row, row.Text.width);
     if (isTooLarge(strip.width, row.Box.height())) return false;
     row.StripWidth = strip.width;
-    composeView(row, text, strip.textX, shownPosition(row, position));
+    composeView(row, strip.textX, shownPosition(row, position));
     return true;
 }
 

@@ -7,20 +7,36 @@
 #include "pages/parameters.h"
 #include "store/row_table.h"
 #include "store/shared.h"
+#include "widgets/display/number_record.h"
 
 #include <QRect>
 
 #include <cstddef>
 #include <cstdint>
+#include <vector>
 
 namespace panel {
 
-/// One widget of the page. A row whose text lies outside the store stays empty.
+/// A text as it stands in its strip: laid out once, and again when its bytes have changed.
+struct StripText {
+    struct Character {
+        int x, y;  // px from the beginning of the text, whose first line is at 0
+        int width; // px
+        std::uint32_t glyph;
+    };
+
+    std::vector<std::uint8_t> bytes{}; // and those behind it that tell its end
+    std::vector<Character> characters{};
+    int width = 0; // px
+};
+
+/// One widget of the page. One whose text lies outside the store is never drawn.
 struct TextrollRow {
     std::uint8_t InList = 0;
     std::uint16_t TextAddress = 0;
-    QRect Box{};             // px on the panel
-    TextStyle Style{};       // its anchor is the alignment of a text that stands still
+    QRect Box{}; // px on the panel
+    TextStyle Style{};
+    NumberAlignment Align{}; // of a text that stands still
     bool RollAlways = false; // also a text that fits
     std::uint8_t Speed = 0;  // ticks of 10 ms per px
     std::uint16_t Gap = 0;   // px between the end of the text and its repetition
@@ -28,6 +44,7 @@ struct TextrollRow {
     int Position = 0;              // column of the strip at the left edge of the box
     int StripWidth = 0;            // px
     Shared<std::uint8_t> Ticks{0}; // since the last step
+    StripText Text{};
 };
 
 /// The rolling texts of the page on show, in stream order; a page holds at most 5.

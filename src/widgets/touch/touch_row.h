@@ -14,9 +14,8 @@ inline constexpr std::uint16_t FamilyMask = 0xB0FF;
 /// Of a type word: the widget tells the host of its actions.
 inline constexpr std::uint16_t NotifyFlag = 0x4000;
 
-/// In a record in place of a page, an image, or a position that the pointer can reach.
+/// In a record in place of a page, or a position that the pointer can reach.
 inline constexpr std::uint16_t NoPage = 0xFFFF;
-inline constexpr std::uint16_t NoImage = 0xFFFF;
 inline constexpr std::uint16_t NoPosition = 0xFFFF;
 
 /// Type word and rectangle of a touch widget.

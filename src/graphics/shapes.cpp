@@ -193,11 +193,16 @@ void DrawCapsule(float ax, float ay, float bx, float by, float r, std::uint32_t 
     const int width = WorkSurface.width(), height = WorkSurface.height();
     const int yLow = first(height, std::min(ay, by) - r), yHigh = last(height, std::max(ay, by) + r);
     const int xLow = first(width, std::min(ax, bx) - r), xHigh = last(width, std::max(ax, bx) + r);
+    WorkPen pen(word);
     for (int y = yLow; y <= yHigh; ++y) {
         for (int x = xLow; x <= xHigh; ++x) {
             const float distance =
                 CapsuleDistance(static_cast<float>(x), static_cast<float>(y), ax, ay, bx, by, r);
-            PlotCoverage(x, y, std::max(std::min(0.5F - distance, 1.0F), 0.0F), word);
+            const float coverage = 0.5F - distance;
+            if (coverage >= 1.0F)
+                pen.plot(x, y);
+            else
+                PlotCoverage(x, y, std::max(coverage, 0.0F), word);
         }
     }
 }

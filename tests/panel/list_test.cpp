@@ -118,6 +118,44 @@ TEST_F(ListTest, AnEndlessListHasNoSeam) {
     }
 }
 
+TEST_F(ListTest, OnATurnedPanelTheOtherAxisBeginsTheDrag) {
+    PanelConfig turned = Large;
+    turned.Rotate = 1;
+    image = ImageBuilder(turned);
+    listOf(imagekit::ListMode::Vertical, 30, 101);
+    addLargePage().add(
+        SlidingList{.Window = WindowArea, .ListPage = 1, .Mode = imagekit::ListMode::EndlessVertical});
+    start();
+    press(88, 88);
+    drag(88, 61);
+    EXPECT_EQ(ListDragging, 0);
+    drag(62, 61);
+    ASSERT_EQ(ListDragging, 1);
+    drag(62, 85); // the first move takes up where the other axis began
+    drag(62, 65);
+    EXPECT_EQ(window(), listFrom(0, ListShown));
+    EXPECT_GT(ListShown, 0);
+    endDrag();
+    ShowPage(2);
+    press(88, 88);
+    drag(62, 62);
+    EXPECT_EQ(ListDragging, 0) << "an endless list cannot be dragged there";
+}
+
+TEST_F(ListTest, ASwipeWinsOverTheListItBeginsOn) {
+    listOf(imagekit::ListMode::Vertical, 30, 101);
+    image.page(0).add(SwipeGesture{.Up = {2, 0}});
+    addLargePage();
+    start();
+    dragBy(20);
+    letGo();
+    EXPECT_EQ(CurrentPage, 0) << "46 pixels are no swipe";
+    cycles(1);
+    dragBy(30);
+    letGo();
+    EXPECT_EQ(CurrentPage, 2);
+}
+
 TEST_F(ListTest, ItsKeysMoveWithItAndADragTakesTheirPress) {
     listOf(imagekit::ListMode::Vertical, 30, 101);
     const std::uint16_t normal = addPicture(Qt::green), pressed = addPicture(Qt::red);

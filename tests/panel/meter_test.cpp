@@ -159,6 +159,21 @@ TEST_F(MeterTest, ARingGaugeMapsItsValueAndReadsItOut) {
     }
 }
 
+TEST_F(MeterTest, ARingLandsInTheSizeOfItsForeground) {
+    const PanelConfig config{.Width = 64, .Height = 48};
+    ImageBuilder image(config);
+    QImage back(30, 40, QImage::Format_RGB32);
+    back.fill(Qt::red);
+    const std::uint16_t background = image.addPicture(Pixels{back, format::ZipImage});
+    const std::uint16_t ring = image.addPicture(Pixels{noise(30, 20), format::PngAlpha});
+    image.addPage(PlainPage(config, Qt::white))
+        .add(RingGauge{.ValueAddress = Value, .X = 4, .Y = 4, .Foreground = ring, .Background = background});
+    boot(image);
+    cycles(1);
+    EXPECT_EQ(pixel(20, 22), qRgb(255, 0, 0));
+    EXPECT_EQ(pixel(20, 24), qRgb(255, 255, 255)) << "whatever height a compressed background has";
+}
+
 NeedleMeter meterOf(Needle kind) {
     return {.ValueAddress = Value,
             .X = 8,

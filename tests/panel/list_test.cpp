@@ -97,6 +97,9 @@ TEST_F(ListTest, APressIsATapWithin25PixelsAndOutsideTheWindow) {
     EXPECT_EQ(ListPosition, 20) << "a drag goes on outside";
     endDrag();
     EXPECT_EQ(ListShown, 20);
+    dragBy(62);
+    endDrag();
+    EXPECT_EQ(TouchBusy, 0) << "also when it ends at the edge of the panel";
 }
 
 TEST_F(ListTest, AnEndlessListHasNoSeam) {

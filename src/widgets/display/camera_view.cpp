@@ -14,10 +14,7 @@ namespace {
 
 namespace field {
 constexpr std::size_t Control = 5;
-constexpr std::size_t X1 = 7;
-constexpr std::size_t Y1 = 9;
-constexpr std::size_t X2 = 0x0B;
-constexpr std::size_t Y2 = 0x0D;
+constexpr std::size_t Corners = 7;
 constexpr std::size_t PictureMode = 0x0F;
 constexpr std::size_t Group = 0x17;
 } // namespace field
@@ -54,9 +51,9 @@ ReadyCamera CameraToShow() {
 }
 
 void ShowCameraView(const Parameters& p) {
-    const QPoint first(p.u16(field::X1), p.u16(field::Y1)), last(p.u16(field::X2), p.u16(field::Y2));
-    const ReadyCamera camera{
-        .rect = QRect(first, last), .pictureMode = p.u8(field::PictureMode), .group = p.u16(field::Group)};
+    const ReadyCamera camera{.rect = ReadCorners(p, field::Corners),
+                             .pictureMode = p.u8(field::PictureMode),
+                             .group = p.u16(field::Group)};
     CameraAddress = p.u16(field::Control);
     resumeCamera();
     CameraOnPage = 1;

@@ -13,10 +13,7 @@ namespace panel {
 namespace {
 
 namespace field {
-constexpr std::size_t X1 = 5;
-constexpr std::size_t Y1 = 7;
-constexpr std::size_t X2 = 9;
-constexpr std::size_t Y2 = 0x0B;
+constexpr std::size_t Corners = 5;
 constexpr std::size_t BaseOffset = 0x0D;
 constexpr std::size_t BaseValue = 0x0F;
 constexpr std::size_t Scale = 0x11;
@@ -28,14 +25,9 @@ constexpr std::size_t Thickness = 0x18;
 
 constexpr std::uint8_t LeftToRightFlag = 0x80;
 
-QRect areaOf(const Parameters& p) {
-    const QPoint first(p.u16(field::X1), p.u16(field::Y1)), last(p.u16(field::X2), p.u16(field::Y2));
-    return {first + PopupShift(), last + PopupShift()};
-}
-
 CurveRow rowOf(const Parameters& p) {
     const std::uint8_t channel = p.u8(field::Channel);
-    return {.Area = areaOf(p),
+    return {.Area = ReadCorners(p, field::Corners).translated(PopupShift()),
             .BaseOffset = p.u16(field::BaseOffset),
             .BaseValue = p.u16(field::BaseValue),
             .Scale = p.u16(field::Scale),

@@ -117,7 +117,7 @@ void HandOverCameraClocks(std::uint16_t page, std::uint16_t group, QPoint corner
         if (kind.displayInGroup == DisplayClockInGroup) found.push_back(placedClock(p, corner));
     });
     const std::lock_guard lock(OverlayLock);
-    CameraClocks = found;
+    CameraClocks.swap(found);
 }
 
 QImage DrawGroupClocksOnly(QImage cameraPicture) {

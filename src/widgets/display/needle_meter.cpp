@@ -80,8 +80,6 @@ NeedleMeterSettings settingsOf(const Parameters& p) {
 
 bool isOnFrame(const NeedleMeterSettings& s) { return s.Kind == NeedleKind::ImageOnFrame; }
 
-void restoreFrame(QRect area) { CopySurfaceRect(PageBackground, area, FrameSurface, area.topLeft()); }
-
 // The number beside the needle.
 
 /// 32 bits are signed in any case, and 64 count as 0.
@@ -112,7 +110,7 @@ int digitsStart(const NeedleMeterSettings& s, int width) {
 }
 
 void drawDigitsOnFrame(NeedleMeterRow& row, const GlyphPictures& glyphs, QPoint at) {
-    if (row.LastDigitsArea.x() < at.x()) restoreFrame(row.LastDigitsArea);
+    if (row.LastDigitsArea.x() < at.x()) CopyBackgroundToFrame(row.LastDigitsArea);
     const int width = DrawGlyphs(glyphs, FrameSurface, at, Backdrop::Page);
     int height = 0;
     for (const ImageRow& picture : glyphs.pictures()) height = std::max<int>(height, picture.Height);
@@ -239,7 +237,7 @@ void drawImageOnFrame(NeedleMeterRow& row) {
     const int number = imageOf(row);
     const auto [pixels, at] = needleImage(row.settings, number);
     if (!pixels.hasPicture()) return;
-    if (number != row.LastImage) restoreFrame(row.LastImageArea);
+    if (number != row.LastImage) CopyBackgroundToFrame(row.LastImageArea);
     DrawImage(FrameSurface, at, pixels, Backdrop::Page);
     row.LastImage = number;
     row.LastImageArea = {at, QSize(pixels.Width, pixels.Height)};

@@ -11,6 +11,10 @@ bool BlitToWork(const ImageRow& image, QPoint at) {
     return true;
 }
 
+void CopyBackgroundToFrame(QRect rect) {
+    CopySurfaceRect(PageBackground, rect, FrameSurface, rect.topLeft());
+}
+
 void BackdropToWork(QRect rect, std::uint8_t inList) {
     CopySurfaceRect(inList ? ListSurfaceB : PageBackground, rect, WorkSurface, {0, 0});
 }

@@ -3,10 +3,12 @@
 
 #include "graphics/image_blit.h"
 #include "host/config_block.h"
+#include "pages/parameters.h"
 
 #include <QPoint>
 #include <QRect>
 
+#include <cstddef>
 #include <cstdint>
 
 namespace panel {
@@ -16,6 +18,14 @@ inline QPoint PopupShift() { return PopupActive == 1 ? QPoint(PopupOriginX, Popu
 
 /// Puts the page's background back on the FrameSurface.
 inline void RestoreBackground(QRect rect) { RestoreFrameRect(rect.topLeft(), PageImage, rect, DisplayWidth); }
+
+/// The same from the clean copy of it, pixel by pixel.
+void CopyBackgroundToFrame(QRect rect);
+
+/// The rectangle whose first and last pixel a record names, x and y of each, from an offset on.
+inline QRect ReadCorners(const Parameters& p, std::size_t at) {
+    return {QPoint(p.u16(at), p.u16(at + 2)), QPoint(p.u16(at + 4), p.u16(at + 6))};
+}
 
 /// Draws a whole picture at `at` on the WorkSurface, over what is there. Returns false when there was nothing
 /// to draw.

@@ -18,10 +18,7 @@ namespace {
 
 namespace field {
 constexpr std::size_t Text = 5;
-constexpr std::size_t X1 = 7;
-constexpr std::size_t Y1 = 9;
-constexpr std::size_t X2 = 0x0B;
-constexpr std::size_t Y2 = 0x0D;
+constexpr std::size_t Corners = 7;
 constexpr std::size_t Font = 0x11;
 constexpr std::size_t GlyphWidth = 0x12;
 constexpr std::size_t GlyphHeight = 0x13;
@@ -140,11 +137,10 @@ TextStyle styleOf(const Parameters& p) {
 }
 
 void takeParameters(TextrollRow& row, const Parameters& p) {
-    const QPoint first(p.u16(field::X1), p.u16(field::Y1)), last(p.u16(field::X2), p.u16(field::Y2));
     row = {};
     row.InList = p.inList();
     row.TextAddress = p.u16(field::Text);
-    row.Box = {first + PopupShift(), last + PopupShift()};
+    row.Box = ReadCorners(p, field::Corners).translated(PopupShift());
     row.Style = styleOf(p);
     row.Align = static_cast<NumberAlignment>(p.u8(field::Alignment));
     row.RollAlways = p.u8(field::RollAlways) != 0;

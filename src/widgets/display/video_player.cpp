@@ -3,6 +3,7 @@
 #include "store/variable_store.h"
 #include "widgets/display/media.h"
 #include "widgets/display/media_files.h"
+#include "widgets/display/placement.h"
 
 #include <mutex>
 
@@ -11,10 +12,7 @@ namespace {
 
 namespace field {
 constexpr std::size_t Number = 5;
-constexpr std::size_t X1 = 7;
-constexpr std::size_t Y1 = 9;
-constexpr std::size_t X2 = 0x0B;
-constexpr std::size_t Y2 = 0x0D;
+constexpr std::size_t Corners = 7;
 constexpr std::size_t Mode = 0x0F;
 } // namespace field
 
@@ -44,9 +42,8 @@ void ForgetReadyVideo() {
 }
 
 void ShowVideo(const Parameters& p) {
-    const QPoint first(p.u16(field::X1), p.u16(field::Y1)), last(p.u16(field::X2), p.u16(field::Y2));
     const ReadyVideo video{.file = FindMediaFile("Video", MediaNumber(p.u16(field::Number))),
-                           .rect = QRect(first, last),
+                           .rect = ReadCorners(p, field::Corners),
                            .mode = p.u8(field::Mode)};
     {
         const std::lock_guard lock(VideoLock);

@@ -20,10 +20,7 @@ namespace panel {
 namespace {
 
 namespace field {
-constexpr std::size_t X0 = 5;
-constexpr std::size_t Y0 = 7;
-constexpr std::size_t X1 = 9;
-constexpr std::size_t Y1 = 11;
+constexpr std::size_t Window = 5;
 constexpr std::size_t ListPage = 14;
 constexpr std::size_t Mode = 16;
 constexpr std::size_t BarAtRest = 22;
@@ -95,7 +92,7 @@ void drawVerticalBar(const ImageRow& image, int position) {
     const int x = ListWindow.right() + 1 + Bar.offset, viewLength = ListWindow.height();
     const int hidden = ListH - viewLength, way = viewLength - Bar.size.height() - 2 * Bar.margin;
     const QRect column(x, ListWindow.top(), Bar.size.width(), viewLength);
-    CopySurfaceRect(PageBackground, column, FrameSurface, column.topLeft());
+    CopyBackgroundToFrame(column);
     const int moved = hidden == 0 ? 0 : static_cast<int>(std::int64_t{way} * position / hidden);
     drawBarAt(image, {x, ListWindow.top() + Bar.margin + moved});
 }
@@ -119,6 +116,7 @@ bool pointerIsInWindow() { return ListWindow.contains(TouchX, TouchY); }
 void endDrag() {
     if (ListDragging) {
         ListDragging = 0;
+        if (ListStart == 0) TouchBusy = 0; // the drag ended at the edge of the panel, which reads as no press
         DrawListBar(ListShown);
     } else if (ListStart != 0) {
         ListStart = 0;
@@ -180,7 +178,7 @@ void followFinger() {
 } // namespace
 
 void AddSlidingList(const Parameters& p) {
-    ListWindow = {QPoint(p.u16(field::X0), p.u16(field::Y0)), QPoint(p.u16(field::X1), p.u16(field::Y1))};
+    ListWindow = ReadCorners(p, field::Window);
     ListMode = p.u8(field::Mode);
     Bar = {.atRest = p.u16(field::BarAtRest),
            .moving = p.u16(field::BarMoving),

@@ -65,7 +65,7 @@ void swipe(Direction direction) {
 void AddSwipeGesture(const Parameters& p) {
     constexpr std::size_t firstTarget = 3, targetBytes = 4;
     GestureActive = 1;
-    Settings.notifies = p.typeWord() == NotifyFlag + 0x8000;
+    Settings.notifies = p.typeWord() == ((p.typeWord() & FamilyMask) | NotifyFlag);
     for (std::size_t i = 0; i < Settings.targets.size(); ++i) {
         const std::size_t at = firstTarget + targetBytes * i;
         Settings.targets[i] = {p.u16(at), p.u16(at + 2)};

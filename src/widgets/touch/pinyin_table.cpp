@@ -7,8 +7,6 @@
 namespace panel {
 namespace {
 
-constexpr std::uint32_t IndexRows = 420; // sorted by their letters
-constexpr std::size_t RowBytes = 16;
 constexpr std::size_t OffsetField = 7; // big-endian, in units of two bytes
 constexpr std::size_t CountField = 9;  // big-endian
 
@@ -19,9 +17,9 @@ std::uint16_t bigEndian(std::span<const std::uint8_t> row, std::size_t at) {
 } // namespace
 
 PinyinCandidates FindCandidates(std::span<const std::uint8_t> letters, PinyinCandidates before) {
-    for (std::uint32_t index = 0; index < IndexRows; ++index) {
-        const auto row = FlashBytes(Sections.PinyinTable + RowBytes * index, RowBytes);
-        if (row.size() < RowBytes) return before;
+    for (std::uint32_t index = 0; index < PinyinIndexRows; ++index) {
+        const auto row = FlashBytes(Sections.PinyinTable + PinyinRowBytes * index, PinyinRowBytes);
+        if (row.size() < PinyinRowBytes) return before;
         if (letters[0] < row[0]) return {};
         if (std::ranges::equal(letters, row.first(letters.size())))
             return {.offset = 2u * bigEndian(row, OffsetField), .count = bigEndian(row, CountField)};

@@ -8,6 +8,10 @@
 
 namespace panel {
 
+// The index at the start of the table, sorted by letters.
+inline constexpr std::uint32_t PinyinIndexRows = 420;
+inline constexpr std::uint32_t PinyinRowBytes = 16;
+
 inline constexpr std::size_t MostLetters = 6;
 inline constexpr std::size_t CandidatesOnPage = 8;
 inline constexpr std::size_t CandidatePageBytes = 2 * CandidatesOnPage; // GBK, two bytes each

@@ -22,6 +22,9 @@ struct PinyinCandidates {
     std::uint16_t count = 0;  // 0: there are none
 };
 
+/// Those of the row of the index at a byte address of the image.
+PinyinCandidates ReadPinyinRow(std::uint32_t address);
+
 /// The candidates of the first syllable that begins with the letters, of which there is at least one. Letters
 /// behind the whole index leave `before`: the panel then goes on showing what it showed.
 PinyinCandidates FindCandidates(std::span<const std::uint8_t> letters, PinyinCandidates before);

@@ -121,7 +121,7 @@ std::optional<ZipHead> ReadZipHead(std::uint32_t address) {
     return head;
 }
 
-std::uint64_t ZipBytes(std::uint32_t address, const ZipHead& head) {
+std::uint64_t ZipPictureBytes(std::uint32_t address, const ZipHead& head) {
     std::uint64_t bytes = HeadBytes + std::uint64_t{SegmentEntryBytes} * head.SegmentCount;
     for (std::uint32_t i = 0; i < head.SegmentCount; ++i)
         bytes += ReadU24(address + HeadBytes + SegmentEntryBytes * i);

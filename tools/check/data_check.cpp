@@ -5,6 +5,7 @@
 #include "graphics/png_image.h"
 #include "graphics/raw_picture.h"
 #include "graphics/zip_image.h"
+#include "host/config_block.h"
 #include "host/flash_image.h"
 #include "pages/language_strings.h"
 #include "store/language.h"
@@ -103,7 +104,8 @@ void DataCheck::checkPictureRow(std::uint16_t index, int language, std::uint32_t
     ImageRow row = TableImageRow(index);
     if ((language > 0 && row == first) || row.Format == format::None) return;
     const std::uint32_t rows = Sections.ImageCount * static_cast<std::uint32_t>(language) + index;
-    const Place place = rowAt("picture", index, Sections.ImageTable + ImageRowBytes * rows, language);
+    const Place place = rowAt(dataHead == 0 ? "picture" : "needle picture", index,
+                              Sections.ImageTable + ImageRowBytes * rows, language);
     row.Address += dataHead;
     if (row.hasPicture())
         checkPicture(place, row);
@@ -112,7 +114,8 @@ void DataCheck::checkPictureRow(std::uint16_t index, int language, std::uint32_t
 }
 
 void DataCheck::checkPicture(const Place& place, const ImageRow& row) {
-    if (++pictures_ > MostPictures) return;
+    if (++pictures_ == MostPictures) findings_.warning(place, "the pictures from here on were not looked at");
+    if (pictures_ >= MostPictures) return;
     if (row.Width == 0 || row.Height == 0)
         findings_.warning(place, "it is %u x %u pixels large", unsigned{row.Width}, unsigned{row.Height});
     else if (row.Format == format::PngOpaque || row.Format == format::PngAlpha)
@@ -137,7 +140,7 @@ void DataCheck::checkZip(const Place& place, const ImageRow& row) {
     const auto head = ReadZipHead(row.Address);
     if (!head || head->Mode < zip_mode::Opaque || head->Mode > zip_mode::Alpha)
         findings_.error(place, "there is no compressed picture at 0x%08x", row.Address);
-    else if (!checkRange(place, row.Address, ZipBytes(row.Address, *head)))
+    else if (!checkRange(place, row.Address, ZipPictureBytes(row.Address, *head)))
         return;
     else if (head->Width != row.Width || head->Height != row.Height)
         findings_.warning(place, "it tells %u x %u pixels, and its data %u x %u", unsigned{row.Width},
@@ -145,6 +148,7 @@ void DataCheck::checkZip(const Place& place, const ImageRow& row) {
 }
 
 void DataCheck::checkRaw(const Place& place, const ImageRow& row) {
+    if (ColourMode > 1) return; // the head is to blame
     const std::uint64_t bytes = RawPictureBytes(row.Width, row.Height, row.Format);
     if (bytes == 0)
         findings_.error(place, "the panel draws no picture of format %u here", unsigned{row.Format});

@@ -36,14 +36,18 @@ struct Place {
 };
 
 /// Takes findings. So that a broken image cannot flood anybody, a page lists so many of them and then tells
-/// how many there are beside, and so do all rows of a table together.
+/// how many there are beside, and so do all rows of a table together. A check of many pages gives up when
+/// there are too many in all.
 class Findings {
 public:
     static constexpr int MostOfSubject = 40;
+    static constexpr int MostInAll = 20000;
 
     // The message is made as by printf().
     [[gnu::format(printf, 3, 4)]] void error(const Place& place, const char* format, ...);
     [[gnu::format(printf, 3, 4)]] void warning(const Place& place, const char* format, ...);
+
+    bool areTooMany() const { return report_.errors + report_.warnings >= MostInAll; }
 
     /// Everything so far; nothing may be added afterwards.
     Report finish();

@@ -21,7 +21,11 @@ using namespace panel;
 
 // Numbers of words of the section table.
 constexpr std::uint32_t PageTableCountWord = 3, PageCountWord = 9;
-constexpr std::uint32_t FontCountWord = 5, SequenceCountWord = 11;
+constexpr std::uint32_t FontCountWord = 5, SequenceCountWord = 11, LanguagePresetCountWord = 21;
+
+// Offsets of settings in their block.
+constexpr std::uint32_t ColourFormatSetting = 7, RotationSetting = 8, SizeSetting = 16, StartPageSetting = 56,
+                        CheckWordSetting = 0xEC;
 
 /// A table that the head names by its address, in one word, and by the number of its rows, in another.
 struct Table {
@@ -37,7 +41,7 @@ constexpr Table Tables[] = {
     {"table of page pictures", 8, PageCountWord, ImageRowBytes},
     {"sequence table", 10, SequenceCountWord, SequenceRowBytes},
     {"picture table", 12, 13, ImageRowBytes, true},
-    {"table of language presets", 20, 21, LanguagePresetRowBytes},
+    {"table of language presets", 20, LanguagePresetCountWord, LanguagePresetRowBytes},
     {"group stream table", 22, PageCountWord, GroupRowBytes},
     {"string table", 24, 25, StringRowBytes, true},
     {"table of page presets", 28, PageCountWord, PagePresetRowBytes},
@@ -79,24 +83,26 @@ void checkPageCounts(Findings& findings) {
         findings.warning(headAt(4 * PageTableCountWord), "the page table counts %u pages, the head %u",
                          Sections.PageTableCount, Sections.PageCount);
     if (StartPage >= Sections.PageCount && Sections.PageCount != 0)
-        findings.error(settingAt(56), "start page %u does not exist (the image has %u)", unsigned{StartPage},
-                       Sections.PageCount);
+        findings.error(settingAt(StartPageSetting), "start page %u does not exist (the image has %u)",
+                       unsigned{StartPage}, Sections.PageCount);
 }
 
 void checkSettings(Findings& findings) {
     const ConfigBlock config = ReadConfigBlock();
     const auto isSide = [](int pixels) { return pixels > 0 && pixels <= LargestPanelSide; };
     if (!isSide(config.XSIZE) || !isSide(config.YSIZE))
-        findings.error(settingAt(16), "there is no panel of %u x %u pixels", unsigned{config.XSIZE},
+        findings.error(settingAt(SizeSetting), "there is no panel of %u x %u pixels", unsigned{config.XSIZE},
                        unsigned{config.YSIZE});
     if (config.RGBIF > 1)
-        findings.error(settingAt(7), "the panel knows no colour format %u", unsigned{config.RGBIF});
+        findings.error(settingAt(ColourFormatSetting), "the panel knows no colour format %u",
+                       unsigned{config.RGBIF});
     if (config.Rotate > 3)
-        findings.warning(settingAt(8), "a rotation of %u quarter turns is not one of 0 to 3",
+        findings.warning(settingAt(RotationSetting), "a rotation of %u quarter turns is not one of 0 to 3",
                          unsigned{config.Rotate});
     if (Sections.LanguagePresetCount != 0
         && Sections.LanguagePresetCount < static_cast<std::uint32_t>(LanguageBlocks()))
-        findings.error(headAt(4 * 21), "the image has presets of %u languages, and %d languages",
+        findings.error(headAt(4 * LanguagePresetCountWord),
+                       "the image has presets of %u languages, and %d languages",
                        Sections.LanguagePresetCount, LanguageBlocks());
 }
 
@@ -120,7 +126,7 @@ void CheckHead(Findings& findings) {
     IllegalImage = 0;
     CheckImageIntegrity();
     if (IllegalImage)
-        findings.error(settingAt(0xEC), "the check words are wrong, the panel refuses the image");
+        findings.error(settingAt(CheckWordSetting), "the check words are wrong, the panel refuses the image");
     checkSettings(findings);
     checkPageCounts(findings);
     checkInitialVariables(findings);

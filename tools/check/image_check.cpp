@@ -20,13 +20,15 @@ Report CheckImage(const std::optional<QString>& mediaDirectory) {
     DataCheck data(findings, *usage);
 
     CheckHead(findings);
-    const std::uint32_t pages = WholePageRows();
-    for (std::uint32_t number = 0; number < pages; ++number) {
-        const auto page = static_cast<std::uint16_t>(number);
-        data.checkPageImage(page);
-        PageCheck(findings, records, page).check();
+    std::uint32_t page = 0;
+    for (const std::uint32_t pages = WholePageRows(); page < pages && !findings.areTooMany(); ++page) {
+        data.checkPageImage(static_cast<std::uint16_t>(page));
+        PageCheck(findings, records, static_cast<std::uint16_t>(page)).check();
     }
-    data.check();
+    if (findings.areTooMany())
+        findings.error({.subject = "head"}, "after so many findings the check ends before page %u", page);
+    else
+        data.check();
     return findings.finish();
 }
 

@@ -18,7 +18,7 @@ using namespace panel;
 
 namespace {
 
-constexpr std::uint16_t SlidingListFamily = 0x800F;
+constexpr std::uint16_t KeyboardKeyFamily = 0x8005, SlidingListFamily = 0x800F; // neither lies on a list
 constexpr std::uint16_t AnyBackground = 0x0E; // stands for all background kinds where they are counted
 
 std::span<const std::uint8_t> bytesOf(StreamPlace place, std::size_t capacity) {
@@ -154,7 +154,13 @@ void PageCheck::checkTouchRecord(const Place& place, const StreamRecord& record)
     at.part = family->name;
     countRow(at, code, family->capacity);
     const Parameters p(record.bytes, WithoutBlock);
+    if (code != SlidingListFamily && code != KeyboardKeyFamily) checkList(at, p);
     records_.check({.place = at, .page = facts_, .code = code, .p = p, .end = record.bytes.size()});
+}
+
+void PageCheck::checkList(const Place& place, const Parameters& p) {
+    if (p.inList() != 0 && facts_.list.isEmpty())
+        findings_.warning(place, "it lies on a sliding list, and the page shows none");
 }
 
 void PageCheck::countRow(const Place& place, std::uint16_t code, std::size_t capacity) {
@@ -167,6 +173,7 @@ void PageCheck::checkParameters(const Place& place, const StreamRecord& record, 
     if (p.inStore() && p.blockOffset() + p.blockLength() > StoreByteCount)
         return findings_.error(place, "its parameters at word 0x%04zx lie beyond the last word",
                                p.blockOffset() / 2);
+    if (!inGroup) checkList(place, p);
     const Reach reach = reachOf(p, record.bytes.size());
     if (!reach.known) return;
     records_.check({.place = place,

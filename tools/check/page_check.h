@@ -33,6 +33,7 @@ private:
     void checkDisplayRecord(const Place& place, const panel::StreamRecord& record);
     void checkGroupRecord(const Place& place, const panel::StreamRecord& record);
     void checkTouchRecord(const Place& place, const panel::StreamRecord& record);
+    void checkList(const Place& place, const panel::Parameters& p);
     /// Counts a record of a kind of which a page holds so many (0: any number).
     void countRow(const Place& place, std::uint16_t code, std::size_t capacity);
     void checkParameters(const Place& place, const panel::StreamRecord& record, bool inGroup);

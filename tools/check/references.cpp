@@ -298,7 +298,9 @@ static_assert(std::ranges::is_sorted(References, {}, &Reference::code));
 } // namespace
 
 std::span<const Reference> ReferencesOf(std::uint16_t code) {
-    return std::ranges::equal_range(References, code, {}, &Reference::code);
+    const auto* first = std::ranges::lower_bound(References, code, {}, &Reference::code);
+    const auto* last = std::ranges::upper_bound(References, code, {}, &Reference::code);
+    return {first, last};
 }
 
 } // namespace check

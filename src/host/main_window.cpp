@@ -6,6 +6,7 @@
 #include "host/image_file.h"
 #include "host/work_thread.h"
 #include "inspector/dialog_reg.h"
+#include "inspector/dialog_setting_information.h"
 #include "store/backlight.h"
 #include "ui_main_window.h"
 #include "widgets/display/media.h"
@@ -68,7 +69,7 @@ std::unique_ptr<Ui::MainWindow> makeForm(QMainWindow* window) {
 MainWindow::MainWindow(PathFiles pathFiles, QWidget* parent)
     : QMainWindow(parent), ui_(makeForm(this)), pathFiles_(std::move(pathFiles)), information_(*ui_),
       presenter_(*ui_->label_Show), media_(*ui_->label_Show), workThread_(std::make_unique<WorkThread>()),
-      dialogReg_(new DialogReg(this)) {
+      dialogReg_(new DialogReg(this)), dialogInfo_(new Dialogsettinginformation(this)) {
     setUpView();
     setUpEngine();
     setUpMedia();
@@ -110,7 +111,10 @@ void MainWindow::setUpMedia() {
 
 void MainWindow::setUpInspector() {
     connect(this, &MainWindow::Update_to_DialogInfo, dialogReg_, &DialogReg::AddrInit);
-    ui_->tabWidget->addTab(dialogReg_, dialogReg_->windowTitle());
+    connect(this, &MainWindow::Update_to_DialogInfo, dialogInfo_,
+            &Dialogsettinginformation::DialogInfo_Show_Setting);
+    ui_->tabWidget->MarkFixedPage(0);
+    ui_->tabWidget->AddPage(dialogReg_);
     ui_->splitter->setSizes({ui_->label_Show->width(), dialogReg_->width()});
 }
 
@@ -120,6 +124,7 @@ void MainWindow::openImage(const QString& path) {
     timer2_.stop();
     information_.clearLog();
     information_.clearImage();
+    dialogInfo_->ClearSettings();
     LoadImage(path);
 }
 
@@ -140,7 +145,7 @@ void MainWindow::LoadImage(const QString& path) {
     pathFiles_.SaveLastPath(DirectoryOf(path));
     panel::SetMediaDirectory(DirectoryOf(path));
     startEngine();
-    dialogReg_->setTableDirectory(DirectoryOf(path));
+    if (dialogReg_) dialogReg_->setTableDirectory(DirectoryOf(path));
     emit Update_to_DialogInfo();
 }
 
@@ -177,7 +182,11 @@ void MainWindow::on_actionLoad_triggered() {
         openImage(path);
 }
 
-void MainWindow::on_actionInfo_triggered() { ui_->tabWidget->setCurrentWidget(ui_->tabInformation); }
+void MainWindow::on_actionInfo_triggered() {
+    dialogInfo_->activateWindow();
+    dialogInfo_->setWindowState((dialogInfo_->windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
+    dialogInfo_->show();
+}
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
     if (!draggedImage(*event->mimeData()).isEmpty()) event->acceptProposedAction();

@@ -10,6 +10,7 @@
 #include "host/path_files.h"
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
 
 #include <functional>
@@ -17,6 +18,7 @@
 #include <utility>
 
 class DialogReg;
+class Dialogsettinginformation;
 class WorkThread;
 
 namespace Ui {
@@ -97,8 +99,9 @@ private:
     QTimer timer1_; // the panel's tick
     QTimer timer2_; // the start by path file
     std::unique_ptr<WorkThread> workThread_;
-    DialogReg* dialogReg_; // a page of the tab area, which owns it
-    int tickCount_ = 0;    // ticks of the running second, 0..99
+    QPointer<DialogReg> dialogReg_;        // a page of the tab area, which owns it and closes it for good
+    Dialogsettinginformation* dialogInfo_; // hidden until asked for
+    int tickCount_ = 0;                    // ticks of the running second, 0..99
     float zoom_ = 1.0F;
     bool pressOutsideView_ =
         false; // the mouse button went down beside the view; such a drag is not the panel's

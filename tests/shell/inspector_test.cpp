@@ -1,6 +1,5 @@
 #include "shell/window_fixture.h"
 
-#include "inspector/command_preview.h"
 #include "inspector/dialog_reg.h"
 #include "pages/page_switch.h"
 #include "store/variable_store.h"
@@ -33,7 +32,7 @@ protected:
     void load(const QByteArray& touchTable = {}, const QByteArray& displayTable = {}) {
         if (!touchTable.isEmpty()) writeFile("TouchWidget.csv", touchTable);
         if (!displayTable.isEmpty()) writeFile("DisplayWidget.csv", displayTable);
-        imagekit::ImageBuilder image({.Width = 200, .Height = 120, .ColourMode = 1});
+        imagekit::ImageBuilder image({.Width = 200, .Height = 120, .ColourMode = 1, .NoCRC = true});
         image.setWord(0x0300, 77);
         for (int page = 0; page < 5; ++page)
             image.addPage(imagekit::Solid{.Width = 200, .Height = 120, .Colour = QColor(0, 40 * page, 99)});
@@ -81,8 +80,6 @@ TEST_F(InspectorTest, ReadsAndWritesAVariableByHand) {
     load();
     EXPECT_EQ(field("lineEdit_VarAddr"), "0x7000");
     EXPECT_EQ(chosen("comboBox_VarType") + '/' + chosen("comboBox_CodeType"), "Numerical/short");
-    inspector::PreviewHeader = "5AA5";
-    inspector::PreviewNoCrc = 1;
     type("lineEdit_VarAddr", "0x1234");
     type("lineEdit_2", "-1");
     click("pushButton_VarWrite");

@@ -1,17 +1,15 @@
 #include "host/main_window.h"
 
 #include "host/config_block.h"
-#include "host/engine_loop.h"
 #include "host/flash_image.h"
 #include "host/image_file.h"
+#include "host/image_watcher.h"
 #include "host/work_thread.h"
 #include "inspector/dialog_reg.h"
 #include "inspector/dialog_setting_information.h"
 #include "store/backlight.h"
 #include "ui_main_window.h"
 #include "widgets/display/media.h"
-#include "widgets/touch/encoder.h"
-#include "widgets/touch/pointer.h"
 
 #include <QCoreApplication>
 #include <QCursor>
@@ -36,6 +34,7 @@ constexpr auto TickPeriod = 10ms;
 constexpr auto StartDelay = 1000ms;
 constexpr QSize PlaceholderSize(800, 480);
 constexpr float ZoomStep = 0.2F;
+constexpr int ZoomStepPercent = 20;
 constexpr float SmallestZoom = 0.6F;
 constexpr float LargestZoom = 3.0F;
 
@@ -78,6 +77,13 @@ MainWindow::MainWindow(PathFiles pathFiles, QWidget* parent)
 }
 
 MainWindow::~MainWindow() { stopEngine(); }
+
+void MainWindow::setInput(std::unique_ptr<PanelInput> input) {
+    input_ = std::move(input);
+    dialogReg_->setWriter(*input_);
+}
+
+EngineProgress MainWindow::progress() const { return workThread_->progress(); }
 
 void MainWindow::setUpView() {
     ui_->actionZoomIn->setShortcuts({QKeySequence::ZoomIn, QKeySequence(QStringLiteral("Ctrl+="))});
@@ -128,11 +134,23 @@ void MainWindow::openImage(const QString& path) {
     LoadImage(path);
 }
 
+void MainWindow::watchImage() {
+    watcher_ = new ImageWatcher(this);
+    connect(watcher_, &ImageWatcher::changed, this, &MainWindow::reloadImage);
+}
+
+void MainWindow::reloadImage(const QString& path) {
+    const float zoom = zoom_;
+    openImage(path);
+    setZoom(zoom);
+}
+
 void MainWindow::LoadImage(const QString& path) {
     stopEngine();
     media_.leaveImage();
     zoom_ = 1.0F;
     media_.setZoom(zoom_);
+    if (watcher_ && !path.isEmpty()) watcher_->watch(path);
     if (!panel::ReadImageFile(path)) {
         if (!path.isEmpty()) showMessage_(QStringLiteral("Read fail,please check the path!"));
         return;
@@ -144,6 +162,7 @@ void MainWindow::LoadImage(const QString& path) {
     ui_->label_Show->setFocus();
     pathFiles_.SaveLastPath(DirectoryOf(path));
     panel::SetMediaDirectory(DirectoryOf(path));
+    input_->load(path);
     startEngine();
     if (dialogReg_) dialogReg_->setTableDirectory(DirectoryOf(path));
     emit Update_to_DialogInfo();
@@ -159,7 +178,7 @@ void MainWindow::startEngine() {
     workThread_->start();
 }
 
-void MainWindow::Timer1_Out_Event() { panel::CountTick(tickCount_); }
+void MainWindow::Timer1_Out_Event() { input_->tick(tickCount_); }
 
 void MainWindow::Timer2_Out_Event() {
     timer2_.stop();
@@ -220,6 +239,12 @@ void MainWindow::setZoom(float zoom) {
     redraw();
 }
 
+void MainWindow::zoomTo(int percent) {
+    on_actionOriginal_triggered();
+    for (int at = 100 + ZoomStepPercent; at <= percent; at += ZoomStepPercent) on_actionZoomIn_triggered();
+    for (int at = 100; at > percent; at -= ZoomStepPercent) on_actionZoomOut_triggered();
+}
+
 void MainWindow::on_actionZoomIn_triggered() { setZoom(zoom_ < LargestZoom ? zoom_ + ZoomStep : zoom_); }
 
 void MainWindow::on_actionZoomOut_triggered() { setZoom(zoom_ > SmallestZoom ? zoom_ - ZoomStep : zoom_); }
@@ -259,20 +284,19 @@ bool MainWindow::cursorInView() const {
 
 void MainWindow::mousePressEvent(QMouseEvent* /*event*/) {
     pressOutsideView_ = !cursorInView();
-    if (!pressOutsideView_) panel::PressPointer(cursorOnPanel());
+    if (!pressOutsideView_) input_->press(cursorOnPanel());
 }
 
 void MainWindow::mouseMoveEvent(QMouseEvent* /*event*/) {
-    if (!pressOutsideView_) panel::MovePointer(cursorOnPanel());
+    if (!pressOutsideView_) input_->move(cursorOnPanel());
 }
 
 void MainWindow::mouseReleaseEvent(QMouseEvent* /*event*/) {
     pressOutsideView_ = false;
-    panel::ReleasePointer();
+    input_->release();
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress)
-        panel::PressKey(encoderKeyOf(static_cast<QKeyEvent*>(event)->key()));
+    if (event->type() == QEvent::KeyPress) input_->key(encoderKeyOf(static_cast<QKeyEvent*>(event)->key()));
     return QMainWindow::eventFilter(watched, event);
 }

@@ -7,6 +7,7 @@
 #include "host/information_panel.h"
 #include "host/media_bridge.h"
 #include "host/message_box.h"
+#include "host/panel_input.h"
 #include "host/path_files.h"
 
 #include <QMainWindow>
@@ -19,7 +20,9 @@
 
 class DialogReg;
 class Dialogsettinginformation;
+class ImageWatcher;
 class WorkThread;
+struct EngineProgress;
 
 namespace Ui {
 class MainWindow;
@@ -37,6 +40,11 @@ public:
     /// load.
     void openImage(const QString& path);
 
+    /// Loads the image again, at the zoom it is shown at, whenever its file has been written anew.
+    void watchImage();
+    /// 60 to 300, in steps of 20 from 100. Any other is taken down to the next one.
+    void zoomTo(int percent);
+
     /// Where messages for the user go: ShowMessage() unless a run without a user sets something else.
     void setMessageSink(std::function<void(const QString&)> sink) { showMessage_ = std::move(sink); }
 
@@ -44,6 +52,12 @@ public:
     /// something else.
     void setAskUser(AskUser ask) { media_.setAskUser(std::move(ask)); }
     const AskUser& askUser() const { return media_.askUser(); }
+
+    /// Where time, pointer, keys and written variables go: straight to the engine unless somebody listens in.
+    /// Before the first image.
+    void setInput(std::unique_ptr<PanelInput> input);
+    /// How far the engine has come.
+    EngineProgress progress() const;
 
     // From the engine thread; done on the main thread, in the order asked for.
     void refreshFrame() override;
@@ -81,6 +95,7 @@ private:
     void setUpInspector();
 
     void LoadImage(const QString& path);
+    void reloadImage(const QString& path);
     void stopEngine();
     void startEngine();
 
@@ -99,8 +114,10 @@ private:
     QTimer timer1_; // the panel's tick
     QTimer timer2_; // the start by path file
     std::unique_ptr<WorkThread> workThread_;
+    std::unique_ptr<PanelInput> input_ = std::make_unique<PanelInput>();
     QPointer<DialogReg> dialogReg_;        // a page of the tab area, which owns it and closes it for good
     Dialogsettinginformation* dialogInfo_; // hidden until asked for
+    ImageWatcher* watcher_ = nullptr;      // none: images are loaded by hand alone
     int tickCount_ = 0;                    // ticks of the running second, 0..99
     float zoom_ = 1.0F;
     bool pressOutsideView_ =

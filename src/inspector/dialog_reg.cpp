@@ -198,8 +198,8 @@ void DialogReg::on_pushButton_VarRead_clicked() {
 
 void DialogReg::on_pushButton_VarWrite_clicked() {
     if (panel::IllegalImage) return;
-    const auto command =
-        inspector::WriteTyped(panelVariable(), ui_->lineEdit_2->text(), inspector::HexDigits::FilledUp);
+    const auto command = inspector::WriteTyped(panelVariable(), ui_->lineEdit_2->text(),
+                                               inspector::HexDigits::FilledUp, *writer_);
     if (command) ui_->lineEdit->setText(*command);
 }
 
@@ -324,7 +324,7 @@ void DialogReg::tableWidget_writeVar() {
     const int row = ui_->tableWidget->currentRow();
     if (panel::IllegalImage || !hasRow(row)) return;
     const auto command = inspector::WriteTyped(rowVariable(row), ui_->tableWidget->item(row, Data)->text(),
-                                               inspector::HexDigits::AsTyped);
+                                               inspector::HexDigits::AsTyped, *writer_);
     if (command) ui_->lineEdit->setText(*command);
 }
 
@@ -337,7 +337,7 @@ void DialogReg::sltShowPopMenu(const QPoint& position) {
 
 void DialogReg::RightClick() {
     if (const QTableWidgetItem* item = ui_->tableWidget->currentItem())
-        panel::WriteVar(panel::word::Page, item->text(), value_type::Short, 0);
+        writer_->writeVar(panel::word::Page, item->text(), value_type::Short, 0);
 }
 
 // --- Filling ---

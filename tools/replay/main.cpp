@@ -2,7 +2,6 @@
 #include "replay/command_error.h"
 #include "replay/commands.h"
 #include "replay/runner.h"
-#include "store/host_time.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -28,7 +27,8 @@ constexpr char Purpose[] =
 
 struct Options {
     QString image;
-    QString script; // empty: standard input
+    QDateTime clock; // null: the computer's own
+    QString script;  // empty: standard input
     replay::PictureRules pictures;
 };
 
@@ -45,21 +45,21 @@ void setUp(QCommandLineParser& parser) {
     parser.addPositionalArgument("SCRIPT", "The commands.", "[SCRIPT | -]");
 }
 
-void setClock(const QString& text) {
+QDateTime readClock(const QString& text) {
     const QDateTime time = QDateTime::fromString(text, "yyyy-MM-dd HH:mm:ss");
     const int year = time.date().year();
     if (!time.isValid() || year < 2010 || year > 2099)
         throw replay::CommandError(
             "--clock must be a time of the years 2010 to 2099, as in \"2026-01-01 00:00:00\"");
-    panel::SetHostTime(time);
+    return time;
 }
 
 Options readOptions(const QCommandLineParser& parser) {
     const QStringList files = parser.positionalArguments();
     if (files.isEmpty() || files.size() > 2)
         throw replay::CommandError("give an image, and at most one script; --help tells more");
-    if (parser.isSet("clock")) setClock(parser.value("clock"));
     return {.image = files[0],
+            .clock = parser.isSet("clock") ? readClock(parser.value("clock")) : QDateTime(),
             .script = files.value(1) == "-" ? QString() : files.value(1),
             .pictures = {.evidence = parser.value("evidence"), .bless = parser.isSet("bless")}};
 }
@@ -69,6 +69,7 @@ Outcome run(const Options& options) {
     replay::Bench bench{.panel = {},
                         .report = {fromInput ? replay::InputName : options.script, std::cout, std::cerr},
                         .pictures = options.pictures};
+    bench.panel.setClock(options.clock);
     bench.panel.load(options.image);
     return fromInput ? replay::RunLines(std::cin, bench) : replay::RunFile(options.script, bench);
 }

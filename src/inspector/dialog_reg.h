@@ -62,6 +62,15 @@ private:
     void setUpTable();
     void setUpPanel();
     void connectAll();
+    void addShortcuts();
+
+    // The keyboard's way to what buttons and menu do: in the table the current row, else the panel's fields.
+    bool inTable() const;
+    void readByKey();
+    void writeByKey();
+    void goToPageByKey();
+    /// The page that the cell tells.
+    void goToPage(const QTableWidgetItem& item);
 
     void ResetPanel();
     void LoadWidgetTables();

@@ -7,6 +7,7 @@
 #include <QDrag>
 #include <QMimeData>
 #include <QPainter>
+#include <QShortcut>
 
 namespace {
 
@@ -38,6 +39,10 @@ MyTabWidget::MyTabWidget(QWidget* parent) : QTabWidget(parent), bar_(new MyTabBa
     setTabBar(bar_);
     connect(bar_, &MyTabBar::beginDragOut, this, &MyTabWidget::dragOut);
     connect(bar_, &QTabBar::tabCloseRequested, this, &MyTabWidget::RemovePageAt);
+    auto* pullOut = new QShortcut(QKeySequence(QStringLiteral("Ctrl+D")), this);
+    connect(pullOut, &QShortcut::activated, this, [this] {
+        if (QWidget* page = loosePage(currentIndex())) PopOutPage(page);
+    });
 }
 
 int MyTabWidget::AddPage(QWidget* page) {

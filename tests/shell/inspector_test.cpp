@@ -210,6 +210,34 @@ TEST_F(InspectorTest, IsOutOfUseWithABrokenImage) {
     EXPECT_EQ(command(), "");
 }
 
+TEST_F(InspectorTest, TheKeyboardReachesAllItsActions) {
+    load("head\n3,slider_1,Fan,0x1000\n", "head\n");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return table().rowCount() == 17; }));
+    table().setFocus();
+    table().setCurrentCell(16, Data);
+    QTest::keyClicks(&table(), "5");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(panel::ReadWord(0x1000), 5) << "what is being typed counts";
+    panel::StoreWord(0x1000, 6);
+    QTest::keyClick(&table(), Qt::Key_R, Qt::ControlModifier);
+    EXPECT_EQ(cell(16, Data), "6");
+    QTest::keyClick(&table(), Qt::Key_G, Qt::ControlModifier);
+    EXPECT_TRUE(QTest::qWaitFor([] { return panel::CurrentPage == 3; }));
+
+    type("lineEdit_VarAddr", "0x1000");
+    QTest::keyClick(&find<QLineEdit>("lineEdit_VarAddr"), Qt::Key_R, Qt::ControlModifier);
+    EXPECT_EQ(field("lineEdit_2"), "6");
+    type("lineEdit_2", "7");
+    QTest::keyClick(&find<QLineEdit>("lineEdit_2"), Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(panel::ReadWord(0x1000), 7);
+
+    auto& tabs = find<QTabWidget>("tabWidget");
+    QTest::keyClick(&tabs, Qt::Key_D, Qt::ControlModifier);
+    EXPECT_EQ(tabs.count(), 1);
+    QTest::keyClick(dialog().window(), Qt::Key_Escape);
+    EXPECT_EQ(tabs.count(), 2);
+}
+
 TEST_F(InspectorTest, KeysInItAreNotThePanels) {
     load();
     const std::uint8_t before = panel::EncoderEvent;

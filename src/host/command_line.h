@@ -12,7 +12,7 @@ struct CommandLine {
     int afterMs = 1500; // from the program's start to the screenshot
     QString record;     // the script to write; empty: none
     bool watch = false; // the image is loaded again when it changes
-    int zoom = 100;     // percent, as MainWindow::zoomTo() takes it
+    int zoom = 100;     // percent, as MainWindow::zoomOf() takes it
     QSize size;         // of the window; invalid: its own
     bool maximised = false;
 };

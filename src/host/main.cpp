@@ -45,10 +45,8 @@ void showWindow(QWidget& window, const CommandLine& line) {
 
 void planImage(MainWindow& window, const CommandLine& line) {
     if (line.image.isEmpty()) return;
-    QTimer::singleShot(0, &window, [&window, &line] {
-        window.openImage(line.image);
-        window.zoomTo(line.zoom);
-    });
+    QTimer::singleShot(0, &window,
+                       [&window, &line] { window.openImage(line.image, MainWindow::zoomOf(line.zoom)); });
 }
 
 bool record(MainWindow& window, const QString& file) {

@@ -126,29 +126,23 @@ void MainWindow::setUpInspector() {
 
 // --- Loading ---
 
-void MainWindow::openImage(const QString& path) {
+void MainWindow::openImage(const QString& path, float zoom) {
     timer2_.stop();
     information_.clearLog();
     information_.clearImage();
     dialogInfo_->ClearSettings();
-    LoadImage(path);
+    LoadImage(path, zoom);
 }
 
 void MainWindow::watchImage() {
     watcher_ = new ImageWatcher(this);
-    connect(watcher_, &ImageWatcher::changed, this, &MainWindow::reloadImage);
+    connect(watcher_, &ImageWatcher::changed, this, [this](const QString& path) { openImage(path, zoom_); });
 }
 
-void MainWindow::reloadImage(const QString& path) {
-    const float zoom = zoom_;
-    openImage(path);
-    setZoom(zoom);
-}
-
-void MainWindow::LoadImage(const QString& path) {
+void MainWindow::LoadImage(const QString& path, float zoom) {
     stopEngine();
     media_.leaveImage();
-    zoom_ = 1.0F;
+    zoom_ = zoom;
     media_.setZoom(zoom_);
     if (watcher_ && !path.isEmpty()) watcher_->watch(path);
     if (!panel::ReadImageFile(path)) {
@@ -239,10 +233,11 @@ void MainWindow::setZoom(float zoom) {
     redraw();
 }
 
-void MainWindow::zoomTo(int percent) {
-    on_actionOriginal_triggered();
-    for (int at = 100 + ZoomStepPercent; at <= percent; at += ZoomStepPercent) on_actionZoomIn_triggered();
-    for (int at = 100; at > percent; at -= ZoomStepPercent) on_actionZoomOut_triggered();
+float MainWindow::zoomOf(int percent) {
+    float zoom = 1.0F;
+    for (int at = 100 + ZoomStepPercent; at <= percent; at += ZoomStepPercent) zoom += ZoomStep;
+    for (int at = 100; at > percent; at -= ZoomStepPercent) zoom -= ZoomStep;
+    return zoom;
 }
 
 void MainWindow::on_actionZoomIn_triggered() { setZoom(zoom_ < LargestZoom ? zoom_ + ZoomStep : zoom_); }

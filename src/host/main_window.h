@@ -38,12 +38,13 @@ public:
 
     /// Loads the image that the user chose, in place of whatever runs and of the image that the start would
     /// load.
-    void openImage(const QString& path);
+    void openImage(const QString& path, float zoom = 1.0F);
 
     /// Loads the image again, at the zoom it is shown at, whenever its file has been written anew.
     void watchImage();
-    /// 60 to 300, in steps of 20 from 100. Any other is taken down to the next one.
-    void zoomTo(int percent);
+    /// The zoom that the actions reach from 100 % on: 60 to 300, in steps of 20. Any other percentage is
+    /// taken down to the next one.
+    static float zoomOf(int percent);
 
     /// Where messages for the user go: ShowMessage() unless a run without a user sets something else.
     void setMessageSink(std::function<void(const QString&)> sink) { showMessage_ = std::move(sink); }
@@ -94,8 +95,7 @@ private:
     void setUpMedia();
     void setUpInspector();
 
-    void LoadImage(const QString& path);
-    void reloadImage(const QString& path);
+    void LoadImage(const QString& path, float zoom = 1.0F);
     void stopEngine();
     void startEngine();
 

@@ -223,8 +223,7 @@ TEST_F(LoadingTest, ADroppedImageIsLoaded) {
 TEST_F(LoadingTest, AWatchedImageIsLoadedAgainOnceItIsWrittenWhole) {
     openWindow();
     window_->watchImage();
-    window_->openImage(writeImage("a.bin", Qt::green));
-    window_->zoomTo(140);
+    window_->openImage(writeImage("a.bin", Qt::green), MainWindow::zoomOf(140));
     ASSERT_TRUE(shows(Qt::green));
 
     writeImage("b.bin", Qt::red);

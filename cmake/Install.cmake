@@ -3,7 +3,7 @@ include(GNUInstallDirs)
 
 install(TARGETS vendaro vendaro-replay)
 install(FILES packaging/vendaro.1 packaging/vendaro-replay.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-install(FILES README.md docs/replay.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES README.md docs/replay.md docs/image-format.md docs/architecture.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES packaging/vendaro.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES packaging/vendaro.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
 set(icons ${CMAKE_INSTALL_DATADIR}/icons/hicolor)

@@ -38,7 +38,8 @@ QImage DecodePng(std::uint32_t address, std::uint32_t length) {
         QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()), static_cast<int>(bytes.size()));
     QBuffer buffer(&file);
     buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer);
+    QImageReader reader(&buffer, "png"); // no other decoder of the computer
+    reader.setAutoDetectImageFormat(false);
     if (!isLoadable(reader.size())) return {}; // the head is looked at before any memory is taken
     QImage picture = reader.read();
     if (!isLoadable(picture.size())) return {};

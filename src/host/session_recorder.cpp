@@ -185,6 +185,8 @@ void SessionRecorder::noteNumber(std::uint32_t address, qint64 value, int width)
 void SessionRecorder::noteText(std::uint32_t address, const QString& text, int encodeIndex) {
     if (address >= panel::HandWrittenWordCount) return;
     const auto word = static_cast<std::uint16_t>(address);
+    if (encodeIndex < 0 || encodeIndex >= static_cast<int>(std::size(EncodingNames)))
+        encodeIndex = 0; // as the store takes it
     const auto encoding = static_cast<panel::TextEncoding>(encodeIndex);
     const panel::EncodedText encoded = panel::EncodeText(text, encoding);
     if (!panel::VariableTextFits(word, encoded)) return;

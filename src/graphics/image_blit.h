@@ -16,7 +16,8 @@
 
 namespace panel {
 
-/// The mode (3, 4, 5) of the compressed picture decoded last; CopyToFrame() reads and clears it.
+/// The mode (3, 4, 5) of the compressed picture decoded last; CopyToFrame() reads it, and on
+/// small chips clears all but mode 3.
 inline std::uint8_t LastZipMode = 0;
 
 enum class BlitResult : int { BadData = -1, Nothing = 0, Done = 1 };

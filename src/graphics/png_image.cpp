@@ -43,6 +43,8 @@ struct PictureFile {
         buffer.setBuffer(&bytes);
         buffer.open(QIODevice::ReadOnly);
         reader.setDevice(&buffer);
+        reader.setFormat("png"); // no other decoder of the computer
+        reader.setAutoDetectImageFormat(false);
     }
     QSize size() const { return isLoadable(reader.size()) ? reader.size() : QSize(); }
 };

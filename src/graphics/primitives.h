@@ -29,8 +29,8 @@ void FillRectOver(QPaintDevice& device, QRect rect, const QColor& colour);
 // Copies carry alpha over, and nothing of the destination survives. What lies outside the source comes out
 // transparent.
 
-/// On small chips the height is limited, unless a compressed opaque picture was decoded last. Clears
-/// LastZipMode then.
+/// On small chips the height is limited, unless a compressed opaque picture was decoded last; LastZipMode is
+/// cleared there.
 void CopyToFrame(const QImage& source, QRect sourceRect, QPoint at);
 void CopySurfaceRect(const QImage& source, QRect sourceRect, QImage& destination, QPoint at);
 void CopyToSlide(const QImage& source, QRect sourceRect, QPoint at);

@@ -63,7 +63,6 @@ struct SectionTable {
 /// Changes only at a load: by the integrity test before the engine starts and by the engine's start-up.
 inline SectionTable Sections;
 
-inline constexpr std::size_t SectionTableBytes = 0x78;
 inline constexpr std::uint32_t ConfigBlockAddress = 0x80;
 /// The settings views show nothing of an image of this many bytes or fewer.
 inline constexpr std::int32_t SmallestDescribedImage = 0x400;

@@ -1,5 +1,6 @@
 #include "host/command_line.h"
 #include "host/main_window.h"
+#include "host/session_recorder.h"
 #include "host/video_decoder.h"
 
 #include <QApplication>
@@ -31,9 +32,31 @@ void failWithMessage(const QString& text) {
     QCoreApplication::exit(EXIT_FAILURE);
 }
 
-/// The inspector beside a panel is wider than the screen of a small laptop.
-void fitToScreen(QWidget& window) {
-    window.resize(window.size().boundedTo(window.screen()->availableSize()));
+void showWindow(QWidget& window, const CommandLine& line) {
+    if (line.size.isValid())
+        window.resize(line.size);
+    else if (line.screenshot.isEmpty()) // the inspector beside a panel is wider than a small laptop's screen
+        window.resize(window.size().boundedTo(window.screen()->availableSize()));
+    if (line.maximised)
+        window.showMaximized();
+    else
+        window.show();
+}
+
+void planImage(MainWindow& window, const CommandLine& line) {
+    if (line.image.isEmpty()) return;
+    QTimer::singleShot(0, &window,
+                       [&window, &line] { window.openImage(line.image, MainWindow::zoomOf(line.zoom)); });
+}
+
+bool record(MainWindow& window, const QString& file) {
+    auto recorder = std::make_unique<SessionRecorder>([&window] { return window.progress(); });
+    if (!recorder->open(file)) {
+        std::fprintf(stderr, "vendaro: Cannot write %s.\n", qPrintable(file));
+        return false;
+    }
+    window.setInput(std::move(recorder));
+    return true;
 }
 
 /// What a run that nobody watches can do without is only told.
@@ -66,13 +89,11 @@ int main(int argc, char** argv) {
 
     MainWindow window;
     QApplication::setWindowIcon(programIcon());
-    if (line.screenshot.isEmpty())
-        fitToScreen(window);
-    else
-        planScreenshot(window, line);
-    if (!line.image.isEmpty())
-        QTimer::singleShot(0, &window, [&window, &line] { window.openImage(line.image); });
-    window.show();
+    if (!line.record.isEmpty() && !record(window, line.record)) return EXIT_FAILURE;
+    if (line.watch) window.watchImage();
+    planImage(window, line);
+    if (!line.screenshot.isEmpty()) planScreenshot(window, line);
+    showWindow(window, line);
     ProbeVideoDecoder(window.askUser());
     return QCoreApplication::exec();
 }

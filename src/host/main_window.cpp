@@ -1,16 +1,15 @@
 #include "host/main_window.h"
 
 #include "host/config_block.h"
-#include "host/engine_loop.h"
 #include "host/flash_image.h"
 #include "host/image_file.h"
+#include "host/image_watcher.h"
 #include "host/work_thread.h"
 #include "inspector/dialog_reg.h"
+#include "inspector/dialog_setting_information.h"
 #include "store/backlight.h"
 #include "ui_main_window.h"
 #include "widgets/display/media.h"
-#include "widgets/touch/encoder.h"
-#include "widgets/touch/pointer.h"
 
 #include <QCoreApplication>
 #include <QCursor>
@@ -35,6 +34,7 @@ constexpr auto TickPeriod = 10ms;
 constexpr auto StartDelay = 1000ms;
 constexpr QSize PlaceholderSize(800, 480);
 constexpr float ZoomStep = 0.2F;
+constexpr int ZoomStepPercent = 20;
 constexpr float SmallestZoom = 0.6F;
 constexpr float LargestZoom = 3.0F;
 
@@ -68,7 +68,7 @@ std::unique_ptr<Ui::MainWindow> makeForm(QMainWindow* window) {
 MainWindow::MainWindow(PathFiles pathFiles, QWidget* parent)
     : QMainWindow(parent), ui_(makeForm(this)), pathFiles_(std::move(pathFiles)), information_(*ui_),
       presenter_(*ui_->label_Show), media_(*ui_->label_Show), workThread_(std::make_unique<WorkThread>()),
-      dialogReg_(new DialogReg(this)) {
+      dialogReg_(new DialogReg(this)), dialogInfo_(new Dialogsettinginformation(this)) {
     setUpView();
     setUpEngine();
     setUpMedia();
@@ -77,6 +77,13 @@ MainWindow::MainWindow(PathFiles pathFiles, QWidget* parent)
 }
 
 MainWindow::~MainWindow() { stopEngine(); }
+
+void MainWindow::setInput(std::unique_ptr<PanelInput> input) {
+    input_ = std::move(input);
+    dialogReg_->setWriter(*input_);
+}
+
+EngineProgress MainWindow::progress() const { return workThread_->progress(); }
 
 void MainWindow::setUpView() {
     ui_->actionZoomIn->setShortcuts({QKeySequence::ZoomIn, QKeySequence(QStringLiteral("Ctrl+="))});
@@ -110,24 +117,34 @@ void MainWindow::setUpMedia() {
 
 void MainWindow::setUpInspector() {
     connect(this, &MainWindow::Update_to_DialogInfo, dialogReg_, &DialogReg::AddrInit);
-    ui_->tabWidget->addTab(dialogReg_, dialogReg_->windowTitle());
+    connect(this, &MainWindow::Update_to_DialogInfo, dialogInfo_,
+            &Dialogsettinginformation::DialogInfo_Show_Setting);
+    ui_->tabWidget->MarkFixedPage(0);
+    ui_->tabWidget->AddPage(dialogReg_);
     ui_->splitter->setSizes({ui_->label_Show->width(), dialogReg_->width()});
 }
 
 // --- Loading ---
 
-void MainWindow::openImage(const QString& path) {
+void MainWindow::openImage(const QString& path, float zoom) {
     timer2_.stop();
     information_.clearLog();
     information_.clearImage();
-    LoadImage(path);
+    dialogInfo_->ClearSettings();
+    LoadImage(path, zoom);
 }
 
-void MainWindow::LoadImage(const QString& path) {
+void MainWindow::watchImage() {
+    watcher_ = new ImageWatcher(this);
+    connect(watcher_, &ImageWatcher::changed, this, [this](const QString& path) { openImage(path, zoom_); });
+}
+
+void MainWindow::LoadImage(const QString& path, float zoom) {
     stopEngine();
     media_.leaveImage();
-    zoom_ = 1.0F;
+    zoom_ = zoom;
     media_.setZoom(zoom_);
+    if (watcher_ && !path.isEmpty()) watcher_->watch(path);
     if (!panel::ReadImageFile(path)) {
         if (!path.isEmpty()) showMessage_(QStringLiteral("Read fail,please check the path!"));
         return;
@@ -139,8 +156,9 @@ void MainWindow::LoadImage(const QString& path) {
     ui_->label_Show->setFocus();
     pathFiles_.SaveLastPath(DirectoryOf(path));
     panel::SetMediaDirectory(DirectoryOf(path));
+    input_->load(path);
     startEngine();
-    dialogReg_->setTableDirectory(DirectoryOf(path));
+    if (dialogReg_) dialogReg_->setTableDirectory(DirectoryOf(path));
     emit Update_to_DialogInfo();
 }
 
@@ -154,7 +172,7 @@ void MainWindow::startEngine() {
     workThread_->start();
 }
 
-void MainWindow::Timer1_Out_Event() { panel::CountTick(tickCount_); }
+void MainWindow::Timer1_Out_Event() { input_->tick(tickCount_); }
 
 void MainWindow::Timer2_Out_Event() {
     timer2_.stop();
@@ -177,7 +195,11 @@ void MainWindow::on_actionLoad_triggered() {
         openImage(path);
 }
 
-void MainWindow::on_actionInfo_triggered() { ui_->tabWidget->setCurrentWidget(ui_->tabInformation); }
+void MainWindow::on_actionInfo_triggered() {
+    dialogInfo_->activateWindow();
+    dialogInfo_->setWindowState((dialogInfo_->windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
+    dialogInfo_->show();
+}
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
     if (!draggedImage(*event->mimeData()).isEmpty()) event->acceptProposedAction();
@@ -209,6 +231,13 @@ void MainWindow::setZoom(float zoom) {
     zoom_ = zoom;
     media_.setZoom(zoom);
     redraw();
+}
+
+float MainWindow::zoomOf(int percent) {
+    float zoom = 1.0F;
+    for (int at = 100 + ZoomStepPercent; at <= percent; at += ZoomStepPercent) zoom += ZoomStep;
+    for (int at = 100; at > percent; at -= ZoomStepPercent) zoom -= ZoomStep;
+    return zoom;
 }
 
 void MainWindow::on_actionZoomIn_triggered() { setZoom(zoom_ < LargestZoom ? zoom_ + ZoomStep : zoom_); }
@@ -250,20 +279,19 @@ bool MainWindow::cursorInView() const {
 
 void MainWindow::mousePressEvent(QMouseEvent* /*event*/) {
     pressOutsideView_ = !cursorInView();
-    if (!pressOutsideView_) panel::PressPointer(cursorOnPanel());
+    if (!pressOutsideView_) input_->press(cursorOnPanel());
 }
 
 void MainWindow::mouseMoveEvent(QMouseEvent* /*event*/) {
-    if (!pressOutsideView_) panel::MovePointer(cursorOnPanel());
+    if (!pressOutsideView_) input_->move(cursorOnPanel());
 }
 
 void MainWindow::mouseReleaseEvent(QMouseEvent* /*event*/) {
     pressOutsideView_ = false;
-    panel::ReleasePointer();
+    input_->release();
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress)
-        panel::PressKey(encoderKeyOf(static_cast<QKeyEvent*>(event)->key()));
+    if (event->type() == QEvent::KeyPress) input_->key(encoderKeyOf(static_cast<QKeyEvent*>(event)->key()));
     return QMainWindow::eventFilter(watched, event);
 }

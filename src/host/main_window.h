@@ -7,9 +7,11 @@
 #include "host/information_panel.h"
 #include "host/media_bridge.h"
 #include "host/message_box.h"
+#include "host/panel_input.h"
 #include "host/path_files.h"
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
 
 #include <functional>
@@ -17,7 +19,10 @@
 #include <utility>
 
 class DialogReg;
+class Dialogsettinginformation;
+class ImageWatcher;
 class WorkThread;
+struct EngineProgress;
 
 namespace Ui {
 class MainWindow;
@@ -33,7 +38,13 @@ public:
 
     /// Loads the image that the user chose, in place of whatever runs and of the image that the start would
     /// load.
-    void openImage(const QString& path);
+    void openImage(const QString& path, float zoom = 1.0F);
+
+    /// Loads the image again, at the zoom it is shown at, whenever its file has been written anew.
+    void watchImage();
+    /// The zoom that the actions reach from 100 % on: 60 to 300, in steps of 20. Any other percentage is
+    /// taken down to the next one.
+    static float zoomOf(int percent);
 
     /// Where messages for the user go: ShowMessage() unless a run without a user sets something else.
     void setMessageSink(std::function<void(const QString&)> sink) { showMessage_ = std::move(sink); }
@@ -42,6 +53,12 @@ public:
     /// something else.
     void setAskUser(AskUser ask) { media_.setAskUser(std::move(ask)); }
     const AskUser& askUser() const { return media_.askUser(); }
+
+    /// Where time, pointer, keys and written variables go: straight to the engine unless somebody listens in.
+    /// Before the first image.
+    void setInput(std::unique_ptr<PanelInput> input);
+    /// How far the engine has come.
+    EngineProgress progress() const;
 
     // From the engine thread; done on the main thread, in the order asked for.
     void refreshFrame() override;
@@ -78,7 +95,7 @@ private:
     void setUpMedia();
     void setUpInspector();
 
-    void LoadImage(const QString& path);
+    void LoadImage(const QString& path, float zoom = 1.0F);
     void stopEngine();
     void startEngine();
 
@@ -97,8 +114,11 @@ private:
     QTimer timer1_; // the panel's tick
     QTimer timer2_; // the start by path file
     std::unique_ptr<WorkThread> workThread_;
-    DialogReg* dialogReg_; // a page of the tab area, which owns it
-    int tickCount_ = 0;    // ticks of the running second, 0..99
+    std::unique_ptr<PanelInput> input_ = std::make_unique<PanelInput>();
+    QPointer<DialogReg> dialogReg_;        // a page of the tab area, which owns it and closes it for good
+    Dialogsettinginformation* dialogInfo_; // hidden until asked for
+    ImageWatcher* watcher_ = nullptr;      // none: images are loaded by hand alone
+    int tickCount_ = 0;                    // ticks of the running second, 0..99
     float zoom_ = 1.0F;
     bool pressOutsideView_ =
         false; // the mouse button went down beside the view; such a drag is not the panel's

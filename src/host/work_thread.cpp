@@ -2,6 +2,7 @@
 
 #include "host/engine_loop.h"
 #include "host/media_requests.h"
+#include "pages/page_switch.h"
 
 #include <QCoreApplication>
 
@@ -10,6 +11,7 @@
 namespace {
 
 constexpr unsigned long CyclePause = 20; // ms
+constexpr int PageBits = 16;
 
 } // namespace
 
@@ -34,9 +36,20 @@ void WorkThread::runPanel() {
     if (panel::StartPanel(*this) != panel::StartResult::Running) return;
     while (!isInterruptionRequested()) {
         panel::EngineCycle(*this);
+        noteCycle();
         msleep(CyclePause);
         QCoreApplication::processEvents();
     }
+}
+
+void WorkThread::noteCycle() {
+    const std::uint64_t cycles = (progress_ >> PageBits) + 1;
+    progress_ = cycles << PageBits | panel::CurrentPage;
+}
+
+EngineProgress WorkThread::progress() const {
+    const std::uint64_t progress = progress_;
+    return {.cycles = progress >> PageBits, .page = static_cast<std::uint16_t>(progress)};
 }
 
 std::optional<QImage> WorkThread::takeFrame() {

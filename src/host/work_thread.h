@@ -3,13 +3,22 @@
 
 #include "host/community.h"
 #include "host/panel_outputs.h"
+#include "store/shared.h"
 
 #include <QImage>
 #include <QThread>
 
 #include <atomic>
+#include <cstdint>
 #include <mutex>
 #include <optional>
+
+/// How far an engine has come: the cycles that have ended since the program's start, and the page shown after
+/// the last one.
+struct EngineProgress {
+    std::uint64_t cycles = 0;
+    int page = 0;
+};
 
 /// Runs the engine over the loaded image until it is asked to stop. Made, started and stopped by the main
 /// thread.
@@ -25,6 +34,9 @@ public:
 
     /// Asks the engine to stop and waits: at most one cycle and its sleep. Does nothing when it does not run.
     void stop();
+
+    /// Main thread.
+    EngineProgress progress() const;
 
     /// The newest frame that Update_to_MainWindow announced and nobody has taken yet. Main thread.
     std::optional<QImage> takeFrame();
@@ -48,6 +60,7 @@ protected:
 private:
     /// From the start-up to the stop.
     void runPanel();
+    void noteCycle();
 
     void showFrame(const QImage& frame) override;
     bool pause(int microseconds) override;
@@ -59,6 +72,7 @@ private:
 
     panel::community* community_ = nullptr;
     std::atomic<bool> panelLeft_{false};
+    panel::Shared<std::uint64_t> progress_{0}; // cycles << 16 | page: one word, so that the pair never tears
     std::mutex frameLock_;
     QImage waitingFrame_; // under frameLock_; null when none waits
 };

@@ -18,6 +18,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QShortcut>
 
 #include <algorithm>
 
@@ -59,6 +60,8 @@ const char* const RowButtonStyle =
     "#333333;}QPushButton:hover{background: #e0eef9;border: 1px solid #54a4e1;border-radius: 3px;color: "
     "#333333;}";
 const char* const RowComboStyle = "background-color:rgb(255,255,255);";
+
+const char* const NoPage = "-"; // of a system row
 
 const QStringList& typeNames() {
     static const QStringList names{"char", "short", "int", "uchar", "ushort", "uint", "longlong", "String"};
@@ -163,6 +166,47 @@ void DialogReg::connectAll() {
     const QScrollBar* scrollBar = table->verticalScrollBar();
     connect(scrollBar, &QScrollBar::valueChanged, this, &DialogReg::showRowButtons);
     connect(scrollBar, &QScrollBar::rangeChanged, this, &DialogReg::showRowButtons);
+    addShortcuts();
+}
+
+// --- Keys ---
+
+void DialogReg::addShortcuts() {
+    const auto add = [this](const char* keys, void (DialogReg::*act)()) {
+        auto* shortcut = new QShortcut(QKeySequence(QString::fromLatin1(keys)), this);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, act);
+    };
+    add("Ctrl+R", &DialogReg::readByKey);
+    add("Ctrl+Return", &DialogReg::writeByKey);
+    add("Ctrl+G", &DialogReg::goToPageByKey);
+}
+
+bool DialogReg::inTable() const {
+    return ui_->tableWidget->hasFocus() || ui_->tableWidget->isAncestorOf(focusWidget());
+}
+
+void DialogReg::readByKey() {
+    if (inTable())
+        tableWidget_readVar();
+    else
+        on_pushButton_VarRead_clicked();
+}
+
+void DialogReg::writeByKey() {
+    if (!inTable()) {
+        on_pushButton_VarWrite_clicked();
+        return;
+    }
+    ui_->tableWidget->setFocus(); // ends the editing of a cell, and its text counts
+    tableWidget_writeVar();
+}
+
+void DialogReg::goToPageByKey() {
+    const int row = ui_->tableWidget->currentRow();
+    if (!inTable() || !hasRow(row)) return;
+    const QTableWidgetItem& page = *ui_->tableWidget->item(row, Page);
+    if (page.text() != NoPage) goToPage(page);
 }
 
 // --- The panel under the table ---
@@ -198,8 +242,8 @@ void DialogReg::on_pushButton_VarRead_clicked() {
 
 void DialogReg::on_pushButton_VarWrite_clicked() {
     if (panel::IllegalImage) return;
-    const auto command =
-        inspector::WriteTyped(panelVariable(), ui_->lineEdit_2->text(), inspector::HexDigits::FilledUp);
+    const auto command = inspector::WriteTyped(panelVariable(), ui_->lineEdit_2->text(),
+                                               inspector::HexDigits::FilledUp, *writer_);
     if (command) ui_->lineEdit->setText(*command);
 }
 
@@ -324,7 +368,7 @@ void DialogReg::tableWidget_writeVar() {
     const int row = ui_->tableWidget->currentRow();
     if (panel::IllegalImage || !hasRow(row)) return;
     const auto command = inspector::WriteTyped(rowVariable(row), ui_->tableWidget->item(row, Data)->text(),
-                                               inspector::HexDigits::AsTyped);
+                                               inspector::HexDigits::AsTyped, *writer_);
     if (command) ui_->lineEdit->setText(*command);
 }
 
@@ -332,12 +376,15 @@ void DialogReg::tableWidget_writeVar() {
 
 void DialogReg::sltShowPopMenu(const QPoint& position) {
     const QTableWidgetItem* item = ui_->tableWidget->itemAt(position);
-    if (item && item->column() == Page && item->text() != "-") contextMenu_->popup(QCursor::pos());
+    if (item && item->column() == Page && item->text() != NoPage) contextMenu_->popup(QCursor::pos());
 }
 
 void DialogReg::RightClick() {
-    if (const QTableWidgetItem* item = ui_->tableWidget->currentItem())
-        panel::WriteVar(panel::word::Page, item->text(), value_type::Short, 0);
+    if (const QTableWidgetItem* item = ui_->tableWidget->currentItem()) goToPage(*item);
+}
+
+void DialogReg::goToPage(const QTableWidgetItem& item) {
+    writer_->writeVar(panel::word::Page, item.text(), value_type::Short, 0);
 }
 
 // --- Filling ---

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "inspector/command_text.h"
+#include "inspector/typed_access.h"
 #include "inspector/widget_tables.h"
 
 #include <QDialog>
@@ -29,6 +30,9 @@ class DialogReg : public QDialog {
 public:
     explicit DialogReg(QWidget* parent = nullptr);
     ~DialogReg() override;
+
+    /// Where writes go from now on; it must outlive the dialog or be replaced.
+    void setWriter(inspector::VariableWriter& writer) { writer_ = &writer; }
 
     /// The directory in which the two tables of the loaded image may lie; ends in "/".
     void setTableDirectory(const QString& directory);
@@ -58,6 +62,15 @@ private:
     void setUpTable();
     void setUpPanel();
     void connectAll();
+    void addShortcuts();
+
+    // The keyboard's way to what buttons and menu do: in the table the current row, else the panel's fields.
+    bool inTable() const;
+    void readByKey();
+    void writeByKey();
+    void goToPageByKey();
+    /// The page that the cell tells.
+    void goToPage(const QTableWidgetItem& item);
 
     void ResetPanel();
     void LoadWidgetTables();
@@ -80,6 +93,8 @@ private:
     void serveEvents();
 
     std::unique_ptr<Ui::DialogReg> ui_;
+    inspector::VariableWriter store_;
+    inspector::VariableWriter* writer_ = &store_;
     QMenu* contextMenu_;
     QAction* gotoPageAction_;
     QStandardItemModel typeItems_;   // of the rows' DataType combos, which share it

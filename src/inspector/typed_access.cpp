@@ -22,20 +22,29 @@ QString hexData(const QString& hex, const Variable& variable, HexDigits hexDigit
 
 } // namespace
 
+void VariableWriter::writeVar(std::uint32_t address, const QString& text, int typeIndex, int encodeIndex) {
+    panel::WriteVar(address, text, typeIndex, encodeIndex);
+}
+
+void VariableWriter::writeRaw(std::uint32_t address, const QByteArray& bytes, bool isText) {
+    WriteRawBytes(address, bytes, isText);
+}
+
 QString ReadTyped(const Variable& variable) {
     return panel::ReadVar(ParseHexAddress(variable.addressText), variable.typeIndex, variable.encodeIndex);
 }
 
-std::optional<QString> WriteTyped(const Variable& variable, QString typed, HexDigits hexDigits) {
+std::optional<QString> WriteTyped(const Variable& variable, QString typed, HexDigits hexDigits,
+                                  VariableWriter& writer) {
     const std::uint32_t address = ParseHexAddress(variable.addressText);
     const bool isHex = TakeHexPrefix(typed);
     if (QString raw = typed; isHex && TakeHexPrefix(raw)) {
-        WriteRawBytes(address, ParseRawBytes(raw), isText(variable));
+        writer.writeRaw(address, ParseRawBytes(raw), isText(variable));
         return std::nullopt;
     }
     const QString value = isHex ? valueOfHex(typed, variable) : typed;
     if (value.isEmpty()) return std::nullopt;
-    panel::WriteVar(address, value, variable.typeIndex, variable.encodeIndex);
+    writer.writeVar(address, value, variable.typeIndex, variable.encodeIndex);
     const QString data = isHex ? hexData(typed, variable, hexDigits) : CommandData(value, variable);
     return WriteCommandText(data, variable);
 }

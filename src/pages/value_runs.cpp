@@ -13,6 +13,9 @@ constexpr std::uint16_t NoAddress = 0xFFFF;
 
 std::size_t byteOffset(std::uint16_t wordAddress) { return 2 * std::size_t{wordAddress}; }
 
+/// Byte addresses of numbers and labels have 16 bits, so a word address above 0x7FFF stands for one below.
+std::size_t wrappedOffset(std::uint16_t wordAddress) { return static_cast<std::uint16_t>(2 * wordAddress); }
+
 /// How many bytes of a run stand before and in its end mark, by the bytes that `byteAt` reads.
 std::size_t lengthToEnd(const StoreRun& run, std::uint8_t (*byteAt)(std::size_t)) {
     if (run.end == TextEnd::None || run.offset >= StoreByteCount) return run.count;
@@ -25,8 +28,8 @@ std::size_t lengthToEnd(const StoreRun& run, std::uint8_t (*byteAt)(std::size_t)
 
 StoreRun valueRun(std::uint16_t address, std::uint8_t typeCode) {
     const unsigned log2Bytes = typeCode & TypeSizeMask;
-    if (log2Bytes == 0) return {.offset = byteOffset(address) + 1, .count = 1};
-    return {.offset = byteOffset(address), .count = std::size_t{1} << log2Bytes};
+    if (log2Bytes == 0) return {.offset = wrappedOffset(address) + 1, .count = 1};
+    return {.offset = wrappedOffset(address), .count = std::size_t{1} << log2Bytes};
 }
 
 StoreRuns numberRuns(const Parameters& p, std::size_t dataType, std::size_t hideWord) {
@@ -60,7 +63,7 @@ StoreRuns ValueWord(const Parameters& p) { return StoreRuns().addWord(p.u16(Valu
 
 StoreRuns LabelText(const Parameters& p) {
     constexpr std::size_t textLength = 0x19; // words
-    return StoreRuns().add({.offset = byteOffset(p.u16(ValueAddress)),
+    return StoreRuns().add({.offset = wrappedOffset(p.u16(ValueAddress)),
                             .count = 2 * std::size_t{p.u16(textLength)},
                             .end = TextEnd::ZeroWord});
 }

@@ -13,6 +13,8 @@
 
 namespace {
 
+inspector::VariableWriter Store;
+
 using namespace inspector;
 
 /// CRC-16 of Modbus by its polynomial, low byte first.
@@ -50,7 +52,7 @@ TEST_P(WriteCommands, ShowWhatWouldDoTheSame) {
     const int bytes = digits.size() / 2;
     PreviewHeader = "5AA5";
     const auto command =
-        WriteTyped(GetParam().variable, QString::fromUtf8(GetParam().typed), GetParam().hexDigits);
+        WriteTyped(GetParam().variable, QString::fromUtf8(GetParam().typed), GetParam().hexDigits, Store);
     const QString crc = crcOf(QByteArray::fromHex(digits.toLatin1()));
     const auto length = [](int count) {
         const QString text = QString::number(count, 16);
@@ -59,8 +61,9 @@ TEST_P(WriteCommands, ShowWhatWouldDoTheSame) {
     EXPECT_EQ(command.value_or("none").toStdString(),
               QString("5AA5 %1 %2 %3").arg(length(bytes + 2), body, crc).toStdString());
     PreviewNoCrc = 1;
-    EXPECT_EQ(WriteTyped(GetParam().variable, QString::fromUtf8(GetParam().typed), GetParam().hexDigits),
-              QString("5AA5 %1 %2").arg(length(bytes), body));
+    EXPECT_EQ(
+        WriteTyped(GetParam().variable, QString::fromUtf8(GetParam().typed), GetParam().hexDigits, Store),
+        QString("5AA5 %1 %2").arg(length(bytes), body));
 }
 
 constexpr int Text = panel::value_type::String;
@@ -108,7 +111,7 @@ TEST(ReadCommand, CountsWords) {
 
 TEST(TypedData, IsWrittenInEveryForm) {
     const auto write = [](int type, const char* typed) {
-        WriteTyped({"0x1000", type, 3}, typed, HexDigits::FilledUp);
+        WriteTyped({"0x1000", type, 3}, typed, HexDigits::FilledUp, Store);
         return panel::ReadVar(0x1000, type, 3);
     };
     for (int type = 0; type < Text; ++type) EXPECT_EQ(write(type, "0x10"), "16") << type;
@@ -123,7 +126,7 @@ TEST(TypedData, ThatIsEmptyWritesNothingAndHasNoCommand) {
     panel::StoreWord(0x1000, 0x4141);
     for (const char* typed : {"", "0x", "0X "})
         for (const int type : {1, Text}) {
-            EXPECT_FALSE(WriteTyped({"0x1000", type, 4}, typed, HexDigits::AsTyped)) << typed;
+            EXPECT_FALSE(WriteTyped({"0x1000", type, 4}, typed, HexDigits::AsTyped, Store)) << typed;
             EXPECT_EQ(panel::ReadWord(0x1000), 0x4141);
         }
 }
@@ -138,20 +141,20 @@ TEST(RawBytes, AreRunsOfDigitsAndLiterals) {
 }
 
 TEST(RawBytes, OfANumberLieInOrderAndOfATextInReverse) {
-    EXPECT_FALSE(WriteTyped({"0x1000", 1, 0}, "0x0x0102 03", HexDigits::FilledUp)) << "no command";
+    EXPECT_FALSE(WriteTyped({"0x1000", 1, 0}, "0x0x0102 03", HexDigits::FilledUp, Store)) << "no command";
     EXPECT_EQ(panel::ReadWord(0x1000), 0x0102);
     EXPECT_EQ(panel::ReadWord(0x1001), 0x0300);
-    EXPECT_FALSE(WriteTyped({"0x1100", Text, 0}, "0X0X\"abc\"", HexDigits::AsTyped));
+    EXPECT_FALSE(WriteTyped({"0x1100", Text, 0}, "0X0X\"abc\"", HexDigits::AsTyped, Store));
     EXPECT_EQ(panel::ReadWord(0x1100), 0x0063);
     EXPECT_EQ(panel::ReadWord(0x1101), 0x6261);
 }
 
 TEST(RawBytes, ActOnSystemWordsAndStayInTheStore) {
-    WriteTyped({"0x7001", 1, 0}, "0x0x003F", HexDigits::AsTyped);
+    WriteTyped({"0x7001", 1, 0}, "0x0x003F", HexDigits::AsTyped, Store);
     EXPECT_EQ(panel::DimValue, 0);
     const QString many = "0x0x" + QString("55").repeated(4000);
     for (const char* address : {"0x70FE", "0x70FF", "0xFFFF", "0xFFFFFFFF"})
-        for (const int type : {1, Text}) WriteTyped({address, type, 0}, many, HexDigits::AsTyped);
+        for (const int type : {1, Text}) WriteTyped({address, type, 0}, many, HexDigits::AsTyped, Store);
     EXPECT_EQ(panel::ReadWord(0x70FE), 0x5555);
     EXPECT_EQ(panel::ReadWord(0), 0);
 }

@@ -50,7 +50,7 @@ protected:
         for (int i = 0; i < 10; ++i) image.addPicture(imagekit::Pixels{digit});
         auto& page = image.addPage(PlainPage(config, Qt::gray));
         page.add(Number{.ValueAddress = ByteValue, .Y = 0, .IntegerDigits = 3, .Type = DataType::U8});
-        page.add(Number{.ValueAddress = LongValue,
+        page.add(Number{.ValueAddress = LongValue | 0x8000, // the same word
                         .Y = 8,
                         .IntegerDigits = 3,
                         .Type = DataType::S32,

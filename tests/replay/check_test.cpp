@@ -157,9 +157,11 @@ const Fault Faults[] = {
          image.addPage(Solid{64, 200, Qt::red});
          page.add(SlidingList{.Window = {0, 0, 63, 47}, .ListPage = 2});
          page.add(PageKey{.Where = {0, 190, 9, 199}, .InList = 1});
+         page.add(PopupKey{.Where = {0, 190, 9, 199}, .InList = 1, .Page = 0, .PopupY = 50});
          page.add(PageKey{.Where = {0, 200, 9, 209}, .InList = 1});
      },
-     {"error: page 1 PageKey: (0, 200) to (9, 209) lies off the list of 64 x 200"}},
+     {"error: page 1 PopupKey: (0, 50) to (63, 97) lies off the panel of 64 x 48",
+      "error: page 1 PageKey: (0, 200) to (9, 209) lies off the list of 64 x 200"}},
     {"OnAListThatIsMissing",
      [](auto&, Page& page) {
          page.add(PageKey{.Where = {0, 0, 9, 9}, .InList = 1});

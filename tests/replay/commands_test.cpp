@@ -33,7 +33,7 @@ TEST(CommandTable, RefusesTheRestWithAReason) {
         {"run 1e3", "MS must be a number"},
         {"cycle 0", "from 1"},
         {"drag 0 0 9 9 30", "multiple of 20"},
-        {"key up", "must be one of right left 1 2 3, not up"},
+        {"key up", "must be one of right left 1 2 3 other, not up"},
         {"read 0x70ff", "below 0x70ff"},
         {"read 0x70fe 2", "from 1 to 1"},
         {"write 0x70fe 1 2", "out of reach of a host"},

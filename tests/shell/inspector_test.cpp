@@ -1,6 +1,5 @@
 #include "shell/window_fixture.h"
 
-#include "inspector/command_preview.h"
 #include "inspector/dialog_reg.h"
 #include "pages/page_switch.h"
 #include "store/variable_store.h"
@@ -33,7 +32,7 @@ protected:
     void load(const QByteArray& touchTable = {}, const QByteArray& displayTable = {}) {
         if (!touchTable.isEmpty()) writeFile("TouchWidget.csv", touchTable);
         if (!displayTable.isEmpty()) writeFile("DisplayWidget.csv", displayTable);
-        imagekit::ImageBuilder image({.Width = 200, .Height = 120, .ColourMode = 1});
+        imagekit::ImageBuilder image({.Width = 200, .Height = 120, .ColourMode = 1, .NoCRC = true});
         image.setWord(0x0300, 77);
         for (int page = 0; page < 5; ++page)
             image.addPage(imagekit::Solid{.Width = 200, .Height = 120, .Colour = QColor(0, 40 * page, 99)});
@@ -81,8 +80,6 @@ TEST_F(InspectorTest, ReadsAndWritesAVariableByHand) {
     load();
     EXPECT_EQ(field("lineEdit_VarAddr"), "0x7000");
     EXPECT_EQ(chosen("comboBox_VarType") + '/' + chosen("comboBox_CodeType"), "Numerical/short");
-    inspector::PreviewHeader = "5AA5";
-    inspector::PreviewNoCrc = 1;
     type("lineEdit_VarAddr", "0x1234");
     type("lineEdit_2", "-1");
     click("pushButton_VarWrite");
@@ -211,6 +208,34 @@ TEST_F(InspectorTest, IsOutOfUseWithABrokenImage) {
     clickRow(0, Write);
     EXPECT_EQ(panel::ReadWord(0x1234), 0);
     EXPECT_EQ(command(), "");
+}
+
+TEST_F(InspectorTest, TheKeyboardReachesAllItsActions) {
+    load("head\n3,slider_1,Fan,0x1000\n", "head\n");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return table().rowCount() == 17; }));
+    table().setFocus();
+    table().setCurrentCell(16, Data);
+    QTest::keyClicks(&table(), "5");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(panel::ReadWord(0x1000), 5) << "what is being typed counts";
+    panel::StoreWord(0x1000, 6);
+    QTest::keyClick(&table(), Qt::Key_R, Qt::ControlModifier);
+    EXPECT_EQ(cell(16, Data), "6");
+    QTest::keyClick(&table(), Qt::Key_G, Qt::ControlModifier);
+    EXPECT_TRUE(QTest::qWaitFor([] { return panel::CurrentPage == 3; }));
+
+    type("lineEdit_VarAddr", "0x1000");
+    QTest::keyClick(&find<QLineEdit>("lineEdit_VarAddr"), Qt::Key_R, Qt::ControlModifier);
+    EXPECT_EQ(field("lineEdit_2"), "6");
+    type("lineEdit_2", "7");
+    QTest::keyClick(&find<QLineEdit>("lineEdit_2"), Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(panel::ReadWord(0x1000), 7);
+
+    auto& tabs = find<QTabWidget>("tabWidget");
+    QTest::keyClick(&tabs, Qt::Key_D, Qt::ControlModifier);
+    EXPECT_EQ(tabs.count(), 1);
+    QTest::keyClick(dialog().window(), Qt::Key_Escape);
+    EXPECT_EQ(tabs.count(), 2);
 }
 
 TEST_F(InspectorTest, KeysInItAreNotThePanels) {

@@ -45,7 +45,9 @@ TEST_F(ProgramTest, AnswersWithoutADisplay) {
 TEST_F(ProgramTest, RefusesWhatIsNoCommandLine) {
     for (const QStringList& arguments :
          {QStringList{"--nonsense"}, QStringList{"a.bin", "b.bin"}, QStringList{"--after", "soon"},
-          QStringList{"--after", "-1"}, QStringList{"--screenshot", ""}}) {
+          QStringList{"--after", "-1"}, QStringList{"--screenshot", ""}, QStringList{"--zoom", "100"},
+          QStringList{"--zoom", "90", "a.bin"}, QStringList{"--size", "640"}, QStringList{"--size", "0x9"},
+          QStringList{"--record", path("no/such/directory/s.replay")}}) {
         EXPECT_EQ(run(arguments), 1) << qPrintable(arguments.join(' '));
         EXPECT_TRUE(program_.readAllStandardError().contains("vendaro: "));
     }
@@ -55,6 +57,13 @@ TEST_F(ProgramTest, TakesAScreenshotOfTheWindowWithTheGivenImageOrThatOfThePathF
     EXPECT_EQ(run({"--screenshot", path("a.png"), "--after", "400", writeProject()}), 0);
     EXPECT_EQ(pagePixels(path("a.png")), 320 * 240);
     EXPECT_GT(QImage(path("a.png")).width(), 320);
+
+    EXPECT_EQ(run({"--screenshot", path("a.png"), "--after", "400", "--size", "1300x700", "--zoom", "60",
+                   "--record", path("s.replay"), writeProject()}),
+              0);
+    EXPECT_EQ(QImage(path("a.png")).size(), QSize(1300, 700));
+    EXPECT_NEAR(pagePixels(path("a.png")), 192 * 144, 2 * (192 + 144)) << "a scaled edge is blended";
+    EXPECT_TRUE(readFile("s.replay").startsWith("# Recorded by vendaro 1.20."));
 
     writeFile("currentbin_path.ini", writeProject().toUtf8());
     EXPECT_EQ(run({"--screenshot", path("b.png")}), 0);

@@ -129,7 +129,7 @@ void DataCheck::checkPicture(const Place& place, const ImageRow& row) {
 void DataCheck::checkPng(const Place& place, const ImageRow& row) {
     if (!checkRange(place, row.Address, row.Extra)) return;
     const QSize size = PngSize(row.Address, row.Extra);
-    if (size.isEmpty() || (IsPngAt(row.Address) && !isWholePng(row.Address, row.Extra)))
+    if (size.isEmpty() || !isWholePng(row.Address, row.Extra))
         findings_.error(place, "its %u bytes at 0x%08x are no whole PNG file", row.Extra, row.Address);
     else if (size != QSize(row.Width, row.Height))
         findings_.warning(place, "it tells %u x %u pixels, and its PNG file has %d x %d", unsigned{row.Width},
@@ -226,7 +226,7 @@ void DataCheck::checkPinyin() {
     constexpr std::uint32_t codeBytes = 2;
     const std::uint32_t table = Sections.PinyinTable;
     const Place place{.subject = "pinyin table", .offset = table};
-    if (table < SectionTableBytes) return findings_.error(place, "the image has none, and a widget needs it");
+    if (table < ConfigBlockAddress) return findings_.error(place, "the image has none, and a widget needs it");
     if (!checkRange(place, table, PinyinIndexRows * PinyinRowBytes)) return;
     for (std::uint32_t row = 0; row < PinyinIndexRows; ++row) {
         const std::uint32_t address = table + PinyinRowBytes * row;

@@ -59,7 +59,7 @@ void checkTable(Findings& findings, const Table& table) {
     const std::uint64_t bytes =
         std::uint64_t{count} * table.rowBytes * (table.perLanguage ? LanguageBlocks() : 1);
     if (bytes == 0) return;
-    if (address < SectionTableBytes)
+    if (address < ConfigBlockAddress)
         findings.error(place, "the %s of %u rows lies in the head, at 0x%08x", table.name, count, address);
     else if (address + bytes > imageBytes())
         findings.error(place, "the %s of %u rows at 0x%08x ends beyond the image", table.name, count,

@@ -108,19 +108,20 @@ Run runOf(const Extent& extent, const Parameters& p) {
 
 QSize sizeOf(const ImageRow& row) { return {row.Width, row.Height}; }
 
-/// What the coordinates of a record are held against; empty: nothing is known.
-QSize boundsOf(const Record& record) {
-    const QSize screen(DisplayWidth, DisplayHeight);
-    if (screen.isEmpty() || screen.width() > LargestPanelSide || screen.height() > LargestPanelSide)
-        return {};
-    if (record.code == KeyboardKeyFamily) return sizeOf(PageImageRow(record.page.number));
-    if (record.inGroup) return screen.expandedTo(record.page.list); // the host may lie on the list
-    return record.p.inList() ? record.page.list : screen;
-}
+/// What a rectangle is to lie in.
+struct Bounds {
+    QSize size; // empty: nothing is known
+    const char* name;
+};
 
-const char* boundsName(const Record& record) {
-    if (record.code == KeyboardKeyFamily) return "keyboard";
-    return record.p.inList() ? "list" : "panel";
+/// Pop-ups and keyboards stand on the panel, whatever their key lies on.
+Bounds boundsOf(const Record& record, What what) {
+    const QSize screen(DisplayWidth, DisplayHeight);
+    if (screen.width() > LargestPanelSide || screen.height() > LargestPanelSide) return {{}, ""};
+    if (record.code == KeyboardKeyFamily) return {sizeOf(PageImageRow(record.page.number)), "keyboard"};
+    if (record.inGroup) return {screen.expandedTo(record.page.list), "panel"}; // the host may lie on the list
+    if (record.p.inList() == 0 || what == What::PageAt) return {screen, "panel"};
+    return {record.page.list, "list"};
 }
 
 /// Between two words, where there is a first one.
@@ -169,7 +170,7 @@ void RecordCheck::checkReference(const Record& record, const Reference& row, std
     if (row.what == What::Spot)
         checkSpot(record, pointAt(record.p, at));
     else if (row.what >= What::Box)
-        checkRect(record, rectOf(row, record.p, at));
+        checkRect(record, row.what, rectOf(row, record.p, at));
     else if (record.p.u16(at) < row.none)
         checkName(record, row, record.p.u16(at));
 }
@@ -296,28 +297,28 @@ void RecordCheck::checkVideo(const Place& place, std::uint16_t number) {
 
 /// A number that ends at the edge has its place behind it.
 void RecordCheck::checkSpot(const Record& record, QPoint at) {
-    const QSize bounds = boundsOf(record);
-    if (!bounds.isEmpty() && (at.x() > bounds.width() || at.y() > bounds.height()))
-        findings_.error(record.place, "(%d, %d) lies off the %s of %d x %d", at.x(), at.y(),
-                        boundsName(record), bounds.width(), bounds.height());
+    const auto [size, name] = boundsOf(record, What::Spot);
+    if (!size.isEmpty() && (at.x() > size.width() || at.y() > size.height()))
+        findings_.error(record.place, "(%d, %d) lies off the %s of %d x %d", at.x(), at.y(), name,
+                        size.width(), size.height());
 }
 
-void RecordCheck::checkRect(const Record& record, QRect rect) {
+void RecordCheck::checkRect(const Record& record, What what, QRect rect) {
     if (rect.isNull()) return; // of a picture that is not there
-    const QSize bounds = boundsOf(record);
+    const auto [size, name] = boundsOf(record, what);
+    const QRect whole(QPoint(), size);
     const QString text =
         QString::asprintf("(%d, %d) to (%d, %d)", rect.left(), rect.top(), rect.right(), rect.bottom());
-    const char* name = boundsName(record);
     if (rect.isEmpty())
         findings_.error(record.place, "its rectangle from %s is empty", qPrintable(text));
-    else if (bounds.isEmpty() || QRect(QPoint(), bounds).contains(rect))
+    else if (size.isEmpty() || whole.contains(rect))
         return;
-    else if (rect.intersects(QRect(QPoint(), bounds)))
+    else if (rect.intersects(whole))
         findings_.warning(record.place, "%s lies partly off the %s of %d x %d", qPrintable(text), name,
-                          bounds.width(), bounds.height());
+                          size.width(), size.height());
     else
-        findings_.error(record.place, "%s lies off the %s of %d x %d", qPrintable(text), name, bounds.width(),
-                        bounds.height());
+        findings_.error(record.place, "%s lies off the %s of %d x %d", qPrintable(text), name, size.width(),
+                        size.height());
 }
 
 } // namespace check

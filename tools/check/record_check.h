@@ -55,7 +55,7 @@ private:
     void checkSound(const Place& place, std::uint16_t code);
     void checkVideo(const Place& place, std::uint16_t number);
     void checkSpot(const Record& record, QPoint at);
-    void checkRect(const Record& record, QRect rect);
+    void checkRect(const Record& record, What what, QRect rect);
 
     /// `count` rows of a table of `have` from `first` on. False when it does not have all of them.
     bool checkRows(const Place& place, const char* role, const char* noun, std::uint32_t first,

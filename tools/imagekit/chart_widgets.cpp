@@ -4,6 +4,7 @@ namespace imagekit {
 
 DisplayRecord Encode(const Curve& curve) {
     ByteWriter block;
+    if (curve.ParameterAddress != Inline) block.u8(0); // its block begins one byte earlier
     block.u16(curve.X1).u16(curve.Y1).u16(curve.X2).u16(curve.Y2).u16(curve.BaseOffset);
     block.u16(curve.BaseValue).u16(curve.Scale).u24(curve.Colour);
     block.u8(curve.Channel | (curve.LeftToRight ? 0x80U : 0U)).u8(curve.StepX).u8(curve.Thickness);

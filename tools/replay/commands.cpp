@@ -32,7 +32,7 @@ constexpr std::array<Command, 24> Table{{
     {"release", "", "the pointer goes up", PrepareRelease},
     {"tap", "X Y", "press, run 60, release, run 60", PrepareTap},
     {"drag", "X0 Y0 X1 Y1 MS", "press, a move each 20 ms for MS, release, run 60", PrepareDrag},
-    {"key", "right|left|1|2|3", "an encoder key", PrepareKey},
+    {"key", "right|left|1|2|3|other", "an encoder key, or one that only wakes", PrepareKey},
     {"read", "ADDR [COUNT]", "answers words of the store", PrepareRead},
     {"write", "ADDR WORD...", "writes words as a serial host does", PrepareWrite},
     {"set", "ADDR VALUE", "writes a word as the variable inspector does", PrepareSet},

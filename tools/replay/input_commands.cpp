@@ -14,6 +14,7 @@
 #include <QPoint>
 
 #include <array>
+#include <optional>
 #include <vector>
 
 namespace replay {
@@ -49,13 +50,14 @@ void drag(QPoint from, QPoint to, int milliseconds, Bench& bench) {
 
 struct KeyName {
     const char* name;
-    panel::EncoderKey key;
+    std::optional<panel::EncoderKey> key;
 };
-constexpr std::array<KeyName, 5> KeyNames{{{"right", panel::EncoderKey::Clockwise},
+constexpr std::array<KeyName, 6> KeyNames{{{"right", panel::EncoderKey::Clockwise},
                                            {"left", panel::EncoderKey::CounterClockwise},
                                            {"1", panel::EncoderKey::Key1},
                                            {"2", panel::EncoderKey::Key2},
-                                           {"3", panel::EncoderKey::Key3}}};
+                                           {"3", panel::EncoderKey::Key3},
+                                           {"other", std::nullopt}}};
 
 struct EncodingName {
     const char* name;

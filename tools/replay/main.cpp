@@ -4,7 +4,6 @@
 #include "replay/command_error.h"
 #include "replay/commands.h"
 #include "replay/runner.h"
-#include "store/host_time.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -39,7 +38,8 @@ constexpr char Purpose[] =
 
 struct Options {
     QString image;
-    QString script; // empty: standard input
+    QDateTime clock; // null: the computer's own
+    QString script;  // empty: standard input
     replay::PictureRules pictures;
     bool check = false; // look at the image and run nothing
 };
@@ -58,13 +58,13 @@ void setUp(QCommandLineParser& parser) {
     parser.addPositionalArgument("SCRIPT", "The commands.", "[SCRIPT | -]");
 }
 
-void setClock(const QString& text) {
+QDateTime readClock(const QString& text) {
     const QDateTime time = QDateTime::fromString(text, "yyyy-MM-dd HH:mm:ss");
     const int year = time.date().year();
     if (!time.isValid() || year < 2010 || year > 2099)
         throw replay::CommandError(
             "--clock must be a time of the years 2010 to 2099, as in \"2026-01-01 00:00:00\"");
-    panel::SetHostTime(time);
+    return time;
 }
 
 Options readOptions(const QCommandLineParser& parser) {
@@ -74,8 +74,8 @@ Options readOptions(const QCommandLineParser& parser) {
     const bool check = parser.isSet("check");
     if (check && parser.optionNames().size() + files.size() > 2)
         throw replay::CommandError("--check takes an image and nothing else");
-    if (parser.isSet("clock")) setClock(parser.value("clock"));
     return {.image = files[0],
+            .clock = parser.isSet("clock") ? readClock(parser.value("clock")) : QDateTime(),
             .script = files.value(1) == "-" ? QString() : files.value(1),
             .pictures = {.evidence = parser.value("evidence"), .bless = parser.isSet("bless")},
             .check = check};
@@ -86,6 +86,7 @@ Outcome run(const Options& options) {
     replay::Bench bench{.panel = {},
                         .report = {fromInput ? replay::InputName : options.script, std::cout, std::cerr},
                         .pictures = options.pictures};
+    bench.panel.setClock(options.clock);
     bench.panel.load(options.image);
     return fromInput ? replay::RunLines(std::cin, bench) : replay::RunFile(options.script, bench);
 }

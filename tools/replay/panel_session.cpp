@@ -5,6 +5,7 @@
 #include "host/image_file.h"
 #include "host/serial_recorder.h"
 #include "replay/command_error.h"
+#include "store/host_time.h"
 #include "widgets/display/media.h"
 
 #include <QFileInfo>
@@ -13,6 +14,8 @@
 
 namespace replay {
 namespace {
+
+constexpr qint64 TickTime = 10; // ms
 
 /// A media file as seen from the directory of the image.
 QString besideImage(const QString& file) {
@@ -56,6 +59,7 @@ void PanelSession::load(const QString& path) {
     running_ = false;
     if (!panel::ReadImageFile(path)) throw CommandError("cannot read the image " + path);
     panel::SetMediaDirectory(QFileInfo(path).path());
+    if (clockStart_.isValid()) panel::SetHostTime(clockStart_.addMSecs(TickTime * ticks_));
     running_ = panel::StartPanel(outputs_) == panel::StartResult::Running;
 }
 
@@ -72,10 +76,13 @@ bool PanelSession::passTick() {
 }
 
 void PanelSession::run(int milliseconds) {
-    for (int passed = 0; passed < milliseconds; passed += 10) passTick();
+    for (int passed = 0; passed < milliseconds; passed += TickTime) passTick();
 }
 
-void PanelSession::tick() { panel::CountTick(tickCount_); }
+void PanelSession::tick() {
+    ++ticks_;
+    panel::CountTick(tickCount_);
+}
 
 void PanelSession::cycle() {
     if (running_) panel::EngineCycle(outputs_);

@@ -3,6 +3,7 @@
 
 #include "host/panel_outputs.h"
 
+#include <QDateTime>
 #include <QImage>
 #include <QString>
 #include <QStringList>
@@ -40,6 +41,10 @@ private:
 /// The engine is global, so a process has one session.
 class PanelSession {
 public:
+    /// The host's date and time as long as no tick has passed; it goes on with the ticks. Before the first
+    /// load. Without it the computer's own.
+    void setClock(const QDateTime& start) { clockStart_ = start; }
+
     /// Loads an image and starts the panel with it: the first page is on show and no tick has passed. Throws
     /// CommandError for a file that cannot be read. An illegal image is loaded: its panel ends in an error
     /// frame.
@@ -72,6 +77,8 @@ private:
     bool running_ = false;
     bool cycleDue_ = false; // at the next tick of passTick()
     int tickCount_ = 0;     // divider of the second
+    QDateTime clockStart_;  // null: the computer's own time
+    qint64 ticks_ = 0;      // since the session began
 };
 
 } // namespace replay

@@ -97,7 +97,7 @@ int measuredWidth(const TextBox& box) {
     return std::exchange(TextWidth, shown);
 }
 
-/// `left` and `width` px from the text's place on; a centred text keeps the box of a longer one before it.
+/// From the text's place to the keyboard's edge; a centred text keeps the box of a longer one before it.
 TextBox numberBox() {
     const EntryField& field = Open.Field;
     const QPoint at = field.textPlace();

@@ -178,6 +178,10 @@ void BuildTouchTables(std::uint16_t page) {
     }
 }
 
+bool IsTouchFamily(int code) {
+    return std::ranges::find(Families, code, &TouchFamily::code) != std::end(Families);
+}
+
 void ShowTouchFamiliesOfNeighbour(std::uint16_t page) {
     TouchStream.load(TouchStreamPlace(page));
     StreamWalker walker(TouchStream.bytes(), Framing::Touch);

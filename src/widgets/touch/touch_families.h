@@ -5,6 +5,9 @@
 
 namespace panel {
 
+/// Whether a family has that code, a type word under FamilyMask.
+bool IsTouchFamily(int code);
+
 /// Forgets the rows and the active row of every family.
 void ResetTouchFamilies();
 /// No family owns the press any more; the rows stay.

@@ -220,7 +220,7 @@ inline constexpr QRect HumidityCard = Span(Left, 284, 436, 374);
 inline constexpr QRect HumidityDrum{127, 322, 290, 42};
 inline constexpr int HumidityCell = 58;
 inline constexpr QRect AiringCard = Span(Left, 386, 436, Bottom);
-inline constexpr QRect AiringTime{260, 411, 100, 28};
+inline constexpr QRect AiringTime{267, 411, 94, 28};
 inline constexpr QRect AiringSwitch{368, 411, 52, 28};
 inline constexpr QRect StatusCard = Span(448, 284, Right, Bottom);
 inline constexpr int Flags = 3;

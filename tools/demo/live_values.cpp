@@ -9,6 +9,7 @@
 #include <QFontMetrics>
 #include <QPainterPath>
 
+#include <algorithm>
 #include <cmath>
 
 namespace demo {
@@ -183,7 +184,8 @@ int anchorX(const LiveNumber& number) {
     const QString unit(number.unit);
     const int end = number.well.x() + number.well.width() - WellPadding;
     if (unit.isEmpty()) return end;
-    return end - QFontMetrics(ThemeFont(style::Small)).horizontalAdvance(unit) - 4;
+    const QFontMetrics metrics(ThemeFont(style::Small));
+    return end - std::max(metrics.horizontalAdvance(unit), metrics.horizontalAdvance(Chinese(unit))) - 4;
 }
 
 void addNumber(imagekit::ImageBuilder& image, NumberFonts& fonts, const LiveNumber& number) {

@@ -234,7 +234,7 @@ inline constexpr QRect Key{478, 70, 112, 84}; // sun and cloud on the home page
 inline constexpr QRect Window = Span(Left, Top, Right, 284);
 inline constexpr int Hours = 24, HourWidth = 84;
 constexpr QRect Hour(int index) { return QRect(index * HourWidth + 4, 0, HourWidth - 8, Window.height()); }
-inline constexpr QRect Now{10, 62, 64, 26}; // the value on the list
+inline constexpr QRect Now{10, 65, 64, 26}; // the value on the list
 inline constexpr QRect WindCard = Span(Left, 296, 324, Bottom);
 inline constexpr QRect Compass{122, 332, 120, 120};
 inline constexpr QRect WindValue{246, 380, 68, 28};

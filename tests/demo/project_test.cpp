@@ -135,6 +135,9 @@ TEST_F(DemoProject, ShowsEachChangeInItsPlace) {
                    {HomePage, words::PowerLevel, 90, layout::home::PowerBar},
                    {EnergyPage, words::WeekEnergy + 2, 100, layout::energy::DayBar(2).adjusted(-4, 0, 4, 0)},
                    {EnergyPage, words::ShareHeating, 20, layout::energy::ShareCard},
+                   {VentilationPage, words::FilterLife, 20, layout::ventilation::FilterBar},
+                   {VentilationPage, words::FanLevel, 3, layout::ventilation::LevelKey},
+                   {ForecastPage, words::RainChance, 80, layout::forecast::RainCard},
                    {ServicePage, words::SupportLink, 0x4141, layout::service::QrCode},
                    {ServicePage, words::ServicePin, 0, layout::service::ServicePin}};
     for (const auto& change : changes) {

@@ -18,15 +18,10 @@ using namespace layout::standby;
 constexpr TextStyle TimeStyle{150, QFont::Normal, colour::Muted};
 constexpr TextStyle DateStyle{26, QFont::Medium, colour::Faint};
 
-QStringList threeMarks(const QString& year, const QString& month, const QString& day) {
-    return {year, month, day};
-}
-
 /// The marks are characters in Chinese; in the other language strokes, and nothing at the end.
 std::uint16_t addDateGlyphs(imagekit::ImageBuilder& image) {
-    const std::uint16_t first =
-        AddGlyphPictures(image, TimeGlyphs() + threeMarks("-", "-", " "), DateStyle, colour::Rail);
-    const QStringList chinese = threeMarks("年", "月", "日");
+    const QStringList strokes{"-", "-", " "}, chinese{"年", "月", "日"};
+    const std::uint16_t first = AddGlyphPictures(image, TimeGlyphs() + strokes, DateStyle, colour::Rail);
     for (int i = 0; i < 3; ++i)
         image.setPicture(U16(first + TimeGlyphs().size() + i), ChineseLanguage,
                          GlyphPicture(chinese[i], DateStyle, colour::Rail));

@@ -178,10 +178,6 @@ void BuildTouchTables(std::uint16_t page) {
     }
 }
 
-bool IsTouchFamily(int code) {
-    return std::ranges::find(Families, code, &TouchFamily::code) != std::end(Families);
-}
-
 void ShowTouchFamiliesOfNeighbour(std::uint16_t page) {
     TouchStream.load(TouchStreamPlace(page));
     StreamWalker walker(TouchStream.bytes(), Framing::Touch);
@@ -189,6 +185,10 @@ void ShowTouchFamiliesOfNeighbour(std::uint16_t page) {
         const TouchFamily* family = findFamily(record->typeWord & ~NotifyFlag); // none of those on a list
         if (family && family->onNeighbours && family->build) family->build(fieldsOf(*record));
     }
+}
+
+bool IsTouchFamily(int code) {
+    return std::ranges::find(Families, code, &TouchFamily::code) != std::end(Families);
 }
 
 } // namespace panel

@@ -5,9 +5,6 @@
 
 namespace panel {
 
-/// Whether a family has that code, a type word under FamilyMask.
-bool IsTouchFamily(int code);
-
 /// Forgets the rows and the active row of every family.
 void ResetTouchFamilies();
 /// No family owns the press any more; the rows stay.
@@ -22,5 +19,8 @@ void BuildTouchTables(std::uint16_t page);
 /// Draws the first images of the widgets of a page beside the one on show. Leaves rows and stream of that
 /// page behind.
 void ShowTouchFamiliesOfNeighbour(std::uint16_t page);
+
+/// Whether a family has that code, a type word under FamilyMask.
+bool IsTouchFamily(int code);
 
 } // namespace panel

@@ -43,9 +43,9 @@ constexpr int RowHeight = 35;
 constexpr int TypeRole = Qt::UserRole;
 constexpr int EncodeRole = Qt::UserRole + 1;
 
-/// The first rows have all their widgets at once. Further down a row has its buttons while it is in view, and
-/// no combos, whose columns nobody sees: a styled combo costs as much as a hundred rows of cells.
-constexpr int RowsWithWidgets = 100;
+/// The system rows have all their widgets, once and for all. Further down a row has its buttons while it is in
+/// view, and no combos, whose columns nobody sees: a styled combo costs as much as a hundred rows of cells.
+constexpr int RowsWithWidgets = 16;
 
 constexpr int EventPeriod = 20;                      // ms between two looks at the events in a long fill
 constexpr qint64 LargestTableFile = 64 << 20;        // bytes
@@ -266,7 +266,6 @@ void DialogReg::TakeRowToPanel(QTableWidgetItem* item) {
 // --- The rows ---
 
 void DialogReg::AddSystemRows() {
-    ui_->tableWidget->clearContents();
     passingRows_.clear();
     int row = 0;
     for (const inspector::WidgetRow& systemRow : inspector::SystemRows()) AddRow(systemRow, row++);
@@ -283,7 +282,7 @@ void DialogReg::AddRow(const inspector::WidgetRow& row, int at) {
     address->setData(EncodeRole, row.encodeIndex);
     table.setItem(at, VarAddr, address);
     table.setItem(at, Data, makeDataCell({}));
-    if (at >= RowsWithWidgets) return;
+    if (at >= RowsWithWidgets || table.cellWidget(at, DataType)) return;
     table.setCellWidget(at, DataType, makeRowCombo(typeItems_, row.typeIndex));
     table.setCellWidget(at, Encode, makeRowCombo(encodeItems_, row.encodeIndex));
     addRowButtons(at);
@@ -394,8 +393,8 @@ void DialogReg::AddrInit() {
     sinceEvents_.start();
     ui_->lineEdit_VarAddr->clear();
     ui_->lineEdit_2->clear();
-    AddSystemRows();
     ui_->tableWidget->setRowCount(static_cast<int>(inspector::SystemRows().size()));
+    AddSystemRows();
     if (panel::IllegalImage) return;
     ResetPanel();
     const int fill = fill_;

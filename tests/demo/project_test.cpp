@@ -6,16 +6,22 @@
 #include "demo/texts.h"
 #include "demo/words.h"
 
+#include "pages/display_kinds.h"
 #include "pages/page_switch.h"
+#include "pages/page_table.h"
+#include "pages/stream_walker.h"
 #include "store/curve_samples.h"
 #include "store/host_time.h"
 #include "widgets/display/media.h"
+#include "widgets/touch/touch_families.h"
+#include "widgets/touch/touch_row.h"
 
 #include <QFile>
 #include <QGuiApplication>
 #include <QTemporaryDir>
 
 #include <cstdlib>
+#include <set>
 
 namespace {
 
@@ -52,9 +58,9 @@ QRect changedArea(const QImage& before, const QImage& after, int tolerance = 0) 
 
 TEST_F(DemoProject, HasEveryPageAsItWasPainted) {
     constexpr int Rounding = 4; // a 5-bit step
-    ASSERT_EQ(pages.size(), TipsList + 1u);
+    ASSERT_EQ(pages.size(), HelpList + 1u);
     for (std::uint16_t id = 0; id < pages.size(); ++id) {
-        const bool isFull = id < AwayPopup || id == StandbyPage || id == GaugesPage;
+        const bool isFull = id < AwayPopup || id == StandbyPage || id == GaugesPage || id == VentilationPage;
         if (!isFull) continue;
         panel::ShowPage(id);
         EXPECT_TRUE(changedArea(pages[id].image, panel::PageBackground, Rounding).isEmpty())
@@ -62,8 +68,44 @@ TEST_F(DemoProject, HasEveryPageAsItWasPainted) {
     }
 }
 
+/// The kinds and families of the records on the pages of the images that were loaded.
+struct Widgets {
+    std::set<std::uint16_t> kinds, families;
+
+    void addPages() {
+        for (std::uint16_t page = 0; page < panel::Sections.PageCount; ++page) addPage(page);
+    }
+
+private:
+    void addPage(std::uint16_t page) {
+        panel::DisplayStream.load(panel::DisplayStreamPlace(page));
+        panel::StreamWalker display(panel::DisplayStream.bytes(), panel::Framing::DisplayByKind);
+        while (const auto record = display.next()) kinds.insert(record->kind());
+        panel::TouchStream.load(panel::TouchStreamPlace(page));
+        panel::StreamWalker touch(panel::TouchStream.bytes(), panel::Framing::Touch);
+        while (const auto record = touch.next()) families.insert(record->typeWord & panel::FamilyMask);
+    }
+};
+
+TEST_F(DemoProject, HasEveryKindAndFamilyOnAPageOfItsImages) {
+    Widgets widgets;
+    widgets.addPages();
+    const QTemporaryDir folder;
+    WriteMediaProject(folder.path());
+    QFile image(folder.filePath("media.bin"));
+    ASSERT_TRUE(image.open(QIODevice::ReadOnly));
+    boot(image.readAll());
+    widgets.addPages();
+    for (const panel::DisplayKind& kind : panel::DisplayKinds())
+        EXPECT_TRUE(widgets.kinds.contains(kind.code)) << kind.name;
+    for (std::uint16_t family = 0x8000; family <= 0x80FF; ++family)
+        EXPECT_EQ(widgets.families.contains(family), panel::IsTouchFamily(family)) << std::hex << family;
+}
+
+TEST_F(DemoProject, FitsIntoTheFlashOfAPanel) { EXPECT_LE(BuildProject(pages).build().size(), 16 << 20); }
+
 TEST_F(DemoProject, OpensPopupsOverThePageWithTheirShadow) {
-    for (const PageId id : {AwayPopup, BoostPopup, DatePopup}) {
+    for (const PageId id : {AwayPopup, BoostPopup, DatePopup, AlarmPopup}) {
         panel::ShowPage(HomePage);
         panel::PopupActive = 1; // as the key leaves it that opens the pop-up
         panel::PopupOriginX = static_cast<std::uint16_t>(layout::popup::Origin.x());
@@ -93,6 +135,9 @@ TEST_F(DemoProject, ShowsEachChangeInItsPlace) {
                    {HomePage, words::PowerLevel, 90, layout::home::PowerBar},
                    {EnergyPage, words::WeekEnergy + 2, 100, layout::energy::DayBar(2).adjusted(-4, 0, 4, 0)},
                    {EnergyPage, words::ShareHeating, 20, layout::energy::ShareCard},
+                   {VentilationPage, words::FilterLife, 20, layout::ventilation::FilterBar},
+                   {VentilationPage, words::FanLevel, 3, layout::ventilation::LevelKey},
+                   {ForecastPage, words::RainChance, 80, layout::forecast::RainCard},
                    {ServicePage, words::SupportLink, 0x4141, layout::service::QrCode},
                    {ServicePage, words::ServicePin, 0, layout::service::ServicePin}};
     for (const auto& change : changes) {

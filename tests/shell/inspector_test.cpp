@@ -36,7 +36,7 @@ protected:
         image.setWord(0x0300, 77);
         for (int page = 0; page < 5; ++page)
             image.addPage(imagekit::Solid{.Width = 200, .Height = 120, .Colour = QColor(0, 40 * page, 99)});
-        window_->openImage(writeFile("a.bin", image.build()));
+        openAndRun(writeFile("a.bin", image.build()));
     }
 
     void click(const char* button) const { QTest::mouseClick(&find<QPushButton>(button), Qt::LeftButton); }
@@ -183,8 +183,11 @@ TEST_F(InspectorTest, FollowsTheFilesBesideTheImage) {
     load({}, "h\n0,number_1,n,0x0300,,0x0310,,40\n");
     ASSERT_EQ(table().rowCount(), 19);
     EXPECT_EQ(cell(16, 1) + cell(17, 1) + cell(18, 2), "slider_1number_1n_VectorAddr");
-    EXPECT_EQ(qobject_cast<QComboBox*>(table().cellWidget(17, DataType))->currentText(), "String");
-    EXPECT_EQ(qobject_cast<QComboBox*>(table().cellWidget(17, Encode))->currentText(), "GBK2312");
+    doubleClick(17, VarAddr);
+    EXPECT_EQ(chosen("comboBox_VarType") + ' ' + chosen("comboBox_CodeType"), "String GB2312");
+    for (const int column : {DataType, Encode})
+        EXPECT_EQ(qobject_cast<QComboBox*>(table().cellWidget(15, column))->currentIndex(),
+                  column == DataType);
     EXPECT_EQ(table().item(17, VarAddr)->flags(), Qt::ItemIsEnabled);
     QFile::remove(path("TouchWidget.csv"));
     load();

@@ -46,12 +46,6 @@ protected:
         window_->setInput(std::move(recorder));
     }
 
-    /// Opens an image and lets the panel show its first page.
-    void open(const QString& image) {
-        window_->openImage(image);
-        const auto cycles = window_->progress().cycles;
-        ASSERT_TRUE(QTest::qWaitFor([&] { return window_->progress().cycles > cycles + 2; }));
-    }
     QPoint moveCursor(QPoint onPanel) {
         QCursor::setPos(view().mapToGlobal(onPanel));
         return view().mapTo(window_.get(), onPanel);
@@ -95,7 +89,7 @@ protected:
 
 TEST_F(RecordingTest, AReplayEndsOnThePageAndWithTheWordsOfTheSession) {
     startRecording();
-    open(writeProject("a.bin", 5));
+    openAndRun(writeProject("a.bin", 5));
     press({50, 60});
     QTest::qWait(900);
     release();
@@ -118,7 +112,7 @@ TEST_F(RecordingTest, AReplayEndsOnThePageAndWithTheWordsOfTheSession) {
     release();
     QTest::qWait(100);
     const int slid = panel::ReadWord(Slid);
-    open(writeProject("b.bin", 700));
+    openAndRun(writeProject("b.bin", 700));
     press({50, 60});
     QTest::qWait(60);
     release();
@@ -137,7 +131,7 @@ TEST_F(RecordingTest, WhatCannotBeRepeatedIsNotWritten) {
     press({50, 60});
     release();
     EXPECT_EQ(readFile("s.replay"), "") << "nothing happens before the first image";
-    open(writeProject("a.bin", 5));
+    openAndRun(writeProject("a.bin", 5));
     write("0x6000", "Numerical", "int", "7");
     write("0x5FFF", "String", "UTF-8", "too long for its place");
     window_.reset();

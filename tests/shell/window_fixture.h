@@ -4,6 +4,7 @@
 #include "host/flash_image.h"
 #include "host/main_window.h"
 #include "host/media_requests.h"
+#include "host/work_thread.h"
 #include "temporary_files.h"
 
 #include <QAction>
@@ -31,6 +32,13 @@ protected:
         window_ = std::make_unique<MainWindow>(PathFiles(directory_.path()));
         window_->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
+    }
+
+    /// Opens an image and waits for its engine, whose start-up sets variables.
+    void openAndRun(const QString& image) {
+        const auto cycles = window_->progress().cycles;
+        window_->openImage(image);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return window_->progress().cycles > cycles + 2; }));
     }
 
     template <class Widget>

@@ -9,6 +9,8 @@
 
 #include "store/system_words.h"
 
+#include <optional>
+
 namespace demo {
 namespace {
 
@@ -100,16 +102,31 @@ public:
     /// Leaves the captions of an area to the group of the page's gauge.
     void captionsOnGauge(PageId page, const QRect& area) { addCaptions(page, area, GaugeGroup); }
 
-    /// The captions that are on no key.
+    /// The captions that are on no key. Those of a list's picture belong to the page that shows it.
     void addOtherCaptions() {
-        for (std::size_t page = 0; page < pages_.size(); ++page)
-            for (std::size_t i = 0; i < pages_[page].captions.size(); ++i)
-                if (!captionTaken_[page][i])
-                    image_.page(U16(static_cast<int>(page))).add(texts_.caption(pages_[page].captions[i]));
+        for (std::uint16_t page = 0; page < pages_.size(); ++page) {
+            const std::optional<PageId> host = hostOf(page);
+            for (std::size_t i = 0; i < pages_[page].captions.size(); ++i) {
+                if (captionTaken_[page][i]) continue;
+                imagekit::Label label = texts_.caption(pages_[page].captions[i]);
+                if (host) putOnCard(label);
+                image_.page(host.value_or(static_cast<PageId>(page))).add(label);
+            }
+        }
     }
 
 private:
     static constexpr int MarkSize = 16;
+
+    static std::optional<PageId> hostOf(std::uint16_t page) {
+        switch (page) {
+        case EventsList: return EventsPage;
+        case TipsList: return TipsPage;
+        case ForecastList: return ForecastPage;
+        case HelpList: return HelpPage;
+        default: return {};
+        }
+    }
 
     imagekit::ValueIcon markOn(const QRect& card, const Choice& choice) {
         return {.ValueAddress = choice.word,
@@ -118,6 +135,13 @@ private:
                 .FirstImage = art_.withAlpha(ChosenMark(MarkSize, choice.colour)),
                 .Minimum = U16(choice.value),
                 .Maximum = U16(choice.value)};
+    }
+
+    /// On a list a text that shows what is behind it would also clean its place on the page.
+    void putOnCard(imagekit::Label& label) const {
+        label.InList = true;
+        label.Opaque = true;
+        label.BackColour = image_.colour(colour::Card);
     }
 
     /// Whether there were any.
@@ -180,7 +204,7 @@ void addNavigation(Builder& controls) {
     for (std::uint16_t page = HomePage; page < layout::NavigationItems; ++page)
         for (std::uint16_t target = HomePage; target < layout::NavigationItems; ++target)
             if (target != page) addNavigationKey(controls, static_cast<PageId>(page), target);
-    for (const PageId page : {GaugesPage, EventsPage, TipsPage})
+    for (const PageId page : PagesBehind)
         for (std::uint16_t target = HomePage; target < layout::NavigationItems; ++target)
             addNavigationKey(controls, page, target);
 }
@@ -190,6 +214,7 @@ void addHome(Builder& controls) {
     controls.captionsOnGauge(HomePage, {DialCentre - QPoint(70, 70), QSize(140, 140)});
     controls.roundStep(HomePage, ColderKey, stepOf(words::RoomTarget, false, 5, 50, 300));
     controls.roundStep(HomePage, WarmerKey, stepOf(words::RoomTarget, true, 5, 50, 300));
+    controls.key(HomePage, layout::forecast::Key, KeyRadius, imagekit::PageKey{.TargetPage = ForecastPage});
     const QColor colours[] = {colour::Warm, colour::Eco, colour::Violet, colour::Cool};
     for (int scene = words::Comfort; scene < words::Away; ++scene) {
         const Choice choice{words::Scene, scene, colours[scene]};
@@ -252,6 +277,7 @@ void addEnergyAndService(Builder& controls) {
     using namespace layout;
     controls.captionsOnGauge(EnergyPage, {energy::ShareCentre - QPoint(50, 50), QSize(100, 100)});
     controls.key(ServicePage, service::CircuitCard, CardRadius, imagekit::PageKey{.TargetPage = GaugesPage});
+    controls.key(ServicePage, help::Key, KeyRadius, imagekit::PageKey{.TargetPage = HelpPage});
 }
 
 void addRoomsAndTips(Builder& controls) {
@@ -300,6 +326,12 @@ void addPopups(Builder& controls) {
     controls.key(BoostPopup, ConfirmKey, KeyRadius, choosing(words::WaterMode, 2, HotWaterPage));
 }
 
+void addAlarmPopup(Builder& controls) {
+    using namespace layout::popup;
+    controls.key(AlarmPopup, CancelKey, KeyRadius, imagekit::PageKey{.TargetPage = EventsPage});
+    controls.key(AlarmPopup, ConfirmKey, KeyRadius, writing(words::EventsDone + 2, 1, EventsPage));
+}
+
 std::vector<QString> numbers(int first, int last) {
     std::vector<QString> texts;
     for (int number = first; number <= last; ++number)
@@ -330,6 +362,7 @@ void AddControls(imagekit::ImageBuilder& image, Texts& texts, const std::vector<
     addSettings(controls);
     addPopups(controls);
     addDatePopup(controls);
+    addAlarmPopup(controls);
     controls.addOtherCaptions();
 }
 

@@ -2,6 +2,7 @@
 
 #include "demo/canvas.h"
 #include "demo/texts.h"
+#include "demo/translations.h"
 
 #include <QFontMetrics>
 #include <QLinearGradient>
@@ -128,6 +129,12 @@ std::uint16_t AddGlyphPictures(imagekit::ImageBuilder& image, const QStringList&
         first = first.value_or(index);
     }
     return first.value_or(imagekit::None);
+}
+
+void AddWeekdays(imagekit::ImageBuilder& image, const TextStyle& style, const QColor& ground) {
+    for (const char* day : {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"})
+        image.setPicture(AddGlyphPictures(image, {day}, style, ground), ChineseLanguage,
+                         GlyphPicture(Chinese(day), style, ground));
 }
 
 QStringList TimeGlyphs() { return {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", ":"}; }

@@ -42,6 +42,8 @@ imagekit::Pixels GlyphPicture(const QString& text, const TextStyle& style, const
 /// A picture each. Gives the index of the first.
 std::uint16_t AddGlyphPictures(imagekit::ImageBuilder& image, const QStringList& texts,
                                const TextStyle& style, const QColor& ground);
+/// The weekdays from Sunday on, which follow the other glyphs of a clock, in both languages.
+void AddWeekdays(imagekit::ImageBuilder& image, const TextStyle& style, const QColor& ground);
 int GlyphWidth(const QString& text, const TextStyle& style);
 /// The digits and a colon.
 QStringList TimeGlyphs();

@@ -4,7 +4,6 @@
 #include "demo/key_art.h"
 #include "demo/layout.h"
 #include "demo/texts.h"
-#include "demo/translations.h"
 #include "demo/words.h"
 
 #include "imagekit/bar_widgets.h"
@@ -174,28 +173,30 @@ std::uint16_t addClockGlyphs(imagekit::ImageBuilder& image, const TextStyle& sty
     return AddGlyphPictures(image, TimeGlyphs() + marks, style, ground);
 }
 
-void addWeekdays(imagekit::ImageBuilder& image, const TextStyle& style) {
-    const char* const days[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
-    for (const char* day : days)
-        image.setPicture(AddGlyphPictures(image, {day}, style, colour::Card), ChineseLanguage,
-                         GlyphPicture(Chinese(day), style, colour::Card));
-}
-
 imagekit::PngClock clockAt(QPoint at, std::uint16_t glyphs, imagekit::ClockFormat clockFormat) {
     return {.X = U16(at.x()), .Y = U16(at.y()), .FirstImage = glyphs, .Format = clockFormat};
 }
 
-void addStatusClocks(imagekit::ImageBuilder& image) {
+/// A key each, which leads to the clock that stands alone.
+void addStatusClocks(imagekit::ImageBuilder& image, KeyArt& art) {
     constexpr TextStyle style{17, QFont::DemiBold, colour::Text};
     const std::uint16_t glyphs = addClockGlyphs(image, style, colour::Card);
     const QSize size(4 * GlyphWidth("0", style) + GlyphWidth(":", style), LineHeight(style));
     QRect place({}, size);
     place.moveCenter(layout::Clock.center());
     const auto addTo = [&](std::uint16_t page) {
-        image.page(page).add(clockAt(place.topLeft(), glyphs, imagekit::ClockFormat::HoursAndMinutes));
+        const KeyLooks looks =
+            art.cut(static_cast<PageId>(page), layout::Clock, layout::Clock, layout::Clock.height() / 2);
+        image.page(page).addToGroup(ClockGroup,
+                                    clockAt(place.topLeft(), glyphs, imagekit::ClockFormat::HoursAndMinutes));
+        image.page(page).add(imagekit::PageKey{.Where = AreaOf(layout::Clock),
+                                               .NormalImage = looks.normal,
+                                               .PressImage = looks.pressed,
+                                               .TargetPage = StandbyPage,
+                                               .OverlayGroup = ClockGroup});
     };
     for (std::uint16_t page = HomePage; page < layout::NavigationItems; ++page) addTo(page);
-    for (const std::uint16_t page : {GaugesPage, EventsPage, TipsPage}) addTo(page);
+    for (const PageId page : PagesBehind) addTo(page);
 }
 
 void addDialClock(imagekit::ImageBuilder& image) {
@@ -215,7 +216,7 @@ void addDialClock(imagekit::ImageBuilder& image) {
              "Clock");
     constexpr TextStyle style{16, QFont::DemiBold, colour::Muted};
     const std::uint16_t glyphs = addClockGlyphs(image, style, colour::Card);
-    addWeekdays(image, style);
+    AddWeekdays(image, style, colour::Card);
     page.add(clockAt(Date.topLeft(), glyphs, imagekit::ClockFormat::Date));
     page.add(clockAt(Weekday.topLeft(), glyphs, imagekit::ClockFormat::Weekday));
 }
@@ -295,6 +296,7 @@ void addSwings(imagekit::Page& page, std::uint16_t period, const std::vector<Swi
 void addMotion(imagekit::ImageBuilder& image) {
     addSwings(image.page(HomePage), 60, {{words::PowerLevel, 34, 66, 1}});
     addSwings(image.page(HeatingPage), 90, {{words::SupplyTemperature, 340, 356, 1}});
+    addSwings(image.page(VentilationPage), 60, {{words::Co2, 580, 820, 6}, {words::Co2Angle, 300, 340, 1}});
     addSwings(image.page(GaugesPage), 50,
               {{words::PressureAngle, 225 + 9 * 20, 225 + 9 * 27, 9},
                {words::HighPressure, 200, 270, 10},
@@ -304,7 +306,9 @@ void addMotion(imagekit::ImageBuilder& image) {
 
 } // namespace
 
-void AddInstruments(imagekit::ImageBuilder& image, const EntryFont& messageFont) {
+void AddInstruments(imagekit::ImageBuilder& image, const std::vector<PaintedPage>& pages,
+                    const EntryFont& messageFont) {
+    KeyArt art(image, pages);
     addPowerBar(image);
     addWeekBars(image);
     addSupportCode(image);
@@ -312,7 +316,7 @@ void AddInstruments(imagekit::ImageBuilder& image, const EntryFont& messageFont)
     addShareRing(image);
     addEfficiencyRing(image);
     addMeters(image);
-    addStatusClocks(image);
+    addStatusClocks(image, art);
     addDialClock(image);
     addTrend(image);
     addMessage(image, messageFont);

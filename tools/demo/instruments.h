@@ -8,6 +8,7 @@
 namespace demo {
 
 /// To be added before the numbers that stand on them.
-void AddInstruments(imagekit::ImageBuilder& image, const EntryFont& messageFont);
+void AddInstruments(imagekit::ImageBuilder& image, const std::vector<PaintedPage>& pages,
+                    const EntryFont& messageFont);
 
 } // namespace demo

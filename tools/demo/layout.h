@@ -192,6 +192,7 @@ inline constexpr int Rows = 9, RowHeight = 76; // of the list's picture
 constexpr QRect Row(int index) { return QRect(0, index * RowHeight, Window.width(), RowHeight - 10); }
 constexpr QRect Switch(int index) { return QRect(Window.width() - 72, Row(index).y() + 19, 52, 28); }
 inline constexpr QRect Value{Window.width() - 110, Row(0).y() + 14, 80, 36};
+constexpr QRect Alarm(int index) { return QRect(Row(index).x() + 12, Row(index).y() + 9, 440, 48); }
 inline constexpr QRect Slider{Window.width() - 240, Row(1).y() + 30, 210, 8};
 } // namespace events
 
@@ -203,6 +204,63 @@ inline constexpr int Cards = 5, CardWidth = 236;
 constexpr QRect Card(int index) { return QRect(index * CardWidth + 6, 0, CardWidth - 12, Window.height()); }
 } // namespace tips
 
+/// Fresh air: level, amounts, quality.
+namespace ventilation {
+inline constexpr QRect Key{384, 80, 20, 20}; // the way there, on the home page
+inline constexpr QRect LevelCard = Span(Left, Top, 324, 272);
+inline constexpr QRect LevelKey{142, 108, 148, 148};
+inline constexpr QRect AirCard = Span(336, Top, 552, 272);
+constexpr QRect AirTrack(int index) { return QRect(389 + index * 102, 132, 8, 92); }
+constexpr QRect AirName(int index) { return QRect(AirTrack(index).x() - 45, 104, 98, 18); }
+constexpr QRect AirValue(int index) { return QRect(AirTrack(index).x() - 41, 234, 90, 26); }
+inline constexpr QRect QualityCard = Span(564, Top, Right, 272);
+inline constexpr QRect QualityDial{582, 102, 180, 160};
+inline constexpr QPoint QualityCentre{672, 204};
+inline constexpr QRect HumidityCard = Span(Left, 284, 436, 374);
+inline constexpr QRect HumidityDrum{127, 322, 290, 42};
+inline constexpr int HumidityCell = 58;
+inline constexpr QRect AiringCard = Span(Left, 386, 436, Bottom);
+inline constexpr QRect AiringTime{267, 411, 94, 28};
+inline constexpr QRect AiringSwitch{368, 411, 52, 28};
+inline constexpr QRect StatusCard = Span(448, 284, Right, Bottom);
+inline constexpr int Flags = 3;
+constexpr QRect FlagRow(int index) { return QRect(StatusCard.x() + 18, 314 + index * 34, 296, 34); }
+inline constexpr QRect FilterBar{466, 438, 296, 10};
+} // namespace ventilation
+
+/// The weather of the next hours in a wide picture, and what it means.
+namespace forecast {
+inline constexpr QRect Key{478, 70, 112, 84}; // sun and cloud on the home page
+inline constexpr QRect Window = Span(Left, Top, Right, 284);
+inline constexpr int Hours = 24, HourWidth = 84;
+constexpr QRect Hour(int index) { return QRect(index * HourWidth + 4, 0, HourWidth - 8, Window.height()); }
+inline constexpr QRect Now{10, 65, 64, 26}; // the value on the list
+inline constexpr QRect WindCard = Span(Left, 296, 324, Bottom);
+inline constexpr QRect Compass{122, 332, 120, 120};
+inline constexpr QRect WindValue{246, 380, 68, 28};
+inline constexpr QRect RainCard = Span(336, 296, 552, Bottom);
+inline constexpr QPoint RainCentre{444, 394};
+inline constexpr int RainRadius = 48, RainWidth = 14;
+inline constexpr QRect SunCard = Span(564, 296, Right, Bottom);
+} // namespace forecast
+
+/// Questions that follow each other around.
+namespace help {
+inline constexpr QRect Key{632, 312, 140, 100}; // on the service page
+inline constexpr QRect Window = Content;
+inline constexpr int Cards = 6, CardHeight = 104;
+constexpr QRect Card(int index) { return QRect(0, index * CardHeight + 6, Window.width(), CardHeight - 12); }
+constexpr QRect CardKey(int index) { return QRect(Window.width() - 68, Card(index).y() + 22, 48, 48); }
+} // namespace help
+
+/// The clock of a panel that nobody needs.
+namespace standby {
+inline constexpr QRect Time{0, 84, 800, 180}; // and what follows, in the middle of these lines
+inline constexpr QRect Date{0, 268, 800, 40};
+constexpr QRect Name(int index) { return QRect(240 + index * 170, 366, 150, 20); }
+constexpr QRect Value(int index) { return QRect(240 + index * 170, 390, 150, 36); }
+} // namespace standby
+
 namespace popup {
 inline constexpr int Shadow = 28; // px of shadow around the window
 inline constexpr QSize Picture{452, 316};
@@ -212,6 +270,8 @@ inline constexpr QRect LessKey{Shadow + 92, Shadow + 124, 48, 48};
 inline constexpr QRect Value{Shadow + 148, Shadow + 126, 100, 44};
 inline constexpr QRect MoreKey{Shadow + 256, Shadow + 124, 48, 48};
 constexpr QRect Drum(int index) { return QRect(Shadow + 38 + index * 112, Shadow + 52, 96, 120); }
+inline constexpr QRect Sign{Shadow + 20, Shadow + 20, 52, 52}; // of an alarm
+inline constexpr QRect Reading{Shadow + 138, Shadow + 122, 120, 48};
 inline constexpr QRect CancelKey{Shadow + 20, Shadow + 192, 172, 48};
 inline constexpr QRect ConfirmKey{Shadow + 204, Shadow + 192, 172, 48};
 } // namespace popup

@@ -9,6 +9,7 @@
 #include <QFontMetrics>
 #include <QPainterPath>
 
+#include <algorithm>
 #include <cmath>
 
 namespace demo {
@@ -129,8 +130,28 @@ std::vector<LiveNumber> gaugeNumbers() {
              2, "COP"}};
 }
 
+std::vector<LiveNumber> airNumbers() {
+    using namespace layout::ventilation;
+    return {{VentilationPage, AirValue(0), words::SupplyAir, "Supply air", style::Value.in(colour::Cool), 3,
+             0, "m³/h"},
+            {VentilationPage, AirValue(1), words::ExhaustAir, "Exhaust air", style::Value.in(colour::Warm), 3,
+             0, "m³/h"},
+            {ForecastPage, layout::forecast::WindValue, words::WindSpeed, "Wind speed", style::Value, 2, 1,
+             "m/s"}};
+}
+
+std::vector<LiveNumber> standbyNumbers() {
+    using layout::standby::Value;
+    return {{StandbyPage, Value(0), words::RoomTemperature, "Room temperature",
+             style::Figure.in(colour::Muted), 2, 1, nullptr},
+            {StandbyPage, Value(1), words::OutdoorTemperature, "Outdoor temperature",
+             style::Figure.in(colour::Muted), 2, 1, nullptr, DataType::S16}};
+}
+
 std::vector<LiveNumber> popupNumbers() {
     return {
+        {AlarmPopup, layout::popup::Reading, words::WaterPressure, "Water pressure",
+         style::Figure.in(colour::Hot), 2, 1, "bar"},
         {AwayPopup, layout::popup::Value, words::AwayDays, "Away days", style::Figure, 2, 0, "days"},
         {BoostPopup, layout::popup::Value, words::BoostMinutes, "Boost minutes", style::Figure, 2, 0, "min"}};
 }
@@ -163,7 +184,8 @@ int anchorX(const LiveNumber& number) {
     const QString unit(number.unit);
     const int end = number.well.x() + number.well.width() - WellPadding;
     if (unit.isEmpty()) return end;
-    return end - QFontMetrics(ThemeFont(style::Small)).horizontalAdvance(unit) - 4;
+    const QFontMetrics metrics(ThemeFont(style::Small));
+    return end - std::max(metrics.horizontalAdvance(unit), metrics.horizontalAdvance(Chinese(unit))) - 4;
 }
 
 void addNumber(imagekit::ImageBuilder& image, NumberFonts& fonts, const LiveNumber& number) {
@@ -185,10 +207,29 @@ void addNumber(imagekit::ImageBuilder& image, NumberFonts& fonts, const LiveNumb
         page.add(widget, number.name);
 }
 
+/// Of the hour in force, on the list.
+void addOutdoorsNow(imagekit::ImageBuilder& image, NumberFonts& fonts) {
+    const QRect well = layout::forecast::Now;
+    image.page(ForecastPage)
+        .add(imagekit::Number{.InList = true,
+                              .ValueAddress = words::OutdoorTemperature,
+                              .X = static_cast<std::uint16_t>(well.x() + well.width() / 2),
+                              .Y = static_cast<std::uint16_t>(well.y()),
+                              .Colour = image.colour(colour::Warm),
+                              .Font = fonts.index(style::Value),
+                              .Align = imagekit::Alignment::Centre,
+                              .IntegerDigits = 2,
+                              .DecimalDigits = 1,
+                              .Type = DataType::S16},
+             "Outdoor temperature");
+}
+
 void addNumbers(imagekit::ImageBuilder& image) {
     NumberFonts fonts(image);
-    for (const auto& numbers : {homeNumbers(), heatingNumbers(), waterNumbers(), energyNumbers(),
-                                serviceNumbers(), gaugeNumbers(), popupNumbers()})
+    addOutdoorsNow(image, fonts);
+    for (const auto& numbers :
+         {homeNumbers(), heatingNumbers(), waterNumbers(), energyNumbers(), serviceNumbers(), gaugeNumbers(),
+          airNumbers(), standbyNumbers(), popupNumbers()})
         for (const LiveNumber& number : numbers) addNumber(image, fonts, number);
 }
 

@@ -7,11 +7,14 @@
 
 #include "imagekit/encoder_widgets.h"
 #include "imagekit/icon_widgets.h"
+#include "imagekit/media_widgets.h"
 #include "imagekit/touch_controls.h"
 
 #include "store/system_words.h"
 
 #include <QConicalGradient>
+
+#include <algorithm>
 
 namespace demo {
 namespace {
@@ -111,12 +114,23 @@ void addMeasured(imagekit::Page& page, const Room& room, const RoomArt& pictures
                                                     .DecimalDigits = 1});
 }
 
+/// The knob turns the target, key 1 leads home, keys 2 and 3 choose comfort and eco.
+void addTargetByKnob(imagekit::Page& page) {
+    using imagekit::EncoderAction;
+    page.add(imagekit::EncoderEntry{
+        .Keys = {EncoderAction{.Page = HomePage}, EncoderAction{.Address = words::RoomTarget, .Value = 215},
+                 EncoderAction{.Address = words::RoomTarget, .Value = 195}},
+        .Value = imagekit::EncoderValue{
+            .Notify = true, .Address = words::RoomTarget, .Highest = 300, .Lowest = 50, .Step = 5}});
+}
+
 void addThermostat(imagekit::ImageBuilder& image, KeyArt& art, const RoomArt& pictures) {
     imagekit::Page& page = image.page(ThermostatPage);
     addKey(page, art, layout::rooms::BackKey, HomePage);
     addKey(page, art, layout::rooms::RoomsKey, LivingRoomPage);
     addMeasured(page, Rooms[0], pictures);
     page.add(ringOf(Rooms[0], pictures), "Room target temperature");
+    addTargetByKnob(page);
 }
 
 /// Rooms follow each other without an end; a swipe upwards, or the key, leads home. A finger that moves drags
@@ -129,6 +143,8 @@ void addRoom(imagekit::ImageBuilder& image, KeyArt& art, const RoomArt& pictures
                                  .PreviousPage = Rooms[(index + rooms - 1) % rooms].page,
                                  .BandBottom = U16(layout::Screen.height())});
     page.add(imagekit::SwipeGesture{.Up = {HomePage, 0}});
+    page.add(imagekit::EncoderPages{.CounterClockwise = Rooms[(index + rooms - 1) % rooms].page,
+                                    .Clockwise = Rooms[(index + 1) % rooms].page});
     addKey(page, art, layout::rooms::BackKey, HomePage);
     addStep(page, art, layout::rooms::ColderKey, room, false);
     addStep(page, art, layout::rooms::WarmerKey, room, true);
@@ -187,6 +203,45 @@ std::uint16_t addBar(imagekit::ImageBuilder& image, const QColor& ink) {
     return image.addPicture(imagekit::Pixels{canvas.take().image, format::aRGB8888});
 }
 
+/// A message that opens the alarm behind it. It has no look of its own: the page would be dimmed with it.
+imagekit::PopupKey alarmKey() {
+    return {.Where = AreaOf(layout::events::Alarm(2)),
+            .InList = 1,
+            .Page = AlarmPopup,
+            .PopupX = U16(layout::popup::Origin.x()),
+            .PopupY = U16(layout::popup::Origin.y()),
+            .Dim = true};
+}
+
+/// A sign that fades in and out.
+std::vector<imagekit::Picture> alarmFrames() {
+    constexpr int frames = 6;
+    std::vector<imagekit::Picture> pictures;
+    for (int frame = 0; frame < frames; ++frame) {
+        Canvas canvas(layout::popup::Sign.size(), colour::Card);
+        canvas.painter().setOpacity(1 - 0.12 * std::min(frame, frames - frame));
+        canvas.rounded(QRectF({0, 0}, layout::popup::Sign.size()), 26, colour::Hot);
+        canvas.icon(Icon::Drop, QRectF(13, 13, 26, 26), colour::Text, 2);
+        pictures.push_back(imagekit::Pixels{canvas.take().image, format::aRGB8888});
+    }
+    return pictures;
+}
+
+/// It rings as it opens.
+void addAlarm(imagekit::ImageBuilder& image) {
+    const QRect area = layout::popup::Sign;
+    imagekit::Page& page = image.page(AlarmPopup);
+    page.add(imagekit::MusicPlayer{.Number = ChimeSound});
+    page.add(imagekit::ImageAnimation{.ControlAddress = words::Numbers + 1,
+                                      .X = U16(area.x()),
+                                      .Y = U16(area.y()),
+                                      .Width = U16(area.width()),
+                                      .Height = U16(area.height()),
+                                      .Sequence = image.addSequence(alarmFrames()),
+                                      .Delay = 14},
+             "Sign of the alarm");
+}
+
 void addMessages(imagekit::ImageBuilder& image, KeyArt& art) {
     using namespace layout::events;
     imagekit::Page& page = image.page(EventsPage);
@@ -205,6 +260,7 @@ void addMessages(imagekit::ImageBuilder& image, KeyArt& art) {
                          .Address = words::AlarmVolume,
                          .Where = AreaOf(Slider.adjusted(0, -18, 1, 18)),
                          .ThumbImage = art.withAlpha(SliderThumb(26))});
+    page.add(alarmKey());
     for (int i = 2; i < Rows; ++i) addSwitchOnList(page, art, i);
 }
 
@@ -214,14 +270,33 @@ void addTips(imagekit::ImageBuilder& image) {
                                                    .Mode = imagekit::ListMode::EndlessHorizontal});
 }
 
-/// The bell of each page leads to the messages, the thermometer of the living room to its ring.
+void addHelp(imagekit::ImageBuilder& image, KeyArt& art) {
+    using namespace layout::help;
+    imagekit::Page& page = image.page(HelpPage);
+    page.add(imagekit::SlidingList{
+        .Window = AreaOf(Window), .ListPage = HelpList, .Mode = imagekit::ListMode::EndlessVertical});
+    const PageId answers[Cards] = {ThermostatPage,  HotWaterPage, HeatingPage,
+                                   VentilationPage, HomePage,     ServicePage};
+    for (int i = 0; i < Cards; ++i) {
+        const QRect area = CardKey(i);
+        const KeyLooks looks = art.cut(HelpList, area, area, area.height() / 2);
+        page.add(imagekit::PageKey{.Where = AreaOf(area),
+                                   .InList = 1,
+                                   .NormalImage = looks.normal,
+                                   .PressImage = looks.pressed,
+                                   .TargetPage = answers[i]});
+    }
+}
+
+/// The bell of each page leads to the messages, the signs of the living room to its ring and to fresh air.
 void addWays(imagekit::ImageBuilder& image, KeyArt& art) {
     const auto around = [](const QRect& icon) { return icon.adjusted(-10, -10, 10, 10); };
     for (std::uint16_t page = HomePage; page < layout::NavigationItems; ++page)
         addKey(image.page(page), art, around(layout::Bell), EventsPage);
-    for (const PageId page : {GaugesPage, TipsPage})
-        addKey(image.page(page), art, around(layout::Bell), EventsPage);
+    for (const PageId page : PagesBehind)
+        if (page != EventsPage) addKey(image.page(page), art, around(layout::Bell), EventsPage);
     addKey(image.page(HomePage), art, around(layout::home::Rooms), ThermostatPage);
+    addKey(image.page(HomePage), art, around(layout::ventilation::Key), VentilationPage);
 }
 
 /// The settings by the rotary encoder: the knob moves a mark from tile to tile, key 1 begins and ends the
@@ -260,7 +335,9 @@ void AddMotion(imagekit::ImageBuilder& image, const std::vector<PaintedPage>& pa
     KeyArt art(image, pages);
     addRooms(image, art);
     addMessages(image, art);
+    addAlarm(image);
     addTips(image);
+    addHelp(image, art);
     addWays(image, art);
     addSettingsMenu(image);
 }

@@ -2,6 +2,7 @@
 
 #include "demo/controls.h"
 #include "demo/dither.h"
+#include "demo/forecast.h"
 #include "demo/instruments.h"
 #include "demo/keyboards.h"
 #include "demo/layout.h"
@@ -9,21 +10,17 @@
 #include "demo/motion.h"
 #include "demo/pages/pages.h"
 #include "demo/sounds.h"
+#include "demo/standby.h"
 #include "demo/texts.h"
 #include "demo/theme.h"
 #include "demo/translations.h"
+#include "demo/ventilation.h"
 #include "demo/words.h"
 
 namespace demo {
 namespace {
 
 namespace format = imagekit::format;
-
-Art paintStandby() {
-    QImage image(layout::Screen, QImage::Format_RGB32);
-    image.fill(colour::Rail);
-    return {image, {}};
-}
 
 PaintedPage pageOf(const char* name, const Art& art, std::uint8_t format) {
     return {name, format == format::RGB565 ? DitherTo565(art.image) : art.image, format, art.captions};
@@ -66,7 +63,7 @@ void setMeasurements(imagekit::ImageBuilder& image) {
     image.setWord(words::TankUpperTemperature, 518);
     image.setWord(words::TankLowerTemperature, 436);
     image.setWord(words::FlowRate, 920);
-    image.setWord(words::WaterPressure, 17);
+    image.setWord(words::WaterPressure, 12);
     image.setWord(words::PowerLevel, 42);
     image.setWord(words::CompressorSpeed, 46);
     image.setWord(words::CompressorAngle, 225 + 3 * 46);
@@ -78,6 +75,12 @@ void setMeasurements(imagekit::ImageBuilder& image) {
     image.setWord(words::SuctionTemperature, 53);
     image.setWord(words::ValveOpening, 37);
     image.setWord(words::OperatingHours, 4318);
+    image.setWord(words::Co2, 400 + 6 * 45);
+    image.setWord(words::Co2Angle, 270 + 45);
+    image.setWord(words::WindDirection, 235);
+    image.setWord(words::RainChance, 35);
+    image.setWord(words::FilterLife, 78);
+    image.setWord(words::VentilationFlags, 0b100);
 }
 
 void setEnergy(imagekit::ImageBuilder& image) {
@@ -106,6 +109,10 @@ void setChoices(imagekit::ImageBuilder& image) {
     image.setWord(words::AwayDays, 7);
     image.setWord(words::BoostMinutes, 45);
     image.setWord(words::KeyTones, 1);
+    image.setWord(words::FanLevel, 2);
+    image.setWord(words::SupplyAir, 160);
+    image.setWord(words::ExhaustAir, 150);
+    image.setWord(words::TargetHumidity, 45);
     image.setWords(words::Numbers, {0, 1, 2});
     image.setWords(words::DayPrograms, {0, 0, 0, 0, 0, 1, 1});
 }
@@ -115,6 +122,7 @@ void setRunning(imagekit::ImageBuilder& image) {
     image.setWord(words::BoostDuration, 45 * 60);
     image.setWord(words::BoostTimeLeft, 42 * 60 + 15);
     image.setWord(words::BoostControl, 1);
+    image.setWord(words::AiringLimit, 60 * 60);
 }
 
 void addWidgets(imagekit::ImageBuilder& image, const std::vector<PaintedPage>& pages,
@@ -126,8 +134,11 @@ void addWidgets(imagekit::ImageBuilder& image, const std::vector<PaintedPage>& p
             texts.need(caption.style, caption.words + Chinese(caption.words));
     texts.addFonts();
     AddControls(image, texts, pages);
-    AddInstruments(image, nameFont);
+    AddInstruments(image, pages, nameFont);
     AddMotion(image, pages);
+    AddVentilation(image, pages);
+    AddForecast(image);
+    AddStandby(image);
     AddLiveValues(image, texts);
 }
 
@@ -144,7 +155,7 @@ std::vector<PaintedPage> PaintPages() {
             pageOf("service", PaintService(), format::RGB565),
             pageOf("away", PaintAwayPopup(), format::PngAlpha),
             pageOf("boost", PaintBoostPopup(), format::aRGB8888),
-            pageOf("standby", paintStandby(), format::SolidColour),
+            pageOf("standby", PaintStandby(), format::SolidColour),
             pageOf("date", PaintDatePopup(), format::PngAlpha),
             pageOf("keypad", PaintKeypad(false), format::RGB565),
             pageOf("keypad-pressed", PaintKeypad(true), format::RGB565),
@@ -160,7 +171,13 @@ std::vector<PaintedPage> PaintPages() {
             pageOf("messages", PaintEvents(), format::RGB565),
             pageOf("messages-list", PaintEventsList(), format::PngOpaque),
             pageOf("tips", PaintTips(), format::RGB565),
-            pageOf("tips-list", PaintTipsList(), format::PngOpaque)};
+            pageOf("tips-list", PaintTipsList(), format::PngOpaque),
+            pageOf("ventilation", PaintVentilation(), format::ZipImage),
+            pageOf("alarm", PaintAlarmPopup(), format::PngAlpha),
+            pageOf("forecast", PaintForecast(), format::ZipImage),
+            pageOf("forecast-list", PaintForecastList(), format::PngOpaque),
+            pageOf("help", PaintHelp(), format::RGB565),
+            pageOf("help-list", PaintHelpList(), format::PngOpaque)};
 }
 
 imagekit::ImageBuilder BuildProject(const std::vector<PaintedPage>& pages) {

@@ -40,7 +40,17 @@ enum PageId : std::uint16_t {
     EventsList, // the picture that is dragged through the window of the page before
     TipsPage,
     TipsList, // likewise, around without an end
+    VentilationPage,
+    AlarmPopup,
+    ForecastPage,
+    ForecastList,
+    HelpPage,
+    HelpList,
 };
+
+/// Full pages behind those of the navigation rail, with the same frame.
+inline constexpr PageId PagesBehind[] = {GaugesPage,      EventsPage,   TipsPage,
+                                         VentilationPage, ForecastPage, HelpPage};
 
 struct PaintedPage {
     const char* name; // of its file, without ending
@@ -51,6 +61,8 @@ struct PaintedPage {
 
 /// The group of what lies on the gauge of a page.
 inline constexpr std::uint16_t GaugeGroup = 100;
+/// And of the clock on the key of the status line.
+inline constexpr std::uint16_t ClockGroup = 101;
 
 /// The number of the one sound that the image holds, a chime.
 inline constexpr std::uint16_t ChimeSound = 1;

@@ -38,6 +38,11 @@ enum Word : std::uint16_t {
     PressureAngle,
     BedroomTemperature,
     KitchenTemperature,
+    Co2,                 // ppm
+    Co2Angle,            // of its gauge, degrees, and so is the next
+    WindDirection,       // from which it comes
+    RainChance,          // %
+    FilterLife,          // %
     WeekEnergy = 0x0140, // seven words from Monday, tenths of a kWh
 
     // Set by the user.
@@ -56,7 +61,12 @@ enum Word : std::uint16_t {
     BedroomTarget,
     KitchenTarget,
     AlarmVolume,
-    MenuEntry,            // of the settings, by the rotary encoder
+    MenuEntry, // of the settings, by the rotary encoder
+    FanLevel,  // of the ventilation: 0 off to 3 high
+    SupplyAir, // m3/h, and so is the next
+    ExhaustAir,
+    TargetHumidity,       // %
+    VentilationFlags,     // a bit each: summer bypass, frost protection, filter in order
     Numbers = 0x0240,     // 0, 1 and 2, for keys that copy one of them
     DayPrograms = 0x0250, // seven words from Monday: 0 comfort, 1 eco, 2 night
 
@@ -64,7 +74,10 @@ enum Word : std::uint16_t {
     FanControl = 0x0300, // 0 stands still, 1 turns
     BoostDuration,       // seconds
     BoostTimeLeft,
-    BoostControl,        // as of a timer: 0 stopped, 1 counting, 2 hidden
+    BoostControl, // as of a timer: 0 stopped, 1 counting, 2 hidden
+    AiringLimit,  // seconds
+    AiringTime,
+    AiringControl,       // likewise
     Motion,              // Direction of the values that move by themselves
     EventsDone = 0x0310, // 0 or 1, a word an event
     ServicePin = 0x0320, // text of TextWords, and so are the following

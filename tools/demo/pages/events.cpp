@@ -17,7 +17,7 @@ struct Event {
 const Event EventList[Rows] = {
     {Icon::Thermometer, colour::Cool, "Frost tonight", "It is now outdoors, °C"},
     {Icon::Speaker, colour::Warm, "Volume of alarms", "Slide to change it"},
-    {Icon::Drop, colour::Cool, "Refill the heating water", "Pressure was 1.2 bar on Monday"},
+    {Icon::Drop, colour::Cool, "Refill the heating water", "Tap for details"},
     {Icon::Shield, colour::Eco, "Hygiene programme done", "65 °C for 12 minutes"},
     {Icon::Bolt, colour::Sun, "A sunny day", "5.6 kWh of your own power so far"},
     {Icon::Fan, colour::Violet, "Clean the outdoor unit", "Leaves slow its fan down"},

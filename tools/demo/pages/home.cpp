@@ -66,6 +66,7 @@ void paintDialScale(Canvas& canvas) {
 void paintRoom(Canvas& canvas) {
     canvas.card(RoomCard);
     canvas.icon(Icon::Thermometer, QRectF(Rooms), colour::Muted);
+    canvas.icon(Icon::Wind, QRectF(layout::ventilation::Key), colour::Muted);
     paintDialGlow(canvas);
     strokeDial(canvas, DialRadius, colour::Track, layout::home::DialWidth);
     strokeDial(canvas, DialRadius + 10.5, coldToWarm(), 2.5);

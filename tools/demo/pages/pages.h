@@ -19,10 +19,17 @@ Art PaintEvents();
 Art PaintEventsList();
 Art PaintTips();
 Art PaintTipsList();
+Art PaintVentilation();
+Art PaintForecast();
+Art PaintForecastList();
+Art PaintHelp();
+Art PaintHelpList();
+Art PaintStandby();
 
 // Pop-ups: smaller than the screen, transparent around the window and its shadow.
 Art PaintAwayPopup();
 Art PaintBoostPopup();
 Art PaintDatePopup();
+Art PaintAlarmPopup();
 
 } // namespace demo

@@ -63,6 +63,21 @@ Art PaintDatePopup() {
     return canvas.take();
 }
 
+Art PaintAlarmPopup() {
+    Canvas canvas(Picture, Qt::transparent);
+    paintShadow(canvas);
+    paintWindow(canvas);
+    const QRectF title(Window.x() + 88, Window.y() + 18, Window.width() - 108, 26);
+    canvas.text(title, "Low water pressure", TextStyle{20, QFont::DemiBold, colour::Text});
+    canvas.text(QRectF(title.x(), title.bottom() + 4, title.width(), 44),
+                "Refill the heating water until\nthe pressure is above 1.5 bar.", style::Caption,
+                Qt::AlignLeft | Qt::AlignTop);
+    canvas.well(Reading, "bar");
+    canvas.labelKey(CancelKey, "Later", colour::Raised, colour::Text);
+    canvas.labelKey(ConfirmKey, "Done", colour::Warm, colour::Rail);
+    return canvas.take();
+}
+
 Art PaintAwayPopup() {
     return paintPopup({Icon::Suitcase, colour::Cool, "Away mode",
                        "Keeps the house frost-free and heats up\nagain before you are back.", "days",

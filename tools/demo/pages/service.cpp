@@ -87,6 +87,8 @@ void paintSupport(Canvas& canvas) {
     const QRectF words(QrCode.right() + 16, SupportCard.y() + 18, SupportCard.right() - QrCode.right() - 30,
                        24);
     canvas.text(words, "Need help?", style::Heading);
+    canvas.icon(Icon::ChevronRight, QRectF(SupportCard.right() - 35, SupportCard.y() + 20, 20, 20),
+                colour::Faint, 2.2);
     canvas.text(QRectF(words.x(), ServicePin.y(), 44, ServicePin.height()), "PIN", style::Small);
     canvas.well(ServicePin);
     canvas.text(QRectF(words.x(), words.bottom() + 6, words.width(), 90),

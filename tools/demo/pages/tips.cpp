@@ -33,11 +33,11 @@ void paintTip(Canvas& canvas, int index) {
     const QPointF middle = QRectF(card).center();
     canvas.card(QRectF(card));
     canvas.badge(tip.icon, QRectF(middle.x() - 56, card.y() + 54, 112, 112), tip.colour);
-    canvas.text(QRectF(card.x(), card.y() + 196, card.width(), 30), tip.title,
-                TextStyle{19, QFont::DemiBold, colour::Text}, Qt::AlignCenter);
+    const QRectF words(card.x() + 8, card.y() + 196, card.width() - 16, 30);
+    canvas.text(words, tip.title, TextStyle{19, QFont::DemiBold, colour::Text}, Qt::AlignCenter);
     const QStringList lines = QString(tip.text).split('\n');
     for (int line = 0; line < lines.size(); ++line)
-        canvas.text(QRectF(card.x(), card.y() + 240 + 24 * line, card.width(), 24), lines[line],
+        canvas.text(QRectF(words.x(), card.y() + 240 + 24 * line, words.width(), 24), lines[line],
                     style::Body.in(colour::Muted), Qt::AlignCenter);
 }
 

@@ -198,8 +198,4 @@ void ShowTouchFamiliesOfNeighbour(std::uint16_t page) {
     }
 }
 
-bool IsTouchFamily(int code) {
-    return std::ranges::find(Families, code, &TouchFamily::code) != std::end(Families);
-}
-
 } // namespace panel

@@ -39,7 +39,4 @@ void BuildTouchTables(std::uint16_t page);
 /// page behind.
 void ShowTouchFamiliesOfNeighbour(std::uint16_t page);
 
-/// Whether a family has that code, a type word under FamilyMask.
-bool IsTouchFamily(int code);
-
 } // namespace panel

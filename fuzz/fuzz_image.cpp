@@ -1,4 +1,6 @@
-// Loads any bytes as an image, starts the panel and runs it under input that the same bytes choose.
+// Loads any bytes as an image, checks it, starts the panel and runs it under input that the same bytes
+// choose.
+#include "check/image_check.h"
 #include "host/config_block.h"
 #include "host/engine_loop.h"
 #include "host/memory_image.h"
@@ -35,7 +37,7 @@ void shrinkPanel(std::span<std::uint8_t> image) {
 void load(std::span<const std::uint8_t> bytes) {
     TakeImage(bytes);
     shrinkPanel({FlashImage.data.get(), bytes.size()});
-    CheckImageIntegrity();
+    check::CheckImage({});
     IllegalImage = 0; // a wrong check would end every run at the error frame
 }
 

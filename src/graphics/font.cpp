@@ -17,7 +17,6 @@ constexpr std::uint32_t WidthTableOffset = 9;
 constexpr std::uint32_t CodeListOffset = 9; // in a sparse font, which has no table of widths
 constexpr std::uint32_t GlyphsOffset = 0x68;
 
-constexpr std::uint32_t FontRowBytes = 8;
 constexpr std::uint32_t AsciiFirst = 0x20;
 constexpr std::uint32_t AsciiGlyphs = 0x5F; // the characters 0x20..0x7E, at the start of the glyphs
 constexpr std::uint16_t LineBreakCode = 10;
@@ -90,6 +89,17 @@ TextFont FontAt(std::uint32_t address) {
 }
 
 TextFont TableFont(std::uint8_t index) { return FontAt(ReadU32(Sections.FontTable + FontRowBytes * index)); }
+
+std::uint64_t FontBytes(const TextFont& font) {
+    const std::uint64_t glyph =
+        GlyphRowBytes(font.width, ReadU8(font.address + DepthOffset)) * std::uint64_t{font.height};
+    const std::uint64_t first = ReadU16(font.address + FirstCodeOffset);
+    const std::uint64_t last = ReadU16(font.address + LastCodeOffset);
+    if (font.encoding == Encoding::Sparse) return CodeListOffset + first * (2 + 1 + glyph);
+    const std::uint64_t ascii = GlyphsOffset + AsciiGlyphs * glyph;
+    if (font.encoding != Encoding::Proportional || last < first) return ascii;
+    return ascii + (last + 1 - first) * (1 + glyph);
+}
 
 FontReader::FontReader(const TextFont& font)
     : font_(font), firstCode_(ReadU16(font.address + FirstCodeOffset)),

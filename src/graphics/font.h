@@ -37,10 +37,16 @@ struct TextFont {
     std::uint8_t height = 0;
 };
 
+inline constexpr std::uint32_t FontRowBytes = 8; // of the font table
+
 /// The font at an address, in the encoding that its kind names; a kind that nobody knows counts as GB2312.
 TextFont FontAt(std::uint32_t address);
 /// The font of a row of the font table.
 TextFont TableFont(std::uint8_t index);
+
+/// Bytes of a font from its address on, as its head tells them. Nothing tells how many double-byte characters
+/// a font has: without a range of codes only the ASCII characters count.
+std::uint64_t FontBytes(const TextFont& font);
 
 constexpr bool IsKnownDepth(std::uint8_t depthCode) { return depthCode <= 2; }
 /// Bits per pixel of a depth code; an unknown one counts as 1 bit.

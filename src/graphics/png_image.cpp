@@ -30,22 +30,37 @@ QImage premultiplied(QImage picture) {
     return picture;
 }
 
+/// A picture file that lies in the image.
+struct PictureFile {
+    QByteArray bytes;
+    QBuffer buffer;
+    QImageReader reader;
+
+    PictureFile(std::uint32_t address, std::uint32_t length) {
+        const auto there = FlashBytes(address, length);
+        bytes = QByteArray::fromRawData(reinterpret_cast<const char*>(there.data()),
+                                        static_cast<int>(there.size()));
+        buffer.setBuffer(&bytes);
+        buffer.open(QIODevice::ReadOnly);
+        reader.setDevice(&buffer);
+        reader.setFormat("png"); // no other decoder of the computer
+        reader.setAutoDetectImageFormat(false);
+    }
+    QSize size() const { return isLoadable(reader.size()) ? reader.size() : QSize(); }
+};
+
 } // namespace
 
 QImage DecodePng(std::uint32_t address, std::uint32_t length) {
-    const auto bytes = FlashBytes(address, length);
-    QByteArray file =
-        QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()), static_cast<int>(bytes.size()));
-    QBuffer buffer(&file);
-    buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer, "png"); // no other decoder of the computer
-    reader.setAutoDetectImageFormat(false);
-    if (!isLoadable(reader.size())) return {}; // the head is looked at before any memory is taken
-    QImage picture = reader.read();
+    PictureFile file(address, length);
+    if (file.size().isEmpty()) return {}; // the head is looked at before any memory is taken
+    QImage picture = file.reader.read();
     if (!isLoadable(picture.size())) return {};
     if (picture.hasAlphaChannel()) return premultiplied(std::move(picture));
     return std::move(picture).convertToFormat(QImage::Format_RGB32);
 }
+
+QSize PngSize(std::uint32_t address, std::uint32_t length) { return PictureFile(address, length).size(); }
 
 bool IsPngAt(std::uint32_t address) {
     static constexpr std::array<std::uint8_t, 8> Signature{0x89, 'P', 'N', 'G', 0x0D, 0x0A, 0x1A, 0x0A};

@@ -12,6 +12,9 @@ namespace panel {
 /// LargestPicturePixels.
 QImage DecodePng(std::uint32_t address, std::uint32_t length);
 
+/// The size of that picture by its head alone; empty when it cannot be read or is too large.
+QSize PngSize(std::uint32_t address, std::uint32_t length);
+
 /// Whether the data at an address begin as a PNG file does.
 bool IsPngAt(std::uint32_t address);
 

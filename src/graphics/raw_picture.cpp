@@ -42,6 +42,11 @@ PixelLayout layoutOf(std::uint8_t format) {
 
 int PaddedStride(int stride) { return NandFlash && stride % 4 != 0 ? stride / 4 * 4 + 4 : stride; }
 
+std::uint64_t RawPictureBytes(int width, int height, std::uint8_t format) {
+    return static_cast<std::uint64_t>(PaddedStride(width)) * static_cast<std::uint64_t>(height)
+           * BytesPerPixel(layoutOf(format));
+}
+
 RawPicture::RawPicture(std::uint32_t address, int stride, std::uint8_t format)
     : address_(address), stride_(static_cast<std::uint32_t>(PaddedStride(stride))),
       layout_(layoutOf(format)) {}

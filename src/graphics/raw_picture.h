@@ -11,6 +11,9 @@ namespace panel {
 /// The stored row length of a picture `stride` pixels wide: NAND images pad it to a multiple of 4.
 int PaddedStride(int stride);
 
+/// Bytes that a raw picture of that size takes; 0 for a format that the colour mode does not define.
+std::uint64_t RawPictureBytes(int width, int height, std::uint8_t format);
+
 /// A raw picture knows no size: it can be read at any place, and gives zero bytes where the image has ended.
 /// Addresses wrap in 32 bits.
 class RawPicture {

@@ -121,6 +121,13 @@ std::optional<ZipHead> ReadZipHead(std::uint32_t address) {
     return head;
 }
 
+std::uint64_t ZipPictureBytes(std::uint32_t address, const ZipHead& head) {
+    std::uint64_t bytes = HeadBytes + std::uint64_t{SegmentEntryBytes} * head.SegmentCount;
+    for (std::uint32_t i = 0; i < head.SegmentCount; ++i)
+        bytes += ReadU24(address + HeadBytes + SegmentEntryBytes * i);
+    return bytes;
+}
+
 QImage DecodeZipImage(std::uint32_t address, const ZipHead& head) {
     QImage picture(head.Width, head.Height, QImage::Format_ARGB32_Premultiplied);
     if (picture.isNull()) return picture;

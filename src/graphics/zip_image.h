@@ -30,6 +30,9 @@ struct ZipHead {
 /// large.
 std::optional<ZipHead> ReadZipHead(std::uint32_t address);
 
+/// Bytes of the whole picture: head, table of segments and their data.
+std::uint64_t ZipPictureBytes(std::uint32_t address, const ZipHead& head);
+
 /// Decodes a picture of head.Width x head.Height pixels, premultiplied. Pixels that are transparent or that
 /// the data do not give are 0. Null for a picture without pixels.
 QImage DecodeZipImage(std::uint32_t address, const ZipHead& head);

@@ -33,6 +33,8 @@ struct DisplayKind {
     /// Counts the records of the kind that a walk has passed; 0 outside of walks. For kinds that tell their
     /// records apart by this number.
     std::size_t* cursor = nullptr;
+    /// Records of the kind that a page may hold; 0: as many as fit in its stream.
+    std::size_t capacity = 0;
 
     // Where the kind takes part beside the plain display pass.
     bool hasBlock = true;                 // its parameters may lie in the store

@@ -10,11 +10,10 @@
 namespace panel {
 namespace {
 
-constexpr std::size_t Capacity = 0x400;
 constexpr std::size_t RecordHead = 3; // u16 id, u8 length of the items
 constexpr std::size_t ItemBytes = 4;  // u16 word address, u16 value
 
-std::array<std::uint8_t, Capacity> Presets{};
+std::array<std::uint8_t, PagePresetCapacity> Presets{};
 std::size_t PresetBytes = 0;
 
 /// A preset may write word 0x7014 and so apply another one. A chain that comes back to itself has to end
@@ -55,8 +54,8 @@ void applyItem(std::uint16_t address, std::uint16_t value) {
 } // namespace
 
 void LoadPagePresets(std::uint16_t page) {
-    const std::uint32_t row = Sections.PagePresetTable + 8u * page;
-    PresetBytes = std::min<std::size_t>(ReadU16(row + 4), Capacity);
+    const std::uint32_t row = Sections.PagePresetTable + PagePresetRowBytes * page;
+    PresetBytes = std::min<std::size_t>(ReadU16(row + 4), PagePresetCapacity);
     FlashRead(Presets.data(), ReadU32(row), PresetBytes);
 }
 

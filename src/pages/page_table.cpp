@@ -3,9 +3,6 @@
 namespace panel {
 namespace {
 
-constexpr std::uint32_t PageRowBytes = 12; // display stream, then touch stream
-constexpr std::uint32_t GroupRowBytes = 6;
-
 StreamPlace readPlace(std::uint32_t address) { return {ReadU32(address), ReadU16(address + 4)}; }
 
 } // namespace

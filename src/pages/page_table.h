@@ -11,6 +11,9 @@
 
 namespace panel {
 
+inline constexpr std::uint32_t PageRowBytes = 12; // display stream, then touch stream
+inline constexpr std::uint32_t GroupRowBytes = 6;
+
 /// Address and length of a stream in the image.
 struct StreamPlace {
     std::uint32_t address = 0;

@@ -31,7 +31,7 @@ void storePresets(std::span<const std::uint8_t> stream) {
 
 void loadLanguagePresets(std::uint8_t language) {
     if (Sections.LanguagePresetCount == 0) return;
-    const std::uint32_t row = Sections.LanguagePresetTable + 8u * language;
+    const std::uint32_t row = Sections.LanguagePresetTable + LanguagePresetRowBytes * language;
     storePresets(FlashBytes(ReadU32(row), ReadU32(row + 4)));
 }
 

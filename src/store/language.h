@@ -7,6 +7,8 @@
 
 namespace panel {
 
+inline constexpr std::uint32_t LanguagePresetRowBytes = 8; // u32 address and u32 length of a stream
+
 /// The language in force, below LanguageCount. The engine writes, the window may look.
 inline Shared<std::uint8_t> Language{0};
 

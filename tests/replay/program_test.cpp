@@ -84,6 +84,9 @@ TEST_F(Program, RefusesBadUsage) {
                                    {path("none.bin")},
                                    {directory_.path()},
                                    {"/dev/zero"},
+                                   {"--check"},
+                                   {"--check", path("none.bin")},
+                                   {"--check", image, script},
                                    {image, path("none.txt")},
                                    {image, directory_.path()},
                                    {image, "/dev/zero"},
@@ -95,6 +98,17 @@ TEST_F(Program, RefusesBadUsage) {
         EXPECT_EQ(result.answers, "") << arguments.join(' ').toStdString();
         EXPECT_NE(result.diagnostics, "") << arguments.join(' ').toStdString();
     }
+}
+
+TEST_F(Program, ChecksAnImageAndRunsNothing) {
+    const Result sound = start({"--check", image}, "expect page 1\n");
+    EXPECT_EQ(sound.exitCode, 0);
+    EXPECT_EQ(sound.answers, "no errors\n");
+    imagekit::ImageBuilder wrong = colouredPages({.StartPage = 9});
+    const Result faulty = start({"--check", writeImage(wrong)});
+    EXPECT_EQ(faulty.exitCode, 1);
+    EXPECT_EQ(faulty.answers,
+              "error: head at 0x000000b8: start page 9 does not exist (the image has 3)\n1 error\n");
 }
 
 TEST_F(Program, ExplainsItself) {

@@ -37,9 +37,7 @@ constexpr std::size_t DoneValue = 0x1F;
 constexpr std::size_t Group = 0x21;
 } // namespace field
 
-constexpr std::uint16_t HideAlways = 0xFFFF; // hides whatever HideValue is
-constexpr std::uint32_t SequenceRowBytes = 8;
-constexpr std::uint32_t FrameRecordBytes = 16;
+constexpr std::uint16_t HideAlways = 0xFFFF;   // hides whatever HideValue is
 constexpr std::uint32_t FrameExtraOffset = 12; // u24, then the format
 constexpr std::uint32_t AnyExtra = 100;        // keeps DrawImage() from refusing a frame for its Extra
 
@@ -50,15 +48,11 @@ bool overlapsEntry(const AnimationRow& row) { return OverlapsOpenEntry(row.X, ro
 
 /// A frame is drawn in the size of the widget, whatever its own is.
 ImageRow frameImage(const AnimationRow& row, std::uint32_t index) {
-    const std::uint32_t record = row.FrameAddress + FrameRecordBytes * index;
-    return {.Address = ReadU32(record),
-            .Width = row.Width,
-            .Height = row.Height,
-            .Extra = ReadU24(record + FrameExtraOffset),
-            .Format = ReadU8(record + FrameExtraOffset + 3)};
+    ImageRow frame = ReadFrame(row.FrameAddress + FrameRecordBytes * index);
+    frame.Width = row.Width;
+    frame.Height = row.Height;
+    return frame;
 }
-
-bool canBeFrame(std::uint8_t imageFormat) { return imageFormat <= format::RGB565A8; }
 
 /// What the animation puts on the frame is what the widgets over it have behind them from now on.
 void keepAsUnderlay(const AnimationRow& row) {
@@ -93,7 +87,7 @@ void drawWithGroup(const AnimationRow& row, const ImageRow& frame) {
 
 void drawFrame(AnimationRow& row, std::uint32_t index) {
     const ImageRow frame = frameImage(row, index);
-    if (!canBeFrame(frame.Format)) return;
+    if (!CanBeFrame(frame.Format)) return;
     row.FrameOnShow = index;
     if (row.Group == NoGroup)
         drawWithoutGroup(row, frame);
@@ -213,9 +207,9 @@ void takeParameters(AnimationRow& row, const Parameters& p) {
     row.DoneAddress = p.u16(field::DoneAddress);
     row.DoneValue = p.u16(field::DoneValue);
     row.Group = p.u16(field::Group);
-    const std::uint32_t sequence = Sections.ImageSequenceTable + SequenceRowBytes * row.SequenceId;
-    row.FrameAddress = ReadU32(sequence);
-    row.FrameCount = ReadU24(sequence + 4);
+    const ImageSequence sequence = ReadSequence(row.SequenceId);
+    row.FrameAddress = sequence.FrameAddress;
+    row.FrameCount = sequence.FrameCount;
 }
 
 bool shownFromTheStart(const Parameters& p) { return !p.inStore() && (p.u8(field::Length) & 0x80) != 0; }
@@ -239,6 +233,21 @@ bool contains(const AnimationRow& row, int x, int y) {
 }
 
 } // namespace
+
+ImageSequence ReadSequence(std::uint16_t id) {
+    const std::uint32_t row = Sections.ImageSequenceTable + SequenceRowBytes * id;
+    return {.FrameAddress = ReadU32(row), .FrameCount = ReadU24(row + 4)};
+}
+
+ImageRow ReadFrame(std::uint32_t address) {
+    return {.Address = ReadU32(address),
+            .Width = ReadU16(address + 4),
+            .Height = ReadU16(address + 6),
+            .Extra = ReadU24(address + FrameExtraOffset),
+            .Format = ReadU8(address + FrameExtraOffset + 3)};
+}
+
+bool CanBeFrame(std::uint8_t imageFormat) { return imageFormat <= format::RGB565A8; }
 
 void AddAnimation(const Parameters& p) {
     if (!IsStoreWord(p.u16(field::Control))) return;

@@ -2,6 +2,7 @@
 // thread, but for the counting of ticks.
 #pragma once
 
+#include "graphics/image_row.h"
 #include "pages/parameters.h"
 #include "store/row_table.h"
 #include "store/shared.h"
@@ -36,6 +37,19 @@ struct AnimationRow {
     std::uint8_t Shown = 0;                       // 1 while a picture of the widget is on the screen
     std::uint16_t Group = 0;                      // drawn over each frame
 };
+
+/// A run of frames in the image: where their records lie, and how many there are.
+struct ImageSequence {
+    std::uint32_t FrameAddress = 0;
+    std::uint32_t FrameCount = 0;
+};
+inline constexpr std::uint32_t SequenceRowBytes = 8;
+inline constexpr std::uint32_t FrameRecordBytes = 16;
+ImageSequence ReadSequence(std::uint16_t id);
+/// The picture of the frame record at a byte address of the image.
+ImageRow ReadFrame(std::uint32_t address);
+/// Whether frames are drawn that have a picture of that format.
+bool CanBeFrame(std::uint8_t imageFormat);
 
 /// The animations of the page on show, in stream order; a page holds at most 15.
 inline RowTable<AnimationRow, 15> AnimationTable;

@@ -1,8 +1,7 @@
 #include "widgets/display/label.h"
 
 #include "graphics/text.h"
-#include "host/flash_image.h"
-#include "store/language.h"
+#include "pages/language_strings.h"
 #include "store/variable_store.h"
 #include "widgets/display/image_animation.h"
 #include "widgets/display/placement.h"
@@ -36,30 +35,10 @@ constexpr std::uint8_t OpaqueFlag = 0x01;
 constexpr std::uint8_t MaskedFlag = 0x02;
 constexpr std::uint16_t NoAddress = 0xFFFF;
 
-/// A string of the image, which brings its own look.
-struct LanguageString {
-    std::uint32_t colour = 0;
-    std::uint8_t font = 0;
-    TextBytes text;
-};
-
-std::optional<LanguageString> findString(std::uint16_t index) {
-    constexpr std::uint32_t rowBytes = 4;
-    constexpr std::uint32_t noString = 0xFFFFFFFF;
-    constexpr std::uint32_t headBytes = 6; // u24 colour, u8 font, u16 length
-    constexpr std::uint16_t longest = 1024;
-    if (index == 0 || index > Sections.StringCount) return std::nullopt;
-    const std::uint32_t row = Sections.StringCount * Language + index - 1;
-    const std::uint32_t address = ReadU32(Sections.StringTable + rowBytes * row);
-    if (address == noString) return std::nullopt;
-    return LanguageString{.colour = ReadU24(address),
-                          .font = ReadU8(address + 3),
-                          .text = FlashBytes(address + headBytes, std::min(ReadU16(address + 4), longest))};
-}
-
 std::optional<LanguageString> stringOf(const Parameters& p) {
     if (p.u8(field::UseString) != 1) return std::nullopt;
-    return findString(p.u16(field::StringIndex));
+    const std::uint32_t address = StringAddress(p.u16(field::StringIndex));
+    return address == NoString ? std::nullopt : std::optional(ReadString(address));
 }
 
 /// A copy of the text that the store holds now; valid until the next call.

@@ -14,6 +14,8 @@
 
 namespace panel {
 
+inline constexpr std::uint32_t AudioRowBytes = 8; // u32 address, u32 size in bytes
+
 enum class VideoMode : std::uint8_t { Continue = 0, Pause = 1, LoadHidden = 2, PlayOnce = 3, Repeat = 4 };
 
 /// A sound that stands ready: samples, or a file.

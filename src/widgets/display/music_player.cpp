@@ -15,7 +15,6 @@ namespace {
 
 constexpr std::size_t CodeField = 5;
 constexpr std::uint16_t RepeatBit = 0x8000;
-constexpr std::uint32_t AudioRowBytes = 8; // u32 address, u32 size in bytes
 
 std::mutex SoundLock;
 ReadySound Sound; // under SoundLock
@@ -47,7 +46,7 @@ void prepareSamples(std::uint16_t number, bool repeat) {
 }
 
 void prepareFile(int number, bool repeat) {
-    makeReady({.samples = {}, .file = FindMediaFile("Music", MediaNumber(number)), .repeat = repeat});
+    makeReady({.samples = {}, .file = FindMediaFile(MusicFolder, MediaNumber(number)), .repeat = repeat});
     MusicPlaying = 1;
 }
 

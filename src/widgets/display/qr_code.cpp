@@ -24,8 +24,6 @@ constexpr std::size_t Y = 0x0B;
 constexpr std::size_t SizeUnits = 0x0D;
 } // namespace field
 
-constexpr int UnitPixels = 50;
-
 /// The bytes up to the first zero, as UTF-8 without broken characters. A reader takes a code for UTF-8.
 QByteArray textAt(std::uint16_t address) {
     QByteArray text;
@@ -84,7 +82,7 @@ QImage MakeQrImage(const QByteArray& text, int side, QRect visible) {
 void DisplayQrCode(const Parameters& p) {
     QImage& target = p.inList() ? ListSurfaceA : FrameSurface;
     const QPoint at = QPoint(p.u16(field::X), p.u16(field::Y)) + PopupShift();
-    const int side = p.u8(field::SizeUnits) * UnitPixels;
+    const int side = p.u8(field::SizeUnits) * QrUnitPixels;
     const QRect visible = QRect(at, QSize(side, side)) & target.rect();
     if (visible.isEmpty()) return;
     const QImage picture = MakeQrImage(textAt(p.u16(field::Text)), side, visible.translated(-at));

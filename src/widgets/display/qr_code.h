@@ -9,6 +9,9 @@
 
 namespace panel {
 
+/// A record tells the side of the square in this unit.
+inline constexpr int QrUnitPixels = 50;
+
 /// Draws the code; a text that is too long for any leaves the target as it was.
 void DisplayQrCode(const Parameters& p);
 

@@ -27,10 +27,7 @@ constexpr std::size_t Backdrop = 0x13;
 constexpr std::size_t Group = 0x14;
 } // namespace field
 
-/// An icon whose first picture has this index or a higher one is not on the screen at all.
-constexpr std::uint16_t FirstImageBound = 10000;
-
-bool exists(const Parameters& p) { return p.u16(field::FirstImage) < FirstImageBound; }
+bool exists(const Parameters& p) { return p.u16(field::FirstImage) < ValueIconImageBound; }
 
 QPoint placeOf(const Parameters& p) { return QPoint(p.u16(field::X), p.u16(field::Y)) + PopupShift(); }
 

@@ -42,7 +42,7 @@ void ForgetReadyVideo() {
 }
 
 void ShowVideo(const Parameters& p) {
-    const ReadyVideo video{.file = FindMediaFile("Video", MediaNumber(p.u16(field::Number))),
+    const ReadyVideo video{.file = FindMediaFile(VideoFolder, MediaNumber(p.u16(field::Number))),
                            .rect = ReadCorners(p, field::Corners),
                            .mode = p.u8(field::Mode)};
     {

@@ -56,7 +56,7 @@ constexpr std::uint8_t SortMask = 0x1F;
 /// The record of the page, and where the entries of a menu begin in it.
 std::array<std::uint8_t, DisplayStreamCapacity> RecordBytes{};
 std::size_t RecordLength = 0;
-RowTable<std::size_t, 48> EntryOffsets;
+RowTable<std::size_t, MostMenuEntries> EntryOffsets;
 
 Parameters record() { return Parameters(std::span(RecordBytes).first(RecordLength), WithoutBlock); }
 

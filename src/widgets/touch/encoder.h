@@ -4,6 +4,7 @@
 
 #include "store/shared.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -11,6 +12,9 @@
 namespace panel {
 
 enum class EncoderKey : std::uint8_t { Clockwise = 0, CounterClockwise = 1, Key1 = 2, Key2 = 3, Key3 = 4 };
+
+/// Entries of a menu; those behind are left out.
+inline constexpr std::size_t MostMenuEntries = 48;
 
 /// The event that waits for a page with an encoder, an EncoderKey, or NoEncoderEvent. Main thread writes,
 /// engine takes.

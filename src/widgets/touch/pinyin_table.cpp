@@ -7,24 +7,26 @@
 namespace panel {
 namespace {
 
-constexpr std::uint32_t IndexRows = 420; // sorted by their letters
-constexpr std::size_t RowBytes = 16;
-constexpr std::size_t OffsetField = 7; // big-endian, in units of two bytes
-constexpr std::size_t CountField = 9;  // big-endian
+constexpr std::uint32_t OffsetField = 7; // big-endian, in units of two bytes
+constexpr std::uint32_t CountField = 9;  // big-endian
 
-std::uint16_t bigEndian(std::span<const std::uint8_t> row, std::size_t at) {
-    return static_cast<std::uint16_t>(row[at] << 8 | row[at + 1]);
+std::uint16_t bigEndian(std::uint32_t address) {
+    return static_cast<std::uint16_t>(ReadU8(address) << 8 | ReadU8(address + 1));
 }
 
 } // namespace
 
+PinyinCandidates ReadPinyinRow(std::uint32_t address) {
+    return {.offset = 2u * bigEndian(address + OffsetField), .count = bigEndian(address + CountField)};
+}
+
 PinyinCandidates FindCandidates(std::span<const std::uint8_t> letters, PinyinCandidates before) {
-    for (std::uint32_t index = 0; index < IndexRows; ++index) {
-        const auto row = FlashBytes(Sections.PinyinTable + RowBytes * index, RowBytes);
-        if (row.size() < RowBytes) return before;
+    for (std::uint32_t index = 0; index < PinyinIndexRows; ++index) {
+        const std::uint32_t address = Sections.PinyinTable + PinyinRowBytes * index;
+        const auto row = FlashBytes(address, PinyinRowBytes);
+        if (row.size() < PinyinRowBytes) return before;
         if (letters[0] < row[0]) return {};
-        if (std::ranges::equal(letters, row.first(letters.size())))
-            return {.offset = 2u * bigEndian(row, OffsetField), .count = bigEndian(row, CountField)};
+        if (std::ranges::equal(letters, row.first(letters.size()))) return ReadPinyinRow(address);
     }
     return before;
 }

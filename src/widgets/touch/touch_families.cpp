@@ -26,21 +26,15 @@
 namespace panel {
 namespace {
 
-struct TouchFamily {
-    std::uint16_t code; // the type word under FamilyMask
-    const char* name;
-    void (*reset)() = nullptr;                  // forgets the family's rows and its press
-    void (*build)(const Parameters&) = nullptr; // appends a row for a record; null: takes none
-    std::uint8_t* active = nullptr;             // not 0 while a widget of the family owns the press
-    void (*drop)() = nullptr;                   // gives up the press, where clearing `active` is not all
-    void (*showAtRest)() = nullptr;             // draws the widget that owns the press without it
-    bool onNeighbours = false;                  // shows its first image on the pages beside a sliding one
-};
-
 constexpr TouchFamily Families[] = {
-    {.code = 0x8000, .name = "SwipeGesture", .reset = ResetSwipeGesture, .build = AddSwipeGesture},
+    {.code = 0x8000,
+     .name = "SwipeGesture",
+     .capacity = 1,
+     .reset = ResetSwipeGesture,
+     .build = AddSwipeGesture},
     {.code = 0x8001,
      .name = "PageKey",
+     .capacity = PageKeys.Capacity,
      .reset = ResetPageKeys,
      .build = AddPageKey,
      .active = &PageKeyActive,
@@ -48,11 +42,13 @@ constexpr TouchFamily Families[] = {
      .onNeighbours = true},
     {.code = 0x8002,
      .name = "NumberEntry",
+     .capacity = NumberEntries.Capacity,
      .reset = ResetNumberEntries,
      .build = AddNumberEntry,
      .active = &NumberActive},
     {.code = 0x8003,
      .name = "StepKey",
+     .capacity = StepKeys.Capacity,
      .reset = ResetStepKeys,
      .build = AddStepKey,
      .active = &StepActive,
@@ -60,29 +56,34 @@ constexpr TouchFamily Families[] = {
      .onNeighbours = true},
     {.code = 0x8004,
      .name = "slider",
+     .capacity = Sliders.Capacity,
      .reset = ResetSliders,
      .build = AddSlider,
      .active = &SliderActive,
      .onNeighbours = true},
     {.code = 0x8005,
      .name = "KeyboardKey",
+     .capacity = KeyboardKeys.Capacity,
      .reset = ResetKeyboard,
      .build = AddKeyboardKey,
      .active = &KeyActive},
     {.code = 0x8006,
      .name = "RollerPicker",
+     .capacity = Rollers.Capacity,
      .reset = ResetRollers,
      .build = AddRoller,
      .active = &RollerActive,
      .onNeighbours = true},
     {.code = 0x8007,
      .name = "rtouch",
+     .capacity = Rtouches.Capacity,
      .reset = ResetRtouches,
      .build = AddRtouch,
      .active = &RingActive,
      .onNeighbours = true},
     {.code = 0x8008,
      .name = "PopupKey",
+     .capacity = PopupKeys.Capacity,
      .reset = ResetPopupKeys,
      .build = AddPopupKey,
      .active = &PopupKeyActive,
@@ -90,44 +91,48 @@ constexpr TouchFamily Families[] = {
      .onNeighbours = true},
     {.code = 0x8009,
      .name = "TextEntry",
+     .capacity = TextEntries.Capacity,
      .reset = ResetTextEntries,
      .build = AddTextEntry,
      .active = &TextActive},
     {.code = 0x800A,
      .name = "PinyinEntry",
+     .capacity = PinyinEntries.Capacity,
      .reset = ResetPinyinEntries,
      .build = AddPinyinEntry,
      .active = &PinyinActive},
     {.code = 0x800B,
      .name = "MultiKey",
+     .capacity = MultiKeys.Capacity,
      .reset = ResetMultiKeys,
      .build = AddMultiKey,
      .active = &MultiKeyActive,
      .drop = DropMultiKeyPress,
      .showAtRest = ShowMultiKeyAtRest,
      .onNeighbours = true},
-    {.code = SlidePageFamily, .name = "SlidePage"}, // set up before all others
+    {.code = SlidePageFamily, .name = "SlidePage", .capacity = 1}, // set up before all others
     {.code = 0x800D,
      .name = "StateKey",
+     .capacity = StateKeys.Capacity,
      .reset = ResetStateKeys,
      .build = AddStateKey,
      .active = &StateKeyActive,
      .showAtRest = ShowStateKeyAtRest},
     {.code = 0x800E,
      .name = "CopyKey",
+     .capacity = CopyKeys.Capacity,
      .reset = ResetCopyKeys,
      .build = AddCopyKey,
      .active = &CopyKeyActive,
      .showAtRest = ShowCopyKeyAtRest},
-    {.code = 0x800F, .name = "SlidingList", .reset = ResetSlidingList, .build = AddSlidingList},
+    {.code = 0x800F,
+     .name = "SlidingList",
+     .capacity = 1,
+     .reset = ResetSlidingList,
+     .build = AddSlidingList},
 };
 static_assert(std::ranges::adjacent_find(Families, std::ranges::greater_equal{}, &TouchFamily::code)
               == std::end(Families));
-
-const TouchFamily* findFamily(int code) {
-    const auto* found = std::ranges::find(Families, code, &TouchFamily::code);
-    return found == std::end(Families) ? nullptr : found;
-}
 
 Parameters fieldsOf(const StreamRecord& record) { return Parameters(record.bytes, WithoutBlock); }
 
@@ -144,6 +149,11 @@ void prepareSlide(std::uint16_t page) {
 }
 
 } // namespace
+
+const TouchFamily* FindTouchFamily(int code) {
+    const auto* found = std::ranges::find(Families, code, &TouchFamily::code);
+    return found == std::end(Families) ? nullptr : found;
+}
 
 void LetGoOfTouchFamilies() {
     for (const TouchFamily& family : Families) {
@@ -173,7 +183,7 @@ void BuildTouchTables(std::uint16_t page) {
     if (!place.valid()) return;
     StreamWalker walker(TouchStream.bytes(), Framing::Touch);
     while (const auto record = walker.next()) {
-        const TouchFamily* family = findFamily(record->typeWord & FamilyMask);
+        const TouchFamily* family = FindTouchFamily(record->typeWord & FamilyMask);
         if (family && family->build) family->build(fieldsOf(*record));
     }
 }
@@ -182,13 +192,10 @@ void ShowTouchFamiliesOfNeighbour(std::uint16_t page) {
     TouchStream.load(TouchStreamPlace(page));
     StreamWalker walker(TouchStream.bytes(), Framing::Touch);
     while (const auto record = walker.next()) {
-        const TouchFamily* family = findFamily(record->typeWord & ~NotifyFlag); // none of those on a list
+        const TouchFamily* family =
+            FindTouchFamily(record->typeWord & ~NotifyFlag); // none of those on a list
         if (family && family->onNeighbours && family->build) family->build(fieldsOf(*record));
     }
-}
-
-bool IsTouchFamily(int code) {
-    return std::ranges::find(Families, code, &TouchFamily::code) != std::end(Families);
 }
 
 } // namespace panel

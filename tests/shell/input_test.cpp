@@ -128,7 +128,7 @@ TEST_F(ViewTest, ZoomsInFloatStepsBetweenItsLimitsUntilTheNextLoad) {
 
 TEST_F(ViewTest, TheVeilDarkensTheShownFrame) {
     openWindow();
-    window_->openImage(writeImage("a.bin", QColor(200, 100, 50)));
+    openAndRun(writeImage("a.bin", QColor(200, 100, 50)));
     ASSERT_TRUE(shows(QColor(200, 100, 50)));
     panel::DimValue = 0x80;
     EXPECT_TRUE(shows(QColor(100, 50, 25)));

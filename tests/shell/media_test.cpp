@@ -198,7 +198,7 @@ protected:
                 image.addPage().add(widget);
         };
         (addPage(widgets), ...);
-        window_->openImage(writeFile("media.bin", image.build()));
+        openAndRun(writeFile("media.bin", image.build()));
     }
 
     static void write(std::uint16_t address, std::uint16_t value) {

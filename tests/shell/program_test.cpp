@@ -54,11 +54,11 @@ TEST_F(ProgramTest, RefusesWhatIsNoCommandLine) {
 }
 
 TEST_F(ProgramTest, TakesAScreenshotOfTheWindowWithTheGivenImageOrThatOfThePathFile) {
-    EXPECT_EQ(run({"--screenshot", path("a.png"), "--after", "400", writeProject()}), 0);
+    EXPECT_EQ(run({"--screenshot", path("a.png"), "--after", "1200", writeProject()}), 0);
     EXPECT_EQ(pagePixels(path("a.png")), 320 * 240);
     EXPECT_GT(QImage(path("a.png")).width(), 320);
 
-    EXPECT_EQ(run({"--screenshot", path("a.png"), "--after", "400", "--size", "1300x700", "--zoom", "60",
+    EXPECT_EQ(run({"--screenshot", path("a.png"), "--after", "1200", "--size", "1300x700", "--zoom", "60",
                    "--record", path("s.replay"), writeProject()}),
               0);
     EXPECT_EQ(QImage(path("a.png")).size(), QSize(1300, 700));

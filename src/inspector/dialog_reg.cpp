@@ -43,8 +43,9 @@ constexpr int RowHeight = 35;
 constexpr int TypeRole = Qt::UserRole;
 constexpr int EncodeRole = Qt::UserRole + 1;
 
-/// The system rows have all their widgets, once and for all. Further down a row has its buttons while it is in
-/// view, and no combos, whose columns nobody sees: a styled combo costs as much as a hundred rows of cells.
+/// The system rows have all their widgets, once and for all. Further down a row has its buttons while it is
+/// in view, and no combos, whose columns nobody sees: a styled combo costs as much as a hundred rows of
+/// cells.
 constexpr int RowsWithWidgets = 16;
 
 constexpr int EventPeriod = 20;                      // ms between two looks at the events in a long fill

@@ -65,7 +65,7 @@ TEST_F(TabsTest, ATabPulledOutLivesInAWindowUntilThatIsClosed) {
     pullOut();
     EXPECT_EQ(popup()->windowTitle(), "Emulation");
     EXPECT_EQ(popup()->size(), size);
-    EXPECT_EQ(popup()->pos(), OutsideTheBar - QPoint(10, 10));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return popup()->pos() == OutsideTheBar - QPoint(10, 10); }));
     window_->openImage(writeImage("a.bin", Qt::green));
     EXPECT_EQ(find<QLineEdit>("lineEdit_VarAddr").text(), "0x7000") << "it is filled while it is outside";
 

@@ -62,9 +62,10 @@ struct Options {
     QCommandLineOption screenshot{QStringLiteral("screenshot"),
                                   QStringLiteral("Write a picture of the whole window to FILE.png and exit."),
                                   QStringLiteral("FILE.png")};
-    QCommandLineOption after{QStringLiteral("after"),
-                             QStringLiteral("Take the screenshot MS milliseconds after the start."),
-                             QStringLiteral("MS"), QString::number(CommandLine().afterMs)};
+    QCommandLineOption after{
+        QStringLiteral("after"),
+        QStringLiteral("Take the screenshot MS milliseconds after the start, or after IMAGE.bin is loaded."),
+        QStringLiteral("MS"), QString::number(CommandLine().afterMs)};
 };
 
 void setUp(QCommandLineParser& parser, const Options& options) {

@@ -9,7 +9,7 @@ class QCoreApplication;
 struct CommandLine {
     QString image;      // absolute path of the image to load; empty: the one of the start path file
     QString screenshot; // the PNG to write; empty: an ordinary run
-    int afterMs = 1500; // from the program's start to the screenshot
+    int afterMs = 1500; // from the start, or from the load of the image, to the screenshot
     QString record;     // the script to write; empty: none
     bool watch = false; // the image is loaded again when it changes
     int zoom = 100;     // percent, as MainWindow::zoomOf() takes it

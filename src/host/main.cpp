@@ -43,12 +43,6 @@ void showWindow(QWidget& window, const CommandLine& line) {
         window.show();
 }
 
-void planImage(MainWindow& window, const CommandLine& line) {
-    if (line.image.isEmpty()) return;
-    QTimer::singleShot(0, &window,
-                       [&window, &line] { window.openImage(line.image, MainWindow::zoomOf(line.zoom)); });
-}
-
 bool record(MainWindow& window, const QString& file) {
     auto recorder = std::make_unique<SessionRecorder>([&window] { return window.progress(); });
     if (!recorder->open(file)) {
@@ -67,14 +61,18 @@ QMessageBox::StandardButton tellOnly(const QString& text, QMessageBox::StandardB
 }
 
 void planScreenshot(MainWindow& window, const CommandLine& line) {
-    window.setMessageSink(failWithMessage);
-    window.setAskUser(tellOnly);
     QTimer::singleShot(line.afterMs, &window, [&window, file = line.screenshot] {
         if (window.grab().save(file, "PNG"))
             QCoreApplication::quit();
         else
             failWithMessage(QStringLiteral("Cannot write %1.").arg(file));
     });
+}
+
+/// What the command line asks of a window that is on show.
+void begin(MainWindow& window, const CommandLine& line) {
+    if (!line.image.isEmpty()) window.openImage(line.image, MainWindow::zoomOf(line.zoom));
+    if (!line.screenshot.isEmpty()) planScreenshot(window, line);
 }
 
 } // namespace
@@ -91,8 +89,11 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(programIcon());
     if (!line.record.isEmpty() && !record(window, line.record)) return EXIT_FAILURE;
     if (line.watch) window.watchImage();
-    planImage(window, line);
-    if (!line.screenshot.isEmpty()) planScreenshot(window, line);
+    if (!line.screenshot.isEmpty()) {
+        window.setMessageSink(failWithMessage);
+        window.setAskUser(tellOnly);
+    }
+    QTimer::singleShot(0, &window, [&window, &line] { begin(window, line); });
     showWindow(window, line);
     ProbeVideoDecoder(window.askUser());
     return QCoreApplication::exec();

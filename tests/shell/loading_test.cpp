@@ -102,7 +102,7 @@ TEST_F(LoadingTest, StartsWithTheImageOfThePathFileAfterASecond) {
     writeFile("currentbin_path.ini", file.toUtf8() + "\r\n");
     openWindow();
     EXPECT_EQ(log(), "Loading...");
-    QTest::qWait(700);
+    QTest::qWait(200);
     EXPECT_EQ(shownColour(), QColor(Qt::black));
     EXPECT_TRUE(shows(Qt::cyan));
     EXPECT_EQ(text("label_PathStr"), "Path: " + file);

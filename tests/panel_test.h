@@ -6,8 +6,13 @@
 #include "host/memory_image.h"
 #include "host/panel_outputs.h"
 #include "host/serial_recorder.h"
+#include "imagekit/icon_widgets.h"
 #include "imagekit/image_builder.h"
+#include "imagekit/value_widgets.h"
+#include "pages/page_switch.h"
+#include "pages/refresh.h"
 #include "store/system_words.h"
+#include "store/typed_value.h"
 #include "store/variable_store.h"
 #include "widgets/touch/pointer.h"
 
@@ -17,10 +22,15 @@
 #include <QImage>
 
 #include <algorithm>
+#include <random>
 #include <string>
 #include <vector>
 
 namespace panel {
+
+// Of frames to the host.
+using Payload = std::vector<std::uint8_t>;
+using Payloads = std::vector<Payload>;
 
 /// Keeps what the engine shows and asks for.
 struct RecordedOutputs : PanelOutputs {
@@ -76,6 +86,25 @@ protected:
         ApplySystemWord(address);
     }
 
+    /// Opens a pop-up as its key does.
+    static void openPopup(std::uint16_t page, std::uint16_t x, std::uint16_t y) {
+        PopupActive = 1;
+        PopupPage = page;
+        PopupOriginX = x;
+        PopupOriginY = y;
+        OpenPopup(page, x, y);
+    }
+    /// Writes a text and zeros behind it, `room` bytes in all.
+    static void setText(std::uint16_t address, std::string_view text, std::size_t room) {
+        for (std::size_t i = 0; i < room; ++i)
+            StoreByte(2 * std::size_t{address} + i, i < text.size() ? static_cast<std::uint8_t>(text[i]) : 0);
+    }
+    static std::int64_t number(std::uint16_t address, imagekit::DataType type) {
+        const NumericValue value = ReadNumeric(address, static_cast<std::uint8_t>(type));
+        const auto magnitude = static_cast<std::int64_t>(value.magnitude);
+        return value.negative ? -magnitude : magnitude;
+    }
+
     QRgb pixel(int x, int y) const { return outputs.frame.pixel(x, y); }
 
     /// The media requests since the last call.
@@ -91,6 +120,37 @@ inline const imagekit::PanelConfig Small{.Width = 64, .Height = 48, .ColourMode 
 /// A page background of one colour.
 inline imagekit::Solid PlainPage(const imagekit::PanelConfig& config, QColor colour) {
     return {config.Width, config.Height, colour};
+}
+
+/// A picture of one colour.
+inline imagekit::Pixels Filled(int width, int height, QColor colour,
+                               std::uint8_t format = imagekit::format::RGB565) {
+    QImage picture(width, height, QImage::Format_ARGB32);
+    picture.fill(colour);
+    return {picture, format};
+}
+
+/// A picture of up to 256 px a side of which every pixel tells its place.
+inline QImage Pattern(int width, int height) {
+    QImage picture(width, height, QImage::Format_RGB32);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x) picture.setPixel(x, y, qRgb(x, y, 99));
+    return picture;
+}
+
+inline QImage Noise(int width, int height, QImage::Format format = QImage::Format_ARGB32) {
+    std::mt19937 random(7);
+    QImage picture(width, height, format);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x) picture.setPixel(x, y, random());
+    return picture;
+}
+
+/// Records as they stand in a display stream, also more of them than a page may have.
+inline imagekit::Bytes RawStream(const std::vector<imagekit::DisplayRecord>& records) {
+    imagekit::ByteWriter stream;
+    for (const auto& record : records) stream.bytes(imagekit::EncodeRecord(record, ""));
+    return stream.data();
 }
 
 /// An image with a page of each colour.

@@ -6,7 +6,6 @@
 #include "host/config_block.h"
 
 #include <cstring>
-#include <random>
 
 namespace panel {
 namespace {
@@ -100,9 +99,9 @@ protected:
     std::vector<std::uint8_t> randomText() {
         std::vector<std::uint8_t> text;
         for (int left = random(0, 24); left > 0; --left) append(text, randomCode());
-        const std::vector<std::vector<std::uint8_t>> breaks = {{0},          {0, 0},       {0x80, 0x41},
-                                                               {0xFF, 0x40}, {0xFF, 0x20}, {0xA0, 0xA1},
-                                                               {0xFE},       {0x4E, 0x41}, {0x80}};
+        static const std::vector<std::vector<std::uint8_t>> breaks = {
+            {0},          {0, 0}, {0x80, 0x41}, {0xFF, 0x40}, {0xFF, 0x20},
+            {0xA0, 0xA1}, {0xFE}, {0x4E, 0x41}, {0x80}};
         if (random(0, 2) == 0) {
             const auto& broken = breaks[static_cast<std::size_t>(random(0, 8))];
             text.insert(text.end(), broken.begin(), broken.end());
@@ -212,171 +211,57 @@ INSTANTIATE_TEST_SUITE_P(Fonts, TextOf, ::testing::ValuesIn(allFonts()),
 
 class Text : public TextTest {
 protected:
-    QRgb work(int x, int y) const { return WorkSurface.pixel(x, y); }
-
-    /// A font all of whose glyphs are filled and `width` wide.
-    imagekit::StoredFont filled(FontShape shape, std::uint8_t width) {
+    /// A panel with a font all of whose glyphs are filled and `width` wide.
+    TextStyle bootFilled(const FontShape& shape, std::uint8_t width) {
         shape_ = shape;
-        return imagekit::EncodeFont(shape, [=](std::uint16_t) {
-            return imagekit::Glyph{width,
-                                   std::vector<std::uint8_t>(std::size_t{shape.Width} * shape.Height, 0xFF)};
-        });
-    }
-    TextStyle bootFilled(const FontShape& shape, std::uint8_t width, std::uint8_t anchor = 3) {
+        const std::vector<std::uint8_t> full(std::size_t{shape.Width} * shape.Height, 0xFF);
         imagekit::ImageBuilder image({.Width = 72, .Height = 60, .ColourMode = 1});
         image.addPage(imagekit::Solid{72, 60, Qt::white});
-        image.addFont(filled(shape, width));
+        image.addFont(imagekit::EncodeFont(shape, [&](std::uint16_t) {
+            return imagekit::Glyph{width, full};
+        }));
         EXPECT_EQ(boot(image), StartResult::Running);
-        FrameSurface.fill(Qt::red); // what is neither drawn nor cleaned stays red
-        TextStyle style{.font = TableFont(0), .anchor = anchor, .colour = 0x0000FF};
+        TextStyle style{.font = TableFont(0), .anchor = 3, .colour = 0x0000FF};
         style.font.encoding = EncodingOf(shape.Kind);
         return style;
     }
-    /// The rows of a column of the frame: b(lue) text, w(hite) page, r(ed) untouched.
-    static std::string column(int x, int fromY, int toY) {
-        std::string rows;
-        for (int y = fromY; y <= toY; ++y) rows += letter(FrameSurface.pixel(x, y));
-        return rows;
-    }
-    static std::string row(int y, int fromX, int toX) {
-        std::string columns;
-        for (int x = fromX; x <= toX; ++x) columns += letter(FrameSurface.pixel(x, y));
-        return columns;
-    }
-    static char letter(QRgb pixel) {
-        if (pixel == qRgb(0, 0, 255)) return 'b';
-        return pixel == qRgb(255, 255, 255) ? 'w' : pixel == qRgb(255, 0, 0) ? 'r' : '?';
-    }
-    /// "w3r" for "wwwr".
-    static std::string runs(const std::string& brief) {
-        std::string expanded;
-        for (std::size_t i = 0; i < brief.size();) {
-            const char letter = brief[i++];
-            int count = 0;
-            while (i < brief.size() && std::isdigit(brief[i])) count = 10 * count + brief[i++] - '0';
-            expanded.append(static_cast<std::size_t>(std::max(count, 1)), letter);
-        }
-        return expanded;
-    }
-    static TextBytes bytes(std::string_view text) {
-        return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
-    }
 };
 
-TEST_F(Text, GlyphsLieWhereTheEncodingPutsThem) {
-    const auto glyph = [](Encoding encoding, std::vector<std::uint8_t> text) {
-        return FontReader({encoding, 0, 16, 16}).unitAt(text, 0).glyph; // 32 bytes a glyph, no image
-    };
-    EXPECT_EQ(glyph(Encoding::Gb2312, {0xB0, 0xA1}), 48264u);
-    EXPECT_EQ(glyph(Encoding::Gbk, {0x81, 0x40}), 0x68 + 95 * 32u);
-    EXPECT_EQ(glyph(Encoding::Gbk, {0x82, 0x80}), 0x68 + (95 + 190 + 63) * 32u);
-    EXPECT_EQ(glyph(Encoding::Big5, {0xA2, 0xA0}), 0x68 + (95 + 160 + 64) * 32u);
-    EXPECT_EQ(glyph(Encoding::Big5, {0xA2, 0x93}), 0x68 + (95 + 160) * 32u);
-    for (const auto encoding : {Encoding::Gb2312, Encoding::Gbk, Encoding::Big5, Encoding::Ascii})
-        EXPECT_EQ(glyph(encoding, {'A'}), 0x68 + 33 * 32u);
-    EXPECT_EQ(glyph(Encoding::Wide, {0, 'A'}), 0x68 + 33 * 32u);
-}
-
 TEST_F(Text, EndsAtWhatTheEncodingDoesNotKnow) {
-    struct Case {
+    using enum Encoding;
+    const struct {
         Encoding encoding;
         std::vector<std::uint8_t> text;
         int bytes; // of the first character; 0: the text ends
-    };
-    for (const Case& one : std::vector<Case>{{Encoding::Gb2312, {0xA0, 0xA1}, 0},
-                                             {Encoding::Gb2312, {0xA1, 0x01}, 2},
-                                             {Encoding::Gb2312, {0xFF, 0xA1}, 0},
-                                             {Encoding::Gb2312, {0xA1}, 0},
-                                             {Encoding::Gbk, {0x80, 0x40}, 0},
-                                             {Encoding::Gbk, {0x81, 0x3F}, 0},
-                                             {Encoding::Gbk, {0x81, 0x40}, 2},
-                                             {Encoding::Gbk, {0xFF, 0x40}, 0},
-                                             {Encoding::Big5, {0xFF, 0x40}, 2},
-                                             {Encoding::Big5, {0xA1, 0x3F}, 0},
-                                             {Encoding::Ascii, {0x7F}, 1},
-                                             {Encoding::Ascii, {0x80}, 0},
-                                             {Encoding::Ascii, {0}, 0},
-                                             {Encoding::Wide, {0, 0}, 0},
-                                             {Encoding::Wide, {0, 0x7F}, 2},
-                                             {Encoding::Wide, {0, 0x81}, 0},
-                                             {Encoding::Sparse, {0, 'A'}, 0},
-                                             {Encoding::Sparse, {0, 10}, 2},
-                                             {static_cast<Encoding>(5), {'A', 'A'}, 0},
-                                             {static_cast<Encoding>(7), {'A', 'A'}, 0}})
+    } cases[] = {{Gb2312, {0xA0, 0xA1}, 0},
+                 {Gb2312, {0xA1, 0x01}, 2},
+                 {Gb2312, {0xFF, 0xA1}, 0},
+                 {Gb2312, {0xA1}, 0},
+                 {Gbk, {0x80, 0x40}, 0},
+                 {Gbk, {0x81, 0x3F}, 0},
+                 {Gbk, {0xFF, 0x40}, 0},
+                 {Big5, {0xFF, 0x40}, 2},
+                 {Big5, {0xA1, 0x3F}, 0},
+                 {Ascii, {0x7F}, 1},
+                 {Ascii, {0x80}, 0},
+                 {Wide, {0, 0x7F}, 2},
+                 {Wide, {0, 0x81}, 0},
+                 {static_cast<Encoding>(5), {'A', 'A'}, 0},
+                 {static_cast<Encoding>(7), {'A', 'A'}, 0}};
+    for (const auto& one : cases)
         EXPECT_EQ(FontReader({one.encoding, 0, 16, 16}).unitAt(one.text, 0).bytes, one.bytes)
             << static_cast<int>(one.encoding) << ' ' << static_cast<int>(one.text[0]);
 }
 
-TEST_F(Text, DrawsAndCleansByHandComputedRows) {
-    struct Case {
-        const char* what;
-        std::uint8_t anchor, width, lineSpacing;
-        TextBox box;
-        std::string_view text;
-        QPoint from; // a column of the frame, or a row
-        bool down;
-        std::string expected;
-    };
-    const Case cases[] = {
-        {"an empty text wipes its box", 3, 5, 0, {10, 10, 29, 39}, "", {10, 9}, true, "rw30r"},
-        {"a zero byte ends the text, the rest is cleaned",
-         3,
-         5,
-         0,
-         {10, 10, 29, 15},
-         {"A\0AA", 4},
-         {9, 12},
-         false,
-         "rb5w15r"},
-        {"a last row alone is not cleaned", 3, 5, 0, {10, 10, 14, 22}, "AAAAA", {10, 9}, true, "rb12r2"},
-        {"two rows are", 3, 5, 0, {10, 10, 14, 23}, "AAAAA", {10, 9}, true, "rb12w2r"},
-        {"the bottom is one row up", 6, 5, 0, {10, 10, 14, 25}, "A", {10, 9}, true, "rw9b6wr"},
-        {"line spacing is not cleaned", 3, 5, 2, {10, 10, 14, 23}, "A\nA", {10, 9}, true, "rb6r2b6r"},
-        {"a full line in the centre", 4, 4, 0, {10, 10, 21, 21}, "AA\nA", {9, 10}, false, "rw2b8w2r"},
-        {"a short one below it", 4, 4, 0, {10, 10, 21, 21}, "AA\nA", {9, 16}, false, "rw4b4w4r"}};
-    for (const Case& one : cases) {
-        TextStyle style = bootFilled(shapeOf(FontKind::Ascii, 1, one.width), one.width, one.anchor);
-        style.lineSpacing = one.lineSpacing;
-        DrawTextFrame(style, {}, one.box, bytes(one.text));
-        const std::string expected = runs(one.expected);
-        const int length = static_cast<int>(expected.size()) - 1;
-        EXPECT_EQ(one.down ? column(one.from.x(), one.from.y(), one.from.y() + length)
-                           : row(one.from.y(), one.from.x(), one.from.x() + length),
-                  expected)
-            << one.what;
-    }
-}
-
-TEST_F(Text, ProportionalLinesMayBeTwoPixelsTooWide) {
-    TextStyle style = bootFilled(shapeOf(FontKind::Proportional, 1, 5), 5);
-    const std::vector<std::uint8_t> two = {0x4E, 0x00, 0x4E, 0x01};
-    const auto lineWidth = [&](int width) {
-        return DrawTextFrame(style, {}, {0, 0, width - 1, 5}, two, TextMode::Measure);
-    };
-    EXPECT_EQ(lineWidth(8), 10);
-    EXPECT_EQ(lineWidth(7), 5);
-    DrawTextWork(style, {0, 0, 9, 6}, two);
-    EXPECT_EQ(LastTextWidth, 5) << "not on the work surface";
-}
-
-TEST_F(Text, MaskedWidthsDifferByEntry) {
-    TextStyle style = bootFilled(shapeOf(FontKind::Ascii, 1, 8), 8);
-    style.charSpacing = 1;
-    DrawTextFrame(style, {}, {0, 0, 71, 9}, bytes("12345"), TextMode::Masked);
-    EXPECT_EQ(LastTextWidth, 55);
-    DrawTextList(style, {}, {0, 0, 71, 9}, bytes("12345"), TextMode::Masked);
-    EXPECT_EQ(LastTextWidth, 45);
-    DrawTextWork(style, {0, 0, 71, 9}, bytes("12345"), true);
-    EXPECT_EQ(LastTextWidth, 45);
-}
-
 TEST_F(Text, AnUnknownDepthLeavesCellsEmptyOnTheFrameAndCountsAsOneBitInGroups) {
-    TextStyle style = bootFilled(shapeOf(FontKind::Ascii, 1, 8), 8);
+    const TextStyle style = bootFilled(shapeOf(FontKind::Ascii, 1, 8), 8);
     FlashImage.data[style.font.address + 8] = 3;
-    DrawTextFrame(style, {}, {10, 10, 30, 15}, bytes("A"));
-    EXPECT_EQ(row(12, 9, 20), "rwwwwwwwwwww");
-    DrawTextWork({.font = style.font, .anchor = 9, .colour = 0x0000FF}, {10, 10, 30, 30}, bytes("A"));
-    EXPECT_EQ(work(17, 12), qRgb(0, 0, 255));
+    FrameSurface.fill(Qt::red);
+    const std::uint8_t text[] = {'A'};
+    DrawTextFrame(style, {}, {10, 10, 30, 15}, text);
+    for (int x = 10; x <= 30; ++x) EXPECT_EQ(FrameSurface.pixelColor(x, 12), QColor(Qt::white)) << x;
+    DrawTextWork({.font = style.font, .anchor = 9, .colour = 0x0000FF}, {10, 10, 30, 30}, text);
+    EXPECT_EQ(WorkSurface.pixelColor(17, 12), QColor(Qt::blue));
 }
 
 TEST_F(Text, TextsWithoutWidthOrHeightEnd) {
@@ -414,33 +299,26 @@ void scribbleFont(std::uint32_t address, std::mt19937& random) {
 }
 
 TEST_F(Text, HostileFontsAndTextsDoNoHarm) {
-    imagekit::ImageBuilder builder({.Width = 72, .Height = 60, .ColourMode = 1});
-    builder.addPage(imagekit::Pixels{noise(false), imagekit::format::RGB565});
-    ASSERT_EQ(boot(builder), StartResult::Running);
-    ListSurfaceA = ListSurfaceB = noise(true);
+    bootWithFont(shapeOf(FontKind::Ascii, 1));
     for (int round = 0; round < 3000; ++round) {
         auto address = static_cast<std::uint32_t>(random(0, FlashImage.size + 50));
         if (random(0, 20) == 0) address = 0xFFFFFFFF - byte(0, 200);
         scribbleFont(address, random_);
-        TextStyle style{.font = FontAt(address),
-                        .anchor = byte(0, 14),
-                        .opaque = random(0, 1) == 1,
-                        .charSpacing = byte(0, 2),
-                        .lineSpacing = byte(0, 2)};
-        if (random(0, 2) == 0) style.font.encoding = static_cast<Encoding>(random(0, 10));
-        if (random(0, 1) == 0) style.font.height = byte(0, 9);
+        PlainText made = randomPlain();
+        made.style.font = FontAt(address);
+        made.style.anchor = byte(0, 14);
+        if (random(0, 2) == 0) made.style.font.encoding = static_cast<Encoding>(random(0, 10));
+        if (random(0, 1) == 0) made.style.font.height = byte(0, 9);
         Rotation = byte(0, 5);
+        made.background.image.Address = address;
+        made.background.image.Width = byte(0, 255);
+        made.background.image.Format = byte(0, 17);
         std::vector<std::uint8_t> text(static_cast<std::size_t>(random(0, 60)));
         for (auto& b : text) b = byte(random(0, 3) == 0 ? 0 : 0x20, 255);
-        TextBackground background{.source = static_cast<BackSource>(random(0, 2)), .image = {}};
-        background.image.Address = address;
-        background.image.Width = byte(0, 255);
-        background.image.Format = byte(0, 17);
         const TextBox box{random(-90, 90), random(-90, 90), random(-90, 0xFFFF), random(-90, 200)};
-        const auto mode = static_cast<TextMode>(random(0, 2));
-        DrawTextFrame(style, background, box, text, mode);
-        DrawTextList(style, background, box, text, mode);
-        DrawTextWork(style, {box.x1, box.y1, box.x2, box.y2}, text, mode == TextMode::Masked);
+        DrawTextFrame(made.style, made.background, box, text, made.mode);
+        DrawTextList(made.style, made.background, box, text, made.mode);
+        DrawTextWork(made.style, {box.x1, box.y1, box.x2, box.y2}, text, made.mode == TextMode::Masked);
         ASSERT_EQ(FrameSurface.size(), Screen);
     }
 }

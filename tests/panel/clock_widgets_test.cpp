@@ -2,8 +2,6 @@
 
 #include "graphics/shapes.h"
 #include "imagekit/media_widgets.h"
-#include "pages/page_switch.h"
-#include "pages/refresh.h"
 #include "panel_test.h"
 #include "store/clock.h"
 #include "store/host_time.h"
@@ -39,8 +37,8 @@ QString textOf(int format, const QDateTime& time, int yearDigits) {
 /// Glyphs of all widths, and of all heights or one. The pixel (1, 1) lets half of what is behind through.
 QImage glyph(QChar character, bool even) {
     const int code = QString("0123456789:.-|abcdefg").indexOf(character);
-    QImage picture(code < 14 ? 3 + code % 4 : 8, even ? 6 : 5 + code % 3, QImage::Format_ARGB32);
-    picture.fill(qRgb(90 + 5 * code, 40, 0));
+    QImage picture =
+        Filled(code < 14 ? 3 + code % 4 : 8, even ? 6 : 5 + code % 3, qRgb(90 + 5 * code, 40, 0)).Image;
     picture.setPixel(1, 1, qRgba(0, 0, 0, 128));
     return picture;
 }
@@ -61,10 +59,7 @@ void lay(QImage& target, const QString& text, QPoint at, int gap, bool even, int
 }
 
 QImage pattern(int width, int height) {
-    QImage picture(width, height, QImage::Format_ARGB32_Premultiplied);
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) picture.setPixel(x, y, qRgb(0, x, y));
-    return picture;
+    return Pattern(width, height).convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
 enum class Place { Page, Popup, List };
@@ -95,10 +90,7 @@ protected:
     QPoint show(Place place) {
         boot(image);
         ListSurfaceA = ListSurfaceB = PageBackground;
-        PopupActive = place == Place::Popup;
-        PopupOriginX = 7;
-        PopupOriginY = 5;
-        if (PopupActive) OpenPopup(1, 7, 5);
+        if (place == Place::Popup) openPopup(1, 7, 5);
         for (const auto& [address, bytes] : blocks) StoreBytes(std::size_t{2} * address, bytes);
         FrameSurface = PageBackground;
         return PopupActive ? QPoint(7, 5) : QPoint();
@@ -213,17 +205,13 @@ TEST_F(Clocks, InAGroupGoByTheFirstPictureOfEachText) {
 }
 
 TEST_F(Clocks, BeyondTheTablesAreRefusedAndNoneDrawsIntoAnOpenEntry) {
-    imagekit::Bytes stream;
-    const auto append = [&stream](const imagekit::DisplayRecord& record) {
-        const auto bytes = imagekit::EncodeRecord(record, "");
-        stream.insert(stream.end(), bytes.begin(), bytes.end());
-    };
+    std::vector<imagekit::DisplayRecord> records;
     for (const PngClock& each : {clock(20, 30, 4), clock(20, 50, 7), clock(20, 65, 0), clock(0, 0, 12),
                                  clock(0, 0, 4, 0xFFFC), clock(0, 0, 255), clock(0, 0, 4)})
-        append(Encode(each)); // the seventh would show something
+        records.push_back(Encode(each)); // the seventh would show something
     for (const std::uint16_t x : {20, 60, 100})
-        append(Encode(AnalogClock{.X = x, .Y = 90, .Face = Digit0 + 14}));
-    image.page(0).setRawStream(imagekit::Stream::Display, stream);
+        records.push_back(Encode(AnalogClock{.X = x, .Y = 90, .Face = Digit0 + 14}));
+    image.page(0).setRawStream(imagekit::Stream::Display, RawStream(records));
     boot(image);
     for (const QPoint refused : {QPoint(0, 0), QPoint(100, 90)})
         EXPECT_EQ(FrameSurface.pixel(refused), PageBackground.pixel(refused));

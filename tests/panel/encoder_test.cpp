@@ -1,9 +1,6 @@
 #include "widgets/touch/encoder.h"
 
 #include "imagekit/encoder_widgets.h"
-#include "imagekit/icon_widgets.h"
-#include "imagekit/touch_keys.h"
-#include "pages/page_switch.h"
 #include "store/backlight.h"
 #include "touch_fixture.h"
 
@@ -23,11 +20,7 @@ protected:
             cycles(1);
         }
     }
-    static int value(std::uint8_t type = 0x81) {
-        if (type == 0x80) return static_cast<std::int8_t>(ReadLowByte(Value));
-        if (type != 0x82) return static_cast<std::int16_t>(ReadWord(Value));
-        return static_cast<std::int32_t>(std::uint32_t{ReadWord(Value)} << 16 | ReadWord(Value + 1));
-    }
+    static std::int64_t value(DataType type = DataType::S16) { return number(Value, type); }
     static bool eventWaits() { return EncoderEvent != NoEncoderEvent; }
 };
 
@@ -66,57 +59,50 @@ TEST_F(EncoderTest, AMenuMovesItsSelectorAroundAndServesTheCurrentEntry) {
     EXPECT_EQ(EncoderState, 0);
 }
 
-struct TypeCase {
-    DataType type;
-    int start, step;
-    bool wrap;
-    std::string pressed;
-    int expected;
-};
-
 TEST_F(EncoderTest, VariablesOfAllTypesStopOrWrapAtTheirLimits) {
-    const TypeCase cases[] = {
-        {DataType::S8, -3, 4, false, ">>>", 9},
-        {DataType::S8, -3, 4, false, "<<<", -10},
-        {DataType::S16, 8, 5, true, ">", -10},
-        {DataType::S16, -8, 5, true, "<<", 5},
-        {DataType::S32, -9, 5, false, "<", -10},
-        {DataType::S32, 0x10003, 1, false, ">", 4}, // of which the knob sees the low word
-        {static_cast<DataType>(0x01), 3, 1, false, ">", 3}};
-    for (const TypeCase& c : cases)
-        addPage().add(EncoderEntry{.Value = EncoderValue{.Address = Value,
-                                                         .Type = c.type,
-                                                         .Highest = 10,
-                                                         .Lowest = -10,
-                                                         .Step = static_cast<std::uint16_t>(c.step),
-                                                         .Wrap = c.wrap}});
-    for (const bool up : {true, false})
-        addPage().add(EncoderMenu{.SelectorAddress = Selector,
-                                  .Entries = {EncoderStep{.Address = Value,
-                                                          .Type = DataType::S32,
-                                                          .Highest = 0x20000,
-                                                          .Lowest = -0x20000,
-                                                          .Step = 0x9000,
-                                                          .Up = up,
-                                                          .Wrap = true}}});
-    start();
-    for (std::size_t i = 0; i < std::size(cases); ++i) {
-        const TypeCase& c = cases[i];
-        const auto type = static_cast<std::uint8_t>(c.type);
-        ShowPage(static_cast<std::uint16_t>(i));
-        StoreNumber(Value, static_cast<std::uint64_t>(c.start), type == 0x82 ? 4 : 2);
-        keys(c.pressed);
-        EXPECT_EQ(value(type), c.expected) << i;
+    const struct {
+        DataType type;
+        int start, step;
+        bool wrap;
+        std::string pressed;
+        int expected;
+    } cases[] = {{DataType::S8, -3, 4, false, ">>>", 9},
+                 {DataType::S8, -3, 4, false, "<<<", -10},
+                 {DataType::S16, 8, 5, true, ">", -10},
+                 {DataType::S16, -8, 5, true, "<<", 5},
+                 {DataType::S32, -9, 5, false, "<", -10},
+                 {DataType::S32, 0x10003, 1, false, ">", 4}, // of which the knob sees the low word
+                 {static_cast<DataType>(0x01), 3, 1, false, ">", 3}};
+    for (const auto& c : cases) {
+        EncoderValue turned{.Address = Value, .Type = c.type, .Highest = 10, .Lowest = -10, .Wrap = c.wrap};
+        turned.Step = static_cast<std::uint16_t>(c.step);
+        addPage().add(EncoderEntry{.Value = turned});
     }
-    ShowPage(std::size(cases));
-    StoreNumber(Value, 0x8000, 4);
+    EncoderStep step{.Address = Value, .Type = DataType::S32, .Highest = 0x20000, .Lowest = -0x20000};
+    step.Step = 0x9000;
+    step.Wrap = true;
+    for (const bool up : {true, false}) {
+        step.Up = up;
+        addPage().add(EncoderMenu{.SelectorAddress = Selector, .Entries = {step}});
+    }
+    start();
+    std::uint16_t page = 0;
+    for (const auto& c : cases) {
+        ShowPage(page++);
+        StoreNumeric(Value, static_cast<std::uint8_t>(c.type == DataType::S32 ? c.type : DataType::S16),
+                     c.start);
+        keys(c.pressed);
+        EXPECT_EQ(value(c.type), c.expected) << page;
+    }
+    ShowPage(page++);
+    StoreNumeric(Value, 0x82, 0x8000);
     keys("11");
-    EXPECT_EQ(value(0x82), 0x1A000);
+    EXPECT_EQ(value(DataType::S32), 0x1A000);
     keys("1");
-    EXPECT_EQ(value(0x82), -0x20000);
-    ShowPage(std::size(cases) + 1);
+    EXPECT_EQ(value(DataType::S32), -0x20000);
+    ShowPage(page);
     keys("1");
-    EXPECT_EQ(value(0x82), 0x20000);
+    EXPECT_EQ(value(DataType::S32), 0x20000);
 }
 
 TEST_F(EncoderTest, ASingleEntryTellsTheHostByItsFlags) {
@@ -158,17 +144,6 @@ TEST_F(EncoderTest, TheKnobTurnsPages) {
     EXPECT_TRUE(eventWaits()) << "a page without an encoder";
 }
 
-TEST_F(EncoderTest, AKeyOnADimmedPanelOnlyWakesIt) {
-    addPage().add(EncoderEntry{.Value = EncoderValue{.Address = Value}});
-    start();
-    StoreWord(word::AutoDimming, 1);
-    ScreenBright = 0;
-    keys(">");
-    EXPECT_EQ(value(), 0);
-    keys(">");
-    EXPECT_EQ(value(), 1);
-}
-
 TEST_F(EncoderTest, IconsOfTheSelectorStandOnTop) {
     const std::uint16_t picture = addPicture(Qt::green);
     auto& page = addPage();
@@ -201,22 +176,6 @@ TEST_F(EncoderTest, ALongMenuCountsItsEntriesAndAPopupEndsAdjusting) {
     EXPECT_EQ(CurrentPage, 0) << "the value was the page";
     OpenPopup(1, 0, 0);
     EXPECT_EQ(AdjustMode, 0);
-}
-
-TEST_F(EncoderTest, NonsenseIsReadWithinTheStream) {
-    for (const Bytes& body :
-         {Bytes{}, Bytes{0, 1, 2, 200}, Bytes{0, 1, 3, 1, 7}, Bytes(90, 0xFF), Bytes(200, 0)})
-        addPage().add(DisplayRecord{.Kind = 0x0E, .Block = body});
-    addPage().add(DisplayRecord{.Kind = 0x13, .Block = Bytes{0xFF, 0xFF}});
-    addPage().add(DisplayRecord{.Kind = 0x14, .Block = Bytes{}});
-    start();
-    for (std::uint16_t page = 0; page < 7; ++page)
-        for (const std::uint16_t selected : {0, 0xFF}) {
-            StoreWord(Selector, selected);
-            ShowPage(page);
-            keys("1>12<13>>>1<<<");
-            EXPECT_LE(EntryIndex, EntryCount);
-        }
 }
 
 } // namespace

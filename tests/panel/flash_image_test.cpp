@@ -3,7 +3,6 @@
 #include "host/config_block.h"
 #include "panel_test.h"
 #include "store/backlight.h"
-#include "store/system_words.h"
 
 namespace panel {
 namespace {

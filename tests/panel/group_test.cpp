@@ -1,13 +1,8 @@
 #include "widgets/display/group.h"
 
-#include "imagekit/icon_widgets.h"
-#include "imagekit/touch_controls.h"
-#include "imagekit/value_widgets.h"
 #include "touch_fixture.h"
 
 #include <QPainter>
-
-#include <random>
 
 namespace panel {
 namespace {

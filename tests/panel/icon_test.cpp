@@ -1,13 +1,8 @@
-#include "imagekit/icon_widgets.h"
-#include "pages/page_switch.h"
-#include "pages/refresh.h"
 #include "panel_test.h"
 #include "widgets/display/image_animation.h"
 #include "widgets/touch/encoder.h"
 
 #include <QPainter>
-
-#include <random>
 
 namespace panel {
 namespace {
@@ -21,19 +16,9 @@ constexpr std::uint16_t Red = 0, Green = 1, Blue = 2; // of the image table
 constexpr QRgb Colours[] = {0xFFFF0000, 0xFF00FF00, 0xFF0000FF}, Mark = 0xFFFF00FF, Gray = 0xFF808080;
 constexpr QSize Size(10, 8);
 
-QImage filled(QRgb colour) {
-    QImage image(Size, QImage::Format_ARGB32);
-    image.fill(colour);
-    return image;
-}
+QImage filled(QRgb colour) { return Filled(Size.width(), Size.height(), colour).Image; }
 
-/// A page on which no two pixels are the same.
-imagekit::Pixels pattern(int width, int height) {
-    QImage image(width, height, QImage::Format_ARGB32);
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) image.setPixel(x, y, qRgb(x * 2, y * 2, width));
-    return {.Image = image};
-}
+imagekit::Pixels pattern(int width, int height) { return {Pattern(width, height)}; }
 
 QImage with(QImage picture, QRect rect, QRgb colour) {
     QPainter(&picture).fillRect(rect, QColor(colour));
@@ -77,9 +62,8 @@ TEST_P(IconRange, ShowsThePictureOfAValueAndErasesOutside) {
     start();
     QRect place(QPoint(8, 6), Size);
     if (popup) {
-        place.translate(PopupOriginX = 20, PopupOriginY = 10);
-        PopupActive = 1;
-        OpenPopup(1, 20, 10);
+        place.translate(20, 10);
+        openPopup(1, 20, 10);
         page = PageBackground;
     }
     const auto members = [group = group, place](const QImage& under) {
@@ -176,21 +160,6 @@ TEST_F(Icons, StandOnAnAnimationThatShows) {
         RefreshPageWidgets(0);
         EXPECT_EQ(FrameSurface.pixel(13, 10), chip == 2 ? PageBackground.pixel(13, 10) : Mark);
     }
-}
-
-TEST_F(Icons, OfABitInAGroupCountAsChangedOnlyInline) {
-    const auto member = [](std::uint16_t block) { return BitIcon{block, false, Bits, 0, 0, 0, Red, Green}; };
-    for (const std::uint16_t x : {0, 20}) {
-        const auto group = static_cast<std::uint16_t>(Group + x);
-        image.page(0).add(BitIcon{None, false, Value, x, 0, 0, Blue, Blue, 0, group});
-        image.page(0).addToGroup(group, member(x ? Block : None));
-    }
-    image.setBytes(Block, Encode(member(Block)).Block);
-    start();
-    FrameSurface.fill(Mark);
-    shown(Bits, 1);
-    EXPECT_EQ(pixel(5, 4), Colours[Green]);
-    EXPECT_EQ(pixel(25, 4), Mark);
 }
 
 TEST_F(Icons, BeginBelowPicture10000) {

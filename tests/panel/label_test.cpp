@@ -1,11 +1,7 @@
 #include "widgets/display/label.h"
 
-#include "imagekit/value_widgets.h"
-#include "pages/page_switch.h"
-#include "pages/refresh.h"
 #include "panel_test.h"
 #include "readable_font.h"
-#include "store/system_words.h"
 
 namespace panel {
 namespace {
@@ -17,15 +13,12 @@ constexpr std::uint16_t Text = 0x0100, Control = 0x0140;
 constexpr QRgb Ink = 0xFFFF8800, StringInk = 0xFF00CC00, PageColour = 0xFF102030;
 const imagekit::PanelConfig Config{.Width = 64, .Height = 48, .ColourMode = 1, .ICType = 3, .LangueNum = 3};
 
-const Label Plain{.TextAddress = Text,
-                  .X1 = 8,
-                  .Y1 = 10,
-                  .X2 = 39,
-                  .Y2 = 15,
-                  .Colour = Ink & 0xFFFFFF,
-                  .BackColour = 0x334455,
-                  .TextLength = 4,
-                  .Anchor = 3};
+const Label Plain = [] {
+    Label label{.TextAddress = Text, .X1 = 8, .Y1 = 10, .X2 = 39, .Y2 = 15, .TextLength = 4, .Anchor = 3};
+    label.Colour = Ink & 0xFFFFFF;
+    label.BackColour = 0x334455;
+    return label;
+}();
 
 class Labels : public PanelTest {
 protected:
@@ -38,9 +31,11 @@ protected:
         image.page(0).add(label);
         boot(image);
     }
-    static void setText(std::string_view text) {
-        for (std::size_t i = 0; i < 12; ++i)
-            StoreByte(2 * Text + i, i < text.size() ? static_cast<std::uint8_t>(text[i]) : 0);
+    /// What a refresh shows of another text.
+    static std::string show(std::string_view text, int x = 8, int y = 10) {
+        setText(Text, text, 12);
+        RefreshPageWidgets(0);
+        return shown(Ink, x, y);
     }
     static std::string shown(QRgb ink = Ink, int x = 8, int y = 10) {
         return ReadText(FrameSurface, x, y, ink);
@@ -52,46 +47,44 @@ protected:
 TEST_F(Labels, ShowTheTextOfTheStoreUpToItsLength) {
     bootWith(Plain);
     EXPECT_EQ(shown(), "abcdefgh");
-    setText("xyz");
-    RefreshPageWidgets(0);
-    EXPECT_EQ(shown(), "xyz");
+    EXPECT_EQ(show("xyz"), "xyz");
     EXPECT_EQ(FrameSurface.pixel(8 + 12, 12), PageColour) << "the old text is gone";
 }
 
 TEST_F(Labels, CanBeOpaqueAndMasked) {
     Label label = Plain;
-    label.Opaque = true;
-    label.Masked = true;
+    label.Opaque = label.Masked = true;
     bootWith(label);
     EXPECT_EQ(shown(), "********");
-    setText("xyz");
-    RefreshPageWidgets(0);
-    EXPECT_EQ(shown(), "***");
+    EXPECT_EQ(show("xyz"), "***");
     EXPECT_EQ(FrameSurface.pixel(39, 15), 0xFF334455);
     EXPECT_EQ(FrameSurface.pixel(40, 15), PageColour);
 }
 
-struct AddressCase {
-    std::uint16_t address;
-    std::uint16_t string;
-    const char* text;
-};
-class LabelAddresses : public Labels, public ::testing::WithParamInterface<AddressCase> {};
-
-TEST_P(LabelAddresses, OutsideTheStoreShowNothingButAString) {
-    image.addString({.Text = "str", .Font = 0, .Colour = QColor::fromRgb(Ink)});
+TEST_F(Labels, OutsideTheStoreShowNothingButAString) {
+    const struct {
+        std::uint16_t address, string;
+        const char* text;
+    } cases[] = {{0x70FF, 0, ""},
+                 {0x70FF, 1, ""},
+                 {0xFFFF, 0, ""},
+                 {0xFFFF, 1, "str"},
+                 {0xFFFF, 2, ""},
+                 {Text, 2, "abcdefgh"},
+                 {Text + 0x8000, 0, "abcdefgh"}};
+    image.addString({.Text = "str", .Font = 0, .Colour = QColor(Ink)});
     Label label = Plain;
-    label.TextAddress = GetParam().address;
-    label.String = GetParam().string;
-    bootWith(label);
-    EXPECT_EQ(shown(), GetParam().text);
+    for (const auto& c : cases) {
+        label.TextAddress = c.address;
+        label.String = c.string;
+        image.addPage(PlainPage(Config, PageColour)).add(label);
+    }
+    boot(image);
+    for (std::uint16_t page = 1; const auto& c : cases) {
+        ShowPage(page++);
+        EXPECT_EQ(shown(), c.text) << page;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Addresses, LabelAddresses,
-                         ::testing::Values(AddressCase{0x70FF, 0, ""}, AddressCase{0x70FF, 1, ""},
-                                           AddressCase{0xFFFF, 0, ""}, AddressCase{0xFFFF, 1, "str"},
-                                           AddressCase{0xFFFF, 2, ""}, AddressCase{Text, 2, "abcdefgh"},
-                                           AddressCase{Text + 0x8000, 0, "abcdefgh"}));
 
 TEST_F(Labels, StringsChangeWithTheLanguage) {
     image.addString({.Text = "first", .Font = 0, .Colour = QColor::fromRgb(StringInk)});
@@ -109,56 +102,43 @@ TEST_F(Labels, StringsChangeWithTheLanguage) {
     }
 }
 
-/// A sequence of two frames of one colour each, in the size of a label.
-imagekit::Pixels frameOf(QRgb colour) {
-    QImage picture(40, 20, QImage::Format_ARGB32);
-    picture.fill(colour);
-    return {picture};
-}
+const imagekit::ImageAnimation Behind{.ControlAddress = Control, .X = 4, .Y = 4, .Width = 40, .Height = 20};
 
 TEST_F(Labels, OverAnAnimationShowItBehindThem) {
     constexpr QRgb Red = 0xFFFF0000, Blue = 0xFF0000FF;
-    image.addSequence({frameOf(Red), frameOf(Blue)});
-    image.page(0).add(
-        imagekit::ImageAnimation{.ControlAddress = Control, .X = 4, .Y = 4, .Width = 40, .Height = 20});
+    image.addSequence({Filled(40, 20, Red), Filled(40, 20, Blue)});
+    image.page(0).add(Behind);
     bootWith(Plain);
     EXPECT_EQ(shown(), "abcdefgh");
     EXPECT_EQ(FrameSurface.pixel(8 + 33, 12), Red);
-    setText("x");
-    RefreshPageWidgets(0);
-    EXPECT_EQ(shown(), "x");
+    EXPECT_EQ(show("x"), "x");
     EXPECT_EQ(FrameSurface.pixel(20, 12), Red) << "and not the page, nor the old text";
 
     StoreWord(Control, 1);
     run(20);
-    setText("yz");
-    RefreshPageWidgets(0);
-    EXPECT_EQ(shown(), "yz");
+    EXPECT_EQ(show("yz"), "yz");
     EXPECT_EQ(FrameSurface.pixel(20, 12), FrameSurface.pixel(5, 5)) << "the frame that is on show now";
 
     StoreWord(Control, 3);
     run(20);
-    setText("q");
-    RefreshPageWidgets(0);
-    EXPECT_EQ(shown(), "q");
+    EXPECT_EQ(show("q"), "q");
     EXPECT_EQ(FrameSurface.pixel(20, 12), PageColour);
 }
 
 TEST_F(Labels, InAGroupLieOverTheAnimationAndAreRepaintedWhenTheyChange) {
-    constexpr QRgb Red = 0xFFFF0000;
-    image.addSequence({frameOf(Red), frameOf(0xFF0000FF)});
-    image.page(0).add(imagekit::ImageAnimation{
-        .ControlAddress = Control, .X = 4, .Y = 4, .Width = 40, .Height = 20, .Group = 7});
+    image.addSequence({Filled(40, 20, Qt::red), Filled(40, 20, Qt::blue)});
+    imagekit::ImageAnimation host = Behind;
+    host.Group = 7;
+    image.page(0).add(host);
     Label other = Plain;
     other.TextAddress = 0x0120;
     image.page(0).addToGroup(7, Plain);
     image.page(0).addToGroup(8, other);
     boot(image);
     EXPECT_EQ(shown(Ink, 9, 11), "abcdefgh") << "a pixel inwards, as all members";
-    setText("x");
-    RefreshPageWidgets(0);
-    EXPECT_EQ(shown(Ink, 9, 11), "x");
-    EXPECT_EQ(FrameSurface.pixel(30, 13), Red) << "the frame on show, right after a start with IdleValue";
+    EXPECT_EQ(show("x", 9, 11), "x");
+    EXPECT_EQ(FrameSurface.pixel(30, 13), 0xFFFF0000)
+        << "the frame on show, right after a start with IdleValue";
 
     FrameSurface.fill(Qt::green);
     RefreshPageWidgets(0);
@@ -171,16 +151,9 @@ TEST_F(Labels, InAGroupLieOverTheAnimationAndAreRepaintedWhenTheyChange) {
     run(20);
     EXPECT_EQ(FrameSurface.pixel(30, 13), PageColour);
     EXPECT_EQ(shown(Ink, 9, 11), "x") << "the group stays on the background";
-}
-
-TEST_F(Labels, InAGroupOverAnAnimationThatStartsHiddenAreShown) {
-    image.addSequence({frameOf(0xFFFF0000)});
     image.setWord(Control, 3);
-    image.page(0).add(imagekit::ImageAnimation{
-        .ControlAddress = Control, .X = 4, .Y = 4, .Width = 40, .Height = 20, .Group = 7});
-    image.page(0).addToGroup(7, Plain);
     boot(image);
-    EXPECT_EQ(shown(Ink, 9, 11), "abcdefgh");
+    EXPECT_EQ(shown(Ink, 9, 11), "abcdefgh") << "also when the animation starts hidden";
     EXPECT_EQ(FrameSurface.pixel(42, 22), PageColour);
 }
 

@@ -1,6 +1,3 @@
-#include "imagekit/icon_widgets.h"
-#include "imagekit/touch_controls.h"
-#include "pages/page_switch.h"
 #include "touch_fixture.h"
 #include "widgets/touch/sliding_list.h"
 #include "widgets/touch/swipe_gesture.h"
@@ -19,12 +16,8 @@ protected:
     ListTest() { image = ImageBuilder(Large); }
 
     imagekit::Page& addLargePage() { return image.addPage(PlainPage(Large, Qt::gray)); }
-    /// A list of which every pixel tells its place.
     Pixels listPicture(int width, int height) {
-        picture = QImage(width, height, QImage::Format_RGB32);
-        for (int y = 0; y < height; ++y)
-            for (int x = 0; x < width; ++x) picture.setPixel(x, y, qRgb(2 * x, 2 * y, 99));
-        return {picture, format::PngOpaque};
+        return {picture = Pattern(width, height), format::PngOpaque};
     }
     /// The page 0 with a list of that size, whose picture is that of page 1.
     void listOf(imagekit::ListMode mode, int width, int height) {
@@ -161,29 +154,27 @@ TEST_F(ListTest, ASwipeWinsOverTheListItBeginsOn) {
 
 TEST_F(ListTest, ItsKeysMoveWithItAndADragTakesTheirPress) {
     listOf(imagekit::ListMode::Vertical, 30, 101);
-    const std::uint16_t normal = addPicture(Qt::green), pressed = addPicture(Qt::red);
-    image.page(0).add(PageKey{.Where = {4, 40, 13, 49},
-                              .InList = 1,
-                              .NormalImage = normal,
-                              .PressImage = pressed,
-                              .TargetPage = 2});
+    PageKey key{.Where = {4, 40, 13, 49}, .InList = 1, .NormalImage = addPicture(Qt::green)};
+    key.PressImage = addPicture(Qt::red);
+    key.TargetPage = 2;
+    image.page(0).add(key);
     addLargePage();
     start();
     const QRgb green = qRgb(0, 255, 0), red = qRgb(255, 0, 0);
     dragBy(40);
     endDrag();
-    const QPoint key = Window.topLeft() + QPoint(8, 2); // the list stands at 40
-    EXPECT_EQ(pixel(key.x(), key.y()), green);
-    press(key.x(), key.y());
-    EXPECT_EQ(pixel(key.x(), key.y()), red);
-    drag(key.x(), key.y() + 25); // a tap still
-    EXPECT_EQ(pixel(key.x(), key.y()), red);
-    drag(key.x(), 89);
-    ASSERT_EQ(ListDragging, key.y() + 25 < 89 ? 1 : 0);
-    EXPECT_EQ(pixel(key.x(), key.y()), green);
+    const int x = 68, y = 62; // of the key, now that the list stands at 40
+    EXPECT_EQ(pixel(x, y), green);
+    press(x, y);
+    EXPECT_EQ(pixel(x, y), red);
+    drag(x, y + 25); // a tap still
+    EXPECT_EQ(pixel(x, y), red);
+    drag(x, 89);
+    ASSERT_EQ(ListDragging, 1);
+    EXPECT_EQ(pixel(x, y), green);
     endDrag();
     EXPECT_EQ(CurrentPage, 0) << "the drag took the press";
-    press(key.x(), key.y());
+    press(x, y);
     endDrag();
     EXPECT_EQ(CurrentPage, 2);
 }
@@ -204,17 +195,9 @@ TEST_F(ListTest, ItsIconsAreRedrawnByTheRefresh) {
 }
 
 TEST_F(ListTest, TheBarGoesAlongAndShowsTheDrag) {
-    const auto bar = [this](QColor colour) {
-        QImage shape(3, 6, QImage::Format_ARGB32);
-        shape.fill(colour);
-        return image.addPicture(Pixels{shape, format::aRGB8888});
-    };
-    SlidingList list{.Window = WindowArea,
-                     .ListPage = 1,
-                     .BarAtRest = bar(Qt::white),
-                     .BarMoving = bar(Qt::magenta),
-                     .BarMargin = 2,
-                     .BarOffset = 4};
+    SlidingList list{.Window = WindowArea, .ListPage = 1, .BarMargin = 2, .BarOffset = 4};
+    list.BarAtRest = image.addPicture(Filled(3, 6, Qt::white, format::aRGB8888));
+    list.BarMoving = image.addPicture(Filled(3, 6, Qt::magenta, format::aRGB8888));
     addLargePage().add(list);
     image.addPage(listPicture(30, 70));
     list.Mode = imagekit::ListMode::Horizontal;
@@ -239,16 +222,14 @@ TEST_F(ListTest, TheBarGoesAlongAndShowsTheDrag) {
 
 TEST_F(ListTest, AListThatCannotBeIsNone) {
     const SlidingList good{.Window = WindowArea, .ListPage = 1, .Mode = imagekit::ListMode::EndlessVertical};
-    SlidingList missing = good, inverted = good, huge = good, unknown = good;
+    SlidingList missing = good, inverted = good;
     missing.ListPage = 77;
     inverted.Window = {89, 89, 60, 60};
-    huge.Window = {0, 0, 0xFFFF, 0xFFFF};
-    unknown.Mode = static_cast<imagekit::ListMode>(7);
     addLargePage().add(missing);
     image.addPage(listPicture(10, 8)); // smaller than its window
-    for (const SlidingList& list : {inverted, good, huge, unknown}) addLargePage().add(list);
+    for (const SlidingList& list : {inverted, good}) addLargePage().add(list);
     start();
-    for (const std::uint16_t page : {0, 2, 3, 4, 5}) {
+    for (const std::uint16_t page : {0, 2, 3}) {
         ShowPage(page);
         EXPECT_EQ(SlideListActive, page < 3 ? 0 : 1);
         press(75, 88);
@@ -257,45 +238,31 @@ TEST_F(ListTest, AListThatCannotBeIsNone) {
     }
 }
 
-class SwipeTest : public TouchTest {
-protected:
-    SwipeTest() {
+TEST_F(TouchTest, TheLongerAxisOfASwipeTellsItsDirection) {
+    const struct {
+        QSize panel;
+        QPoint from, to;
+        int page;
+        Payloads sent;
+    } cases[] = {{{64, 48}, {60, 5}, {10, 40}, 2, {{0x41, 0xFF, 0xFF, 2, 2}}},
+                 {{64, 48}, {5, 5}, {55, 40}, 3, {{0x41, 0xFF, 0xFF, 3, 3}}},
+                 {{64, 48}, {5, 5}, {54, 40}, 4, {}}, // too short: the key acts
+                 {{64, 120}, {5, 60}, {5, 10}, 1, {{0x41, 0xFF, 0xFF, 1, 1}}},
+                 {{64, 120}, {5, 60}, {5, 119}, 0, {}},                         // down leads nowhere
+                 {{64, 120}, {5, 60}, {63, 2}, 3, {{0x41, 0xFF, 0xFF, 3, 3}}}}; // a tie goes to the side
+    for (const auto& c : cases) {
+        image = ImageBuilder(
+            {static_cast<std::uint16_t>(c.panel.width()), static_cast<std::uint16_t>(c.panel.height())});
         auto& page = addPage();
         page.add(SwipeGesture{.Notify = true, .Up = {1, 0x0101}, .Left = {2, 0x0202}, .Right = {3, 0x0303}});
         page.add(PageKey{.Where = {0, 0, 63, 47}, .TargetPage = 4});
         for (int i = 0; i < 4; ++i) addPage();
-    }
-};
-
-TEST_F(SwipeTest, TheLongerAxisTellsTheDirection) {
-    const struct {
-        QPoint from, to;
-        int page;
-        Payloads sent;
-    } cases[] = {{{60, 5}, {10, 40}, 2, {{0x41, 0xFF, 0xFF, 2, 2}}},
-                 {{5, 5}, {55, 40}, 3, {{0x41, 0xFF, 0xFF, 3, 3}}},
-                 {{5, 5}, {54, 40}, 4, {}}}; // too short: the key acts
-    for (const auto& c : cases) {
         start();
         press(c.from.x(), c.from.y());
         drag(c.to.x(), c.to.y());
         letGo();
         EXPECT_EQ(CurrentPage, c.page);
         EXPECT_EQ(TakeSentFrames(), c.sent);
-    }
-}
-
-TEST_F(SwipeTest, VerticalSwipesAndTiesOnATallPanel) {
-    const PanelConfig tall{.Width = 64, .Height = 120, .ColourMode = 1};
-    image = ImageBuilder(tall);
-    image.addPage(PlainPage(tall, Qt::gray)).add(SwipeGesture{.Up = {1, 0}, .Left = {2, 0}, .Right = {3, 0}});
-    for (int i = 0; i < 3; ++i) image.addPage(PlainPage(tall, Qt::gray));
-    for (const auto& [to, page] : {std::pair{QPoint(5, 10), 1}, {QPoint(5, 119), 0}, {QPoint(63, 2), 3}}) {
-        start();
-        press(5, 60);
-        drag(to.x(), to.y());
-        letGo();
-        EXPECT_EQ(CurrentPage, page) << "down leads nowhere, and a tie goes to the side";
     }
 }
 

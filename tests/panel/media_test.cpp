@@ -3,7 +3,6 @@
 #include "host/image_file.h"
 #include "host/media_requests.h"
 #include "imagekit/media_widgets.h"
-#include "pages/page_switch.h"
 #include "panel_test.h"
 #include "widgets/display/media_files.h"
 
@@ -82,36 +81,25 @@ TEST_F(MediaTest, SoundsBeyondTheImageAreCutAndEmptyOnesStillAskedFor) {
     image.addSound({});
     image.addSound({1, 2, 3});
     image.addPage();
-    QByteArray bytes = image.build();
-    const auto table =
-        static_cast<int>(static_cast<std::uint8_t>(bytes[0x18]) | static_cast<std::uint8_t>(bytes[0x19]) << 8
-                         | static_cast<std::uint8_t>(bytes[0x1A]) << 16);
-    bytes.replace(table + 12, 4, "\xFF\xFF\xFF\xFF", 4); // a size that no image has
-    SetMediaDirectory(folder.path());
-    boot(bytes);
-    cycles(1);
-    media();
+    LoadFlash(image.build());
+    image.patch(ReadU32(0x18) + 12, {0xFF, 0xFF, 0xFF, 0xFF}); // a size that no image has
+    start(image);
     apply(word::Music, 1);
     EXPECT_EQ(cycle(), Lines{"sound"});
     EXPECT_FALSE(TakeReadySound().ready);
     apply(word::Music, 2);
     const ReadySound sound = TakeReadySound();
     EXPECT_TRUE(sound.ready);
-    EXPECT_LE(sound.samples.size(), bytes.size());
+    EXPECT_LE(sound.samples.size(), FlashImage.size);
     EXPECT_EQ(sound.samples.left(6), QByteArray("\1\0\2\0\3\0", 6));
 }
 
 TEST_F(MediaTest, TheFileMediaChipTakesNumberedFiles) {
     ImageBuilder image({.Width = 64, .Height = 48, .ColourMode = 1, .ICType = 5});
     image.addSound({1});
-    auto& page = image.addPage();
-    page.add(VideoPlayer{.Number = 12,
-                         .X1 = 3,
-                         .Y1 = 4,
-                         .X2 = 22,
-                         .Y2 = 13,
-                         .Mode = 3,
-                         .EndActions = {{{0x7000, 2}, {None, 0}, {0x100, 7}}}});
+    VideoPlayer player{.Number = 12, .X1 = 3, .Y1 = 4, .X2 = 22, .Y2 = 13, .Mode = 3};
+    player.EndActions = {{{0x7000, 2}, {None, 0}, {0x100, 7}}};
+    image.addPage().add(player);
     image.addPage();
     makeFile("Music/0002.wav");
     makeFile("Music/0012.x.0007.wav"); // of the base name only what stands before the first point counts
@@ -122,27 +110,20 @@ TEST_F(MediaTest, TheFileMediaChipTakesNumberedFiles) {
     EXPECT_EQ(sound.file, folder.filePath("Music/0002.wav"));
     EXPECT_TRUE(sound.repeat);
     EXPECT_TRUE(TakeReadySound().ready) << "a file stays ready";
-    for (const auto& [code, name] : {std::pair<std::uint16_t, const char*>{13, "Music/0012.x.0007.wav"},
-                                     {8, "Music"},
-                                     {0x8000, "Music"},
-                                     {1, "Music"}}) {
-        apply(word::Music, code);
+    for (const auto& [code, name] :
+         {std::pair{13, "Music/0012.x.0007.wav"}, {8, "Music"}, {0x8000, "Music"}, {1, "Music"}}) {
+        apply(word::Music, static_cast<std::uint16_t>(code));
         EXPECT_EQ(TakeReadySound().file, folder.filePath(name)) << code;
     }
     const ReadyVideo video = VideoToPlay();
     EXPECT_EQ(video.file, folder.filePath("Video/a0012b.avi"));
     EXPECT_EQ(video.rect, QRect(3, 4, 20, 10));
     EXPECT_EQ(VideoModeInForce, 3);
-    for (const auto& [address, value] : {std::pair<std::uint16_t, std::uint16_t>{0x7012, 12},
-                                         {0x7016, 13},
-                                         {0x7017, 3},
-                                         {0x7018, 0x7000},
-                                         {0x7019, 2},
-                                         {0x701A, 0xFFFF},
-                                         {0x701C, 0x100},
-                                         {0x701D, 7},
-                                         {0x7026, 0xFFFF}})
-        EXPECT_EQ(ReadWord(address), value) << address;
+    EXPECT_EQ(ReadWord(0x7012), 12);
+    std::vector<int> words; // size, mode and end actions
+    for (std::uint16_t address = 0x7016; address <= 0x701D; ++address) words.push_back(ReadWord(address));
+    EXPECT_EQ(words, (std::vector{13, 3, 0x7000, 2, 0xFFFF, 0, 0x100, 7}));
+    EXPECT_EQ(ReadWord(0x7026), 0xFFFF);
     ShowPage(0);
     EXPECT_EQ(cycle(), (Lines{"close video", "video", "stop music"}));
     EXPECT_EQ(cycle(), Lines{});

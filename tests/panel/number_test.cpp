@@ -1,9 +1,6 @@
 #include "widgets/display/number.h"
 
 #include "graphics/text.h"
-#include "imagekit/value_widgets.h"
-#include "pages/page_switch.h"
-#include "pages/refresh.h"
 #include "panel_test.h"
 #include "readable_font.h"
 #include "widgets/display/group.h"
@@ -24,10 +21,9 @@ const Number Plain{.ValueAddress = Value, .X = 20, .Y = 10, .Colour = Ink & 0xFF
 class Numbers : public PanelTest {
 protected:
     static ImageBuilder panelWith(const std::vector<Number>& numbers, std::uint8_t rotate = 0) {
-        const imagekit::PanelConfig config{.Width = 64, .Height = 48, .ColourMode = 1, .Rotate = rotate};
-        ImageBuilder image(config);
+        ImageBuilder image({.Width = 64, .Height = 48, .ColourMode = 1, .Rotate = rotate});
         image.addFont(ReadableFont());
-        auto& page = image.addPage(PlainPage(config, QColor::fromRgb(PageColour)));
+        auto& page = image.addPage(PlainPage(Small, PageColour));
         for (const Number& number : numbers) page.add(number);
         return image;
     }
@@ -39,74 +35,53 @@ protected:
     }
 };
 
-struct PlaceCase {
-    const char* name;
-    Alignment alignment;
-    std::uint16_t x;
-    int start;
-    const char* text;
-};
-class NumberPlaces : public Numbers, public ::testing::WithParamInterface<PlaceCase> {};
-
-TEST_P(NumberPlaces, BeginWhereTheirAlignmentTells) {
-    Number number = Plain;
-    number.Align = GetParam().alignment;
-    number.X = GetParam().x;
-    ImageBuilder image = panelWith({number});
-    image.setWord(Value, 123);
-    boot(image);
-    EXPECT_EQ(ReadText(FrameSurface, GetParam().start, 10, Ink), GetParam().text);
-    EXPECT_NE(FrameSurface.pixel(std::max(GetParam().start - 1, 0), 12), GetParam().start == 0 ? 0 : Ink);
-}
-
-INSTANTIATE_TEST_SUITE_P(Alignments, NumberPlaces,
-                         ::testing::Values(PlaceCase{"Left", Alignment::Left, 20, 20, "123"},
-                                           PlaceCase{"LeftClipped", Alignment::Left, 55, 55, "12"},
-                                           PlaceCase{"LeftOutside", Alignment::Left, 70, 63, ""},
-                                           PlaceCase{"Centre", Alignment::Centre, 20, 14, "123"},
-                                           PlaceCase{"CentreClipped", Alignment::Centre, 60, 55, "12"},
-                                           PlaceCase{"Right", Alignment::Right, 20, 8, "123"},
-                                           PlaceCase{"RightOutside", Alignment::Right, 4, 0, "3"},
-                                           PlaceCase{"Other", static_cast<Alignment>(3), 20, 0, "123"}),
-                         [](const auto& row) { return std::string(row.param.name); });
-
-TEST_F(Numbers, ShowTypeUnitPointAndSign) {
-    Number number = Plain;
-    number.Type = DataType::S16;
-    number.DecimalDigits = 1;
-    number.LeadingZeros = true;
-    number.Unit = "kg";
-    boot(panelWith({number}));
-    EXPECT_EQ(show(0xFFF6, 20), "-0001.0kg");
+TEST_F(Numbers, BeginWhereTheirAlignmentTells) {
+    const struct {
+        Alignment alignment;
+        std::uint16_t x;
+        int start;
+        const char* text;
+    } cases[] = {{Alignment::Left, 20, 20, "123"},  {Alignment::Left, 55, 55, "12"},
+                 {Alignment::Left, 70, 63, ""},     {Alignment::Centre, 20, 14, "123"},
+                 {Alignment::Centre, 60, 55, "12"}, {Alignment::Right, 20, 8, "123"},
+                 {Alignment::Right, 4, 0, "3"},     {static_cast<Alignment>(3), 20, 0, "123"}};
+    for (const auto& c : cases) {
+        Number number = Plain;
+        number.Align = c.alignment;
+        number.X = c.x;
+        ImageBuilder image = panelWith({number});
+        image.setWord(Value, 123);
+        boot(image);
+        EXPECT_EQ(ReadText(FrameSurface, c.start, 10, Ink), c.text) << c.x;
+        EXPECT_TRUE(c.start == 0 || FrameSurface.pixel(c.start - 1, 12) != Ink) << c.x;
+    }
 }
 
 TEST_F(Numbers, ThatShrinkClearTheirWidestText) {
-    boot(panelWith({Plain}));
+    Number second = Plain; // with a width memory of its own
+    second.Y = 30;
+    second.ValueAddress = 0x0120;
+    second.Type = DataType::S16;
+    second.DecimalDigits = 1;
+    second.LeadingZeros = true;
+    second.Unit = "kg";
+    boot(panelWith({Plain, second}));
     EXPECT_EQ(show(1000, 20), "1000");
+    StoreWord(0x0120, 0xFFF6);
     EXPECT_EQ(show(5, 20), "5");
     EXPECT_EQ(FrameSurface.copy(24, 10, 12, 6), PageBackground.copy(24, 10, 12, 6))
         << "no trace of the zeros";
+    EXPECT_EQ(ReadText(FrameSurface, 20, 30, Ink), "-0001.0kg");
+    EXPECT_EQ(NumberWidthMemory[0], 16);
+    StoreWord(0x0120, 7);
+    RefreshAfterTouch(0);
+    EXPECT_EQ(NumberWidthMemory[1], 36);
+    EXPECT_EQ(NumberWidthMemory[2], 0);
 
     ShowPage(0);
     FrameSurface.fill(Mark);
     EXPECT_EQ(show(6, 20), "6");
     EXPECT_EQ(FrameSurface.pixel(24, 12), Mark) << "a page change forgets the width";
-}
-
-TEST_F(Numbers, HaveAWidthMemoryEach) {
-    Number second = Plain;
-    second.Y = 30;
-    second.ValueAddress = 0x0120;
-    boot(panelWith({Plain, second}));
-    StoreWord(0x0120, 1234);
-    RefreshPageWidgets(0);
-    EXPECT_EQ(NumberWidthMemory[0], 4);
-    EXPECT_EQ(NumberWidthMemory[1], 16);
-    RefreshAfterTouch(0);
-    StoreWord(0x0120, 12345);
-    RefreshAfterTouch(0);
-    EXPECT_EQ(NumberWidthMemory[1], 16);
-    EXPECT_EQ(NumberWidthMemory[2], 0);
 }
 
 TEST_F(Numbers, AreInvisibleWhileTheirHideWordIsSet) {
@@ -140,79 +115,61 @@ TEST_F(Numbers, FollowThePopup) {
     moving.X = 3;
     moving.Y = 2;
     boot(panelWith({moving}));
-    PopupActive = 1;
-    PopupOriginX = 10;
-    PopupOriginY = 20;
-    OpenPopup(0, 10, 20);
+    openPopup(0, 10, 20);
     EXPECT_EQ(ReadText(FrameSurface, 13, 22, Ink), "0");
-}
-
-TEST_F(Numbers, MoreThanThePageHoldsDoNoHarm) {
-    ImageBuilder image = panelWith({});
-    imagekit::Bytes stream;
-    const imagekit::Bytes record = imagekit::EncodeRecord(Encode(Plain), "");
-    for (int i = 0; i < 60; ++i) stream.insert(stream.end(), record.begin(), record.end());
-    image.page(0).setRawStream(imagekit::Stream::Display, stream);
-    boot(image);
-    EXPECT_EQ(show(1, 20), "1");
 }
 
 // In groups.
 
-struct GroupPlaceCase {
-    std::uint8_t rotation;
-    Alignment alignment;
-    QPoint at;
-    QRect box; // on the panel, for a text of 3 characters
-};
-class NumbersInGroups : public Numbers, public ::testing::WithParamInterface<GroupPlaceCase> {};
+/// Draws the text where the table says and where the widget does. Turned by a quarter the measuring box is as
+/// wide as a line is high, and takes one character a line: 4 px.
+TEST_F(Numbers, InAGroupStandAsThePanelIsTurned) {
+    const struct {
+        std::uint8_t rotation;
+        Alignment alignment;
+        QPoint at;
+        QRect box; // on the panel, for a text of 3 characters
+    } cases[] = {{0, Alignment::Left, {20, 10}, {20, 10, 12, 6}},
+                 {0, Alignment::Left, {58, 10}, {58, 10, 6, 6}},
+                 {0, Alignment::Centre, {20, 10}, {14, 10, 12, 6}},
+                 {0, Alignment::Centre, {4, 10}, {0, 10, 12, 6}},
+                 {0, Alignment::Right, {20, 10}, {9, 10, 12, 6}},
+                 {0, Alignment::Right, {8, 10}, {0, 10, 8, 6}},
+                 {1, Alignment::Left, {20, 10}, {14, 10, 6, 4}},
+                 {1, Alignment::Centre, {20, 10}, {14, 9, 6, 4}},
+                 {1, Alignment::Right, {20, 10}, {14, 6, 6, 4}},
+                 {2, Alignment::Left, {20, 10}, {9, 5, 12, 6}},
+                 {2, Alignment::Left, {11, 10}, {0, 5, 12, 6}},
+                 {2, Alignment::Centre, {20, 10}, {15, 5, 12, 6}},
+                 {2, Alignment::Right, {20, 10}, {20, 5, 12, 6}},
+                 {3, Alignment::Left, {20, 10}, {20, 6, 6, 4}},
+                 {3, Alignment::Centre, {20, 10}, {20, 9, 6, 4}},
+                 {3, Alignment::Centre, {20, 0}, {20, 0, 6, 4}},
+                 {3, Alignment::Right, {20, 10}, {20, 10, 6, 4}},
+                 {0, static_cast<Alignment>(3), {20, 10}, {0, 0, 12, 6}}};
+    for (const auto& [rotation, alignment, at, box] : cases) {
+        SCOPED_TRACE(testing::Message() << int{rotation} << ' ' << int(alignment) << ' ' << at.x());
+        Number number = Plain;
+        number.Align = alignment;
+        number.X = static_cast<std::uint16_t>(at.x());
+        number.Y = static_cast<std::uint16_t>(at.y());
+        ImageBuilder image = panelWith({}, rotation);
+        image.page(0).addToGroup(7, number);
+        image.setWord(Value, 123);
+        boot(image);
+        WorkSurface.fill(PageColour);
+        DrawGroupInRect(0, 7, {2, 3, 40, 40});
+        const QImage drawn = WorkSurface;
 
-/// Draws the text where the table says and where the widget does.
-TEST_P(NumbersInGroups, StandAsThePanelIsTurned) {
-    const auto& [rotation, alignment, at, box] = GetParam();
-    Number number = Plain;
-    number.Align = alignment;
-    number.X = static_cast<std::uint16_t>(at.x());
-    number.Y = static_cast<std::uint16_t>(at.y());
-    ImageBuilder image = panelWith({}, rotation);
-    image.page(0).addToGroup(7, number);
-    image.setWord(Value, 123);
-    boot(image);
-    WorkSurface.fill(PageColour);
-    const QRect host(2, 3, 40, 40);
-    DrawGroupInRect(0, 7, host);
-    const QImage drawn = WorkSurface;
-
-    WorkSurface.fill(PageColour);
-    TextFont font = TableFont(0);
-    font.encoding = Encoding::Ascii;
-    constexpr std::uint8_t text[] = {'1', '2', '3'};
-    DrawTextWork({.font = font, .anchor = static_cast<std::uint8_t>(alignment), .colour = Plain.Colour},
-                 box.translated(1 - 2, 1 - 3), text);
-    EXPECT_EQ(drawn, WorkSurface);
+        WorkSurface.fill(PageColour);
+        TextFont font = TableFont(0);
+        font.encoding = Encoding::Ascii;
+        constexpr std::uint8_t text[] = {'1', '2', '3'};
+        DrawTextWork({.font = font, .anchor = static_cast<std::uint8_t>(alignment), .colour = Plain.Colour},
+                     box.translated(1 - 2, 1 - 3), text);
+        EXPECT_EQ(drawn, WorkSurface);
+    }
 }
-
-// Turned by a quarter the measuring box is as wide as a line is high, and takes one character a line: 4 px.
-INSTANTIATE_TEST_SUITE_P(Places, NumbersInGroups,
-                         ::testing::Values(GroupPlaceCase{0, Alignment::Left, {20, 10}, {20, 10, 12, 6}},
-                                           GroupPlaceCase{0, Alignment::Left, {58, 10}, {58, 10, 6, 6}},
-                                           GroupPlaceCase{0, Alignment::Centre, {20, 10}, {14, 10, 12, 6}},
-                                           GroupPlaceCase{0, Alignment::Centre, {4, 10}, {0, 10, 12, 6}},
-                                           GroupPlaceCase{0, Alignment::Right, {20, 10}, {9, 10, 12, 6}},
-                                           GroupPlaceCase{0, Alignment::Right, {8, 10}, {0, 10, 8, 6}},
-                                           GroupPlaceCase{
-                                               0, static_cast<Alignment>(3), {20, 10}, {0, 0, 12, 6}},
-                                           GroupPlaceCase{1, Alignment::Left, {20, 10}, {14, 10, 6, 4}},
-                                           GroupPlaceCase{1, Alignment::Centre, {20, 10}, {14, 9, 6, 4}},
-                                           GroupPlaceCase{1, Alignment::Right, {20, 10}, {14, 6, 6, 4}},
-                                           GroupPlaceCase{2, Alignment::Left, {20, 10}, {9, 5, 12, 6}},
-                                           GroupPlaceCase{2, Alignment::Left, {11, 10}, {0, 5, 12, 6}},
-                                           GroupPlaceCase{2, Alignment::Centre, {20, 10}, {15, 5, 12, 6}},
-                                           GroupPlaceCase{2, Alignment::Right, {20, 10}, {20, 5, 12, 6}},
-                                           GroupPlaceCase{3, Alignment::Left, {20, 10}, {20, 6, 6, 4}},
-                                           GroupPlaceCase{3, Alignment::Centre, {20, 10}, {20, 9, 6, 4}},
-                                           GroupPlaceCase{3, Alignment::Centre, {20, 0}, {20, 0, 6, 4}},
-                                           GroupPlaceCase{3, Alignment::Right, {20, 10}, {20, 10, 6, 4}}));
 
 TEST_F(Numbers, InAGroupKeepTheirOwnRules) {
     Number wide = Plain;

@@ -21,20 +21,10 @@ const QColor Red(200, 0, 0), Green(0, 200, 0);
 class PageSwitch : public PanelTest {
 protected:
     PageSwitch() {
-        QImage popup(20, 10, QImage::Format_ARGB32);
-        popup.fill(QColor(0, 0, 200, 128));
-        image.addPage(imagekit::Pixels{popup, format::aRGB8888});
+        image.addPage(Filled(20, 10, QColor(0, 0, 200, 128), format::aRGB8888));
         image.addPage();
     }
 
-    /// Opens a pop-up as its key does.
-    static void openPopup(std::uint16_t page, std::uint16_t x, std::uint16_t y) {
-        PopupActive = 1;
-        PopupPage = page;
-        PopupOriginX = x;
-        PopupOriginY = y;
-        OpenPopup(page, x, y);
-    }
     static QRgb frameAt(int x, int y) { return FrameSurface.pixel(x, y); }
 
     ImageBuilder image =
@@ -44,7 +34,12 @@ protected:
 TEST_F(PageSwitch, ShowsThePictureAndKeepsACleanCopy) {
     boot(image);
     EXPECT_EQ(frameAt(0, 0), Red.rgb());
+    PressPointer({5, 5});
+    TouchBusy = PopupActive = 1;
+    EncoderState = 2;
     ShowPage(1);
+    EXPECT_EQ(TouchPressed + TouchStartLatched + TouchBusy + PopupActive + EncoderState, 0)
+        << "all forgotten";
     EXPECT_EQ(CurrentPage, 1);
     EXPECT_EQ(ReadWord(word::Page), 1);
     EXPECT_EQ(frameAt(63, 47), Green.rgb());
@@ -66,16 +61,6 @@ TEST_F(PageSwitch, RefusesPagesThatDoNotExist) {
         EXPECT_EQ(ReadWord(word::Page), page) << "a request stays as it was written";
         StoreWord(word::Page, 0);
     }
-}
-
-TEST_F(PageSwitch, ForgetsPressPopupAndEncoder) {
-    boot(image);
-    PressPointer({5, 5});
-    TouchBusy = 1;
-    PopupActive = 1;
-    EncoderState = 2;
-    ShowPage(1);
-    EXPECT_EQ(TouchPressed + TouchStartLatched + TouchBusy + PopupActive + EncoderState, 0);
 }
 
 TEST_F(PageSwitch, StopsMediaOnAPageButNotForAPopup) {
@@ -152,17 +137,13 @@ TEST_F(PageSwitch, AStartPageIsShownIfItExists) {
     cycles(2);
 }
 
-class Presets : public PageSwitch {
-protected:
-    void bootWith(const PagePreset& preset) {
-        image.page(0).add(preset);
-        boot(image);
-    }
-};
+class Presets : public PageSwitch {};
 
 TEST_F(Presets, ChangeThePageAsTheirLastActAndBelongToTheirPage) {
     image.page(1).add(PagePreset{5, {{0x0100, 8}}});
-    bootWith({5, {{word::Language, 1}, {word::Page, 1}, {word::Volume, 3}, {0x0100, 7}, {0xFFFF, 9}}});
+    image.page(0).add(
+        PagePreset{5, {{word::Language, 1}, {word::Page, 1}, {word::Volume, 3}, {0x0100, 7}, {0xFFFF, 9}}});
+    boot(image);
     apply(word::PagePreset, 5);
     EXPECT_EQ(Language, 1);
     EXPECT_EQ(CurrentPage, 1);
@@ -179,7 +160,8 @@ TEST_F(Presets, ChangeThePageAsTheirLastActAndBelongToTheirPage) {
 TEST_F(Presets, ThatApplyThemselvesComeToAnEnd) {
     PagePreset loop{5, std::vector<imagekit::PresetItem>(60, {word::PagePreset, 5})};
     loop.Items.push_back({0x0100, 7});
-    bootWith(loop);
+    image.page(0).add(loop);
+    boot(image);
     for (int round = 0; round < 2; ++round) {
         StoreWord(0x0100, 0);
         apply(word::PagePreset, 5);
@@ -188,12 +170,9 @@ TEST_F(Presets, ThatApplyThemselvesComeToAnEnd) {
 }
 
 TEST_F(Presets, BeyondTheBufferAreNotFound) {
-    imagekit::Bytes stream;
-    for (std::uint8_t id = 0; id < 200; ++id) {
-        const imagekit::Bytes record{id, 0, 4, 0x00, 0x01, id, 0};
-        stream.insert(stream.end(), record.begin(), record.end());
-    }
-    image.page(0).setRawStream(imagekit::Stream::Presets, stream);
+    imagekit::ByteWriter stream;
+    for (std::uint8_t id = 0; id < 200; ++id) stream.bytes(imagekit::Bytes{id, 0, 4, 0x00, 0x01, id, 0});
+    image.page(0).setRawStream(imagekit::Stream::Presets, stream.data());
     boot(image);
     apply(word::PagePreset, 145);
     apply(word::PagePreset, 150);

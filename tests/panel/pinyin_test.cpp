@@ -1,7 +1,6 @@
 #include "widgets/touch/pinyin_entry.h"
 
 #include "imagekit/entry_widgets.h"
-#include "pages/page_switch.h"
 #include "touch_fixture.h"
 
 namespace panel {
@@ -16,36 +15,26 @@ constexpr QPoint At(10, 6);
 /// '!' enters, '~' clears.
 const std::string Keys = "abghnoz1<#@+-!~";
 
-class PinyinTest : public PanelTest {
+class PinyinTest : public TouchTest {
 protected:
-    PinyinTest() : image({.Width = 220, .Height = 90, .ColourMode = 1}) {
+    PinyinTest() {
+        image = ImageBuilder({.Width = 220, .Height = 90, .ColourMode = 1});
         const auto ascii = image.addFont(SyntheticFont({.Kind = FontKind::Gbk, .Width = 8, .Height = 8}));
         image.setPinyin({{"a", "啊阿"}, {"ang", "昂"}, {"hao", "好号毫豪耗浩郝皓昊"}, {"ni", "你泥尼"}});
         auto& page = image.addPage(PlainPage(image.config(), Qt::gray));
-        QImage picture(200, 80, QImage::Format_ARGB32);
-        picture.fill(Qt::blue);
-        auto& keyboard = image.addPage(Pixels{picture});
-        picture.fill(Qt::red);
-        image.addPage(Pixels{picture});
-        page.add(PinyinEntry{.Where = {0, 0, 9, 9},
-                             .Notify = true,
-                             .Address = Value,
-                             .Capacity = 3,
-                             .Prefilled = true,
-                             .Font = ascii,
-                             .GlyphWidth = 8,
-                             .GlyphHeight = 8,
-                             .PinyinFont = ascii,
-                             .PinyinGlyphWidth = 8,
-                             .PinyinGlyphHeight = 8,
-                             .TextColour = 0x00FF00,
-                             .PinyinColour = 0x00FF00,
-                             .Keyboard = {.Page = 1, .X = 10, .Y = 6, .TextX = 2, .TextY = 2},
-                             .LettersX = 2,
-                             .LettersY = 14,
-                             .CandidatesX = 2,
-                             .CandidatesY = 26,
-                             .Gap = 4});
+        auto& keyboard = image.addPage(Filled(200, 80, Qt::blue));
+        image.addPage(Filled(200, 80, Qt::red));
+        PinyinEntry entry{.Where = {0, 0, 9, 9}, .Notify = true, .Address = Value, .Capacity = 3};
+        entry.Prefilled = true;
+        entry.Font = entry.PinyinFont = ascii;
+        entry.GlyphWidth = entry.GlyphHeight = entry.PinyinGlyphWidth = entry.PinyinGlyphHeight = 8;
+        entry.TextColour = entry.PinyinColour = 0x00FF00;
+        entry.Keyboard = {.Page = 1, .X = 10, .Y = 6, .TextX = 2, .TextY = 2};
+        entry.LettersX = entry.CandidatesX = 2;
+        entry.LettersY = 14;
+        entry.CandidatesY = 26;
+        entry.Gap = 4;
+        page.add(entry);
         for (const char key : Keys) {
             const QRect place = keyPlace(key).translated(-At);
             keyboard.add(KeyboardKey{.Where = {std::uint16_t(place.left()), std::uint16_t(place.top()),
@@ -70,17 +59,11 @@ protected:
         default: return CharacterKey(key, key == 'a' ? 'A' : key);
         }
     }
-    void tap(QPoint at) {
-        PressPointer(at);
-        cycles(1);
-        ReleasePointer();
-        cycles(1);
-    }
     void type(const std::string& keys) {
-        for (const char key : keys) tap(keyPlace(key).center());
+        for (const char key : keys) tap(keyPlace(key).center().x(), keyPlace(key).center().y());
     }
-    void pick(int cell) { tap(At + QPoint(2 + 12 * cell + 5, 26 + 4)); }
-    void open() { tap({5, 5}); }
+    void pick(int cell) { tap(At.x() + 2 + 12 * cell + 5, At.y() + 26 + 4); }
+    void open() { tap(5, 5); }
     static std::string letters() { return {Letters.begin(), Letters.begin() + LetterCount}; }
     static QByteArray typed() { return {reinterpret_cast<const char*>(EntryBuffer.data()), EntryLength}; }
     static QByteArray gbk(const QString& text) {
@@ -89,14 +72,10 @@ protected:
     }
     /// The strip of candidates as it is on the screen.
     QImage strip() const { return outputs.frame.copy(QRect(At + QPoint(2, 26), QSize(96, 8))); }
-
-    ImageBuilder image;
 };
 
 TEST_F(PinyinTest, LettersBringCandidatesToPick) {
-    boot(image);
-    cycles(1);
-    TakeSentFrames();
+    start();
     open();
     ASSERT_EQ(PinyinOpen, 1);
     const QImage empty = strip();
@@ -147,8 +126,7 @@ TEST_F(PinyinTest, LettersBringCandidatesToPick) {
 }
 
 TEST_F(PinyinTest, TogglesStayDownAndTypePlainly) {
-    boot(image);
-    cycles(1);
+    start();
     open();
     const QPoint shift = keyPlace('#').center(), language = keyPlace('@').center();
     type("#a");
@@ -165,8 +143,7 @@ TEST_F(PinyinTest, TogglesStayDownAndTypePlainly) {
 
 TEST_F(PinyinTest, SevenLettersAndLettersBehindTheIndexChangeNothing) {
     image.setPinyin({{"aaaaaa", "啊"}, {"b", "不"}});
-    boot(image);
-    cycles(1);
+    start();
     open();
     type("aaaaaaa");
     EXPECT_EQ(letters(), "aaaaaa");

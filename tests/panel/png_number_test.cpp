@@ -1,15 +1,11 @@
 #include "widgets/display/png_number.h"
 
 #include "host/config_block.h"
-#include "imagekit/value_widgets.h"
-#include "pages/page_switch.h"
-#include "pages/refresh.h"
 #include "panel_test.h"
 #include "widgets/display/group.h"
 #include "widgets/display/image_animation.h"
 
 #include <cmath>
-#include <random>
 
 namespace panel {
 namespace {
@@ -27,8 +23,7 @@ constexpr QRgb Mark = 0xFFFF00FF;
 /// Digit pictures that differ in width, and some in height. The pixel (1, 1) is transparent.
 QSize sizeOf(int code) { return {3 + code % 4, code == 8 ? 9 : code == 4 ? 4 : 6}; }
 QImage pictureOf(int code) {
-    QImage picture(sizeOf(code), QImage::Format_ARGB32);
-    picture.fill(qRgb(100 + code, 0, 0));
+    QImage picture = Filled(sizeOf(code).width(), sizeOf(code).height(), qRgb(100 + code, 0, 0)).Image;
     picture.setPixel(1, 1, 0);
     return picture;
 }
@@ -96,13 +91,7 @@ protected:
                 builder.addPicture(imagekit::Pixels{pictureOf(code), format::aRGB8888});
         }
     }
-    /// A background on which no two pixels are the same.
-    static imagekit::Pixels pattern(int width, int height) {
-        QImage picture(width, height, QImage::Format_ARGB32);
-        for (int y = 0; y < height; ++y)
-            for (int x = 0; x < width; ++x) picture.setPixel(x, y, qRgb(0, x * 3, y * 4));
-        return {picture};
-    }
+    static imagekit::Pixels pattern(int width, int height) { return {Pattern(width, height)}; }
 
     imagekit::ImageBuilder image{Small};
 };
@@ -133,12 +122,7 @@ TEST_P(PngNumberModel, HoldsThroughAllRefreshes) {
     boot(image);
     if (place == Place::List)
         ListSurfaceA = ListSurfaceB = pattern(70, 60).Image.convertToFormat(FrameSurface.format());
-    if (place == Place::Popup) {
-        PopupActive = 1;
-        PopupOriginX = 7;
-        PopupOriginY = 5;
-        OpenPopup(1, 7, 5);
-    }
+    if (place == Place::Popup) openPopup(1, 7, 5);
     const QPoint shift = place == Place::Popup ? QPoint(7, 5) : QPoint();
     const QImage& behind = place == Place::List ? ListSurfaceB : PageBackground;
     const QImage& target = place == Place::List ? ListSurfaceA : FrameSurface;
@@ -185,9 +169,8 @@ TEST_F(PngNumbers, WiderThanThePanelLeaveNoHoleInIt) {
     image.addPage(pattern(64, 48));
     for (const std::uint8_t digits : {19, 24, 90, 255})
         for (const auto alignment : {Alignment::Left, Alignment::Centre, Alignment::Right}) {
-            PngNumber wide{
-                .ValueAddress = Value, .X = 30, .Y = 44, .FirstImage = Digits, .LeadingZeros = true};
-            wide.Align = alignment;
+            PngNumber wide{.ValueAddress = Value, .X = 30, .Y = 44, .FirstImage = Digits, .Align = alignment};
+            wide.LeadingZeros = true;
             wide.IntegerDigits = wide.DecimalDigits = digits;
             wide.Type = DataType::S64;
             image.page(0).add(wide);
@@ -201,14 +184,13 @@ TEST_F(PngNumbers, WiderThanThePanelLeaveNoHoleInIt) {
 
 TEST_F(PngNumbers, BeyondTheMemoryOrTheStoreAreDrawnWithoutOrNotAtAll) {
     PngNumber number{.ValueAddress = Value, .FirstImage = Digits, .IntegerDigits = 1};
-    imagekit::Bytes stream;
-    for (int i = 0; i < 32; ++i) {
-        number.X = static_cast<std::uint16_t>(i < 30 ? 0 : 20 * (i - 29));
-        if (i == 31) number.ValueAddress = 0x70FF;
-        const auto record = imagekit::EncodeRecord(Encode(number), "");
-        stream.insert(stream.end(), record.begin(), record.end());
-    }
-    image.addPage(PlainPage(Small, Qt::white)).setRawStream(imagekit::Stream::Display, stream);
+    std::vector<imagekit::DisplayRecord> records(30, Encode(number));
+    number.X = 20;
+    records.push_back(Encode(number));
+    number.X = 40;
+    number.ValueAddress = 0x70FF;
+    records.push_back(Encode(number));
+    image.addPage(PlainPage(Small, Qt::white)).setRawStream(imagekit::Stream::Display, RawStream(records));
     boot(image);
     for (const std::uint16_t value : {3, 0}) {
         StoreWord(Value, value);

@@ -1,15 +1,11 @@
 #include "pages/refresh.h"
 
-#include "imagekit/icon_widgets.h"
 #include "pages/display_kinds.h"
-#include "pages/page_switch.h"
 #include "pages/page_table.h"
 #include "panel_test.h"
 #include "readable_font.h"
 #include "widgets/display/image_animation.h"
 #include "widgets/display/uitimer.h"
-
-#include <random>
 
 namespace panel {
 namespace {
@@ -29,42 +25,35 @@ const Names WidgetNames{"byte", "long", "label", "pointer label", "empty pointer
 
 Label labelAt(std::uint16_t text, std::uint16_t y, std::uint16_t words,
               std::uint16_t block = imagekit::Inline) {
-    return {.ParameterAddress = block,
-            .TextAddress = text,
-            .X1 = 0,
-            .Y1 = y,
-            .X2 = 60,
-            .Y2 = static_cast<std::uint16_t>(y + 5),
-            .TextLength = words,
-            .Anchor = 3};
+    Label label{
+        .ParameterAddress = block, .TextAddress = text, .Y1 = y, .X2 = 60, .TextLength = words, .Anchor = 3};
+    label.Y2 = static_cast<std::uint16_t>(y + 5);
+    return label;
 }
 
 class RefreshTest : public PanelTest {
 protected:
     void SetUp() override {
-        const imagekit::PanelConfig config{.Width = 64, .Height = 48, .ColourMode = 1};
-        ImageBuilder image(config);
+        ImageBuilder image(Small);
         image.addFont(ReadableFont());
-        QImage digit(4, 6, QImage::Format_ARGB32);
-        digit.fill(Qt::red);
-        for (int i = 0; i < 10; ++i) image.addPicture(imagekit::Pixels{digit});
-        auto& page = image.addPage(PlainPage(config, Qt::gray));
+        for (int i = 0; i < 10; ++i) image.addPicture(Filled(4, 6, Qt::red));
+        auto& page = image.addPage(PlainPage(Small, Qt::gray));
         page.add(Number{.ValueAddress = ByteValue, .Y = 0, .IntegerDigits = 3, .Type = DataType::U8});
-        page.add(Number{.ValueAddress = LongValue | 0x8000, // the same word
-                        .Y = 8,
-                        .IntegerDigits = 3,
-                        .Type = DataType::S32,
-                        .HideAddress = HideWord});
+        Number wide{.ValueAddress = LongValue | 0x8000,
+                    .Y = 8,
+                    .IntegerDigits = 3,
+                    .Type = DataType::S32}; // the same word
+        wide.HideAddress = HideWord;
+        page.add(wide);
         const Label pointed = labelAt(BlockText, 24, 4, Block);
         const Label empty = labelAt(BlockText, 32, 0, OnlyBlock);
         page.add(labelAt(Text, 16, 4));
         page.add(pointed);
         page.add(empty);
-        page.add(imagekit::UiTimer{.PresetAddress = 0x0110,
-                                   .TimerAddress = Timer,
-                                   .ControlAddress = 0x0112,
-                                   .Y = 40,
-                                   .Format = imagekit::TimerFormat::Plain});
+        imagekit::UiTimer timer{
+            .PresetAddress = 0x0110, .TimerAddress = Timer, .ControlAddress = 0x0112, .Y = 40};
+        timer.Format = imagekit::TimerFormat::Plain;
+        page.add(timer);
         image.setBytes(Block, Encode(pointed).Block);
         image.setBytes(OnlyBlock, Encode(empty).Block);
         image.setText(Text, "ab", 0);
@@ -96,49 +85,38 @@ TEST_F(RefreshTest, DrawsNothingWhileNothingChanges) {
     EXPECT_EQ(redrawn(), Names());
 }
 
-struct ChangeCase {
-    const char* name;
-    std::size_t byte; // of the store; its bits are turned round
-    Names full;
-    Names afterTouch;
-};
-class Changes : public RefreshTest, public ::testing::WithParamInterface<ChangeCase> {
-protected:
-    static void change() {
-        StoreByte(GetParam().byte, static_cast<std::uint8_t>(~ReadByte(GetParam().byte)));
+TEST_F(RefreshTest, RedrawsWhatDependsOnAChangeOnce) {
+    const struct {
+        const char* name;
+        std::size_t byte; // of the store; its bits are turned round
+        Names full, afterTouch;
+    } cases[] = {{"low byte of a byte", 2 * ByteValue + 1, {"byte"}, {"byte"}},
+                 {"high byte of a byte", 2 * ByteValue, {}, {}},
+                 {"first of four", 2 * LongValue, {"long"}, {"long"}},
+                 {"last of four", 2 * LongValue + 3, {"long"}, {"long"}},
+                 {"behind the four", 2 * LongValue + 4, {}, {}},
+                 {"hide word", 2 * HideWord, {"long"}, {"long"}},
+                 {"text before its end", 2 * Text, {"label"}, {"label"}},
+                 {"text end", 2 * Text + 2, {"label"}, {"label"}},
+                 {"text behind its end", 2 * Text + 4, {}, {}},
+                 {"text of a block", 2 * BlockText, {"pointer label"}, {"pointer label"}},
+                 {"block", 2 * Block + 10, {"pointer label"}, {"pointer label"}},
+                 {"block without text", 2 * OnlyBlock + 10, {"empty pointer label"}, {"empty pointer label"}},
+                 {"timer", 2 * Timer + 1, {"timer"}, {}}};
+    for (const auto& row : cases) {
+        const auto change = [&row] { StoreByte(row.byte, static_cast<std::uint8_t>(~ReadByte(row.byte))); };
+        change();
+        RefreshPageWidgets(0);
+        EXPECT_EQ(redrawn(), row.full) << row.name;
+        RefreshPageWidgets(0);
+        EXPECT_EQ(redrawn(), Names()) << row.name << ": the second time nothing differs";
+        change();
+        RefreshAfterTouch(0);
+        EXPECT_EQ(redrawn(), row.afterTouch) << row.name;
+        RefreshAfterTouch(0);
+        EXPECT_EQ(redrawn(), Names()) << row.name;
     }
-};
-
-TEST_P(Changes, RedrawWhatDependsOnThemOnce) {
-    change();
-    RefreshPageWidgets(0);
-    EXPECT_EQ(redrawn(), GetParam().full);
-    RefreshPageWidgets(0);
-    EXPECT_EQ(redrawn(), Names()) << "the second time nothing differs";
-    change();
-    RefreshAfterTouch(0);
-    EXPECT_EQ(redrawn(), GetParam().afterTouch);
-    RefreshAfterTouch(0);
-    EXPECT_EQ(redrawn(), Names());
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Bytes, Changes,
-    ::testing::Values(
-        ChangeCase{"LowByteOfAByte", 2 * ByteValue + 1, {"byte"}, {"byte"}},
-        ChangeCase{"HighByteOfAByte", 2 * ByteValue, {}, {}},
-        ChangeCase{"FirstOfFour", 2 * LongValue, {"long"}, {"long"}},
-        ChangeCase{"LastOfFour", 2 * LongValue + 3, {"long"}, {"long"}},
-        ChangeCase{"BehindTheFour", 2 * LongValue + 4, {}, {}},
-        ChangeCase{"HideWord", 2 * HideWord, {"long"}, {"long"}},
-        ChangeCase{"TextBeforeItsEnd", 2 * Text, {"label"}, {"label"}},
-        ChangeCase{"TextEnd", 2 * Text + 2, {"label"}, {"label"}},
-        ChangeCase{"TextBehindItsEnd", 2 * Text + 4, {}, {}},
-        ChangeCase{"TextOfABlock", 2 * BlockText, {"pointer label"}, {"pointer label"}},
-        ChangeCase{"Block", 2 * Block + 10, {"pointer label"}, {"pointer label"}},
-        ChangeCase{"BlockWithoutText", 2 * OnlyBlock + 10, {"empty pointer label"}, {"empty pointer label"}},
-        ChangeCase{"Timer", 2 * Timer + 1, {"timer"}, {}}),
-    [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(RefreshTest, ComesAboutFiveTimesASecond) {
     StoreWord(ByteValue, 7);
@@ -169,47 +147,38 @@ TEST_F(RefreshTest, BringsTheStreamBackThatASlideReplaced) {
     EXPECT_EQ(redrawn(), Names{"byte"});
 }
 
-struct GroupCase {
-    const char* name;
-    imagekit::DisplayRecord record;
-    std::size_t byte;
-    bool changed;
-};
-class GroupChanges : public PanelTest, public ::testing::WithParamInterface<GroupCase> {};
-
-TEST_P(GroupChanges, AreSeenForTheirOwnGroup) {
-    ImageBuilder image({.Width = 64, .Height = 48});
-    image.addPage().addToGroup(3, GetParam().record);
-    image.page(0).addToGroup(4, Label{});
-    image.setBytes(Block, GetParam().record.Block);
-    boot(image);
-    EXPECT_FALSE(GroupChanged(0, 3));
-    StoreByte(GetParam().byte, 0x55);
-    EXPECT_EQ(GroupChanged(0, 3), GetParam().changed);
-    EXPECT_FALSE(GroupChanged(0, 4));
-    EXPECT_FALSE(GroupChanged(1, 3)) << "a page without groups";
+TEST_F(RefreshTest, SeesChangesOfAGroupsOwnMembers) {
+    using imagekit::BitIcon;
+    const struct {
+        imagekit::DisplayRecord record;
+        std::size_t byte;
+        bool changed;
+    } cases[] = {{Encode(labelAt(Text, 0, 4)), 2 * Text, true},
+                 {Encode(labelAt(Text, 0, 0)), 2 * Text, false},
+                 {Encode(Number{.ValueAddress = Text}), 2 * Text, true},
+                 {Encode(Number{.ValueAddress = Text, .Type = DataType::U8}), 2 * Text, false},
+                 {Encode(Number{.ValueAddress = Text, .HideAddress = HideWord}), 2 * HideWord, true},
+                 {Encode(labelAt(Text, 0, 0, Block)), 2 * Block + 3, true},
+                 {Encode(labelAt(Text, 0, 4, Block)), 2 * Text, true},
+                 {Encode(imagekit::ValueIcon{.ValueAddress = Text}), 2 * Text, true},
+                 {Encode(BitIcon{.ValueAddress = Text, .Bit = 8}), 2 * Text, true},
+                 {Encode(BitIcon{.ValueAddress = Text, .Bit = 9}), 2 * Text, false},
+                 {Encode(BitIcon{Block, false, Text, 0, 0, 8}), 2 * Text, false}, // only inline
+                 {Encode(Label{.InList = true, .TextAddress = Text, .TextLength = 4}), 2 * Text, false},
+                 {Encode(imagekit::UiTimer{.PresetAddress = Text}), 2 * Text, false}}; // of no group kind
+    for (std::size_t i = 0; i < std::size(cases); ++i) {
+        ImageBuilder image({.Width = 64, .Height = 48});
+        image.addPage().addToGroup(3, cases[i].record);
+        image.page(0).addToGroup(4, Label{});
+        image.setBytes(Block, cases[i].record.Block);
+        boot(image);
+        EXPECT_FALSE(GroupChanged(0, 3)) << i;
+        StoreByte(cases[i].byte, 0x55);
+        EXPECT_EQ(GroupChanged(0, 3), cases[i].changed) << i;
+        EXPECT_FALSE(GroupChanged(0, 4)) << i;
+        EXPECT_FALSE(GroupChanged(1, 3)) << "a page without groups";
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Records, GroupChanges,
-    ::testing::Values(
-        GroupCase{"Label", Encode(labelAt(Text, 0, 4)), 2 * Text, true},
-        GroupCase{"LabelWithoutText", Encode(labelAt(Text, 0, 0)), 2 * Text, false},
-        GroupCase{"Number", Encode(Number{.ValueAddress = Text}), 2 * Text, true},
-        GroupCase{"NumberOfAByte", Encode(Number{.ValueAddress = Text, .Type = DataType::U8}), 2 * Text,
-                  false},
-        GroupCase{"HideWord", Encode(Number{.ValueAddress = Text, .HideAddress = HideWord}), 2 * HideWord,
-                  true},
-        GroupCase{"Block", Encode(labelAt(Text, 0, 0, Block)), 2 * Block + 3, true},
-        GroupCase{"BlockText", Encode(labelAt(Text, 0, 4, Block)), 2 * Text, true},
-        GroupCase{"ValueIcon", Encode(imagekit::ValueIcon{.ValueAddress = Text}), 2 * Text, true},
-        GroupCase{"ItsBit", Encode(imagekit::BitIcon{.ValueAddress = Text, .Bit = 8}), 2 * Text, true},
-        GroupCase{"OtherBit", Encode(imagekit::BitIcon{.ValueAddress = Text, .Bit = 9}), 2 * Text, false},
-        GroupCase{"BitOfABlock", Encode(imagekit::BitIcon{Block, false, Text, 0, 0, 8}), 2 * Text, false},
-        GroupCase{"Flagged", Encode(Label{.InList = true, .TextAddress = Text, .TextLength = 4}), 2 * Text,
-                  false},
-        GroupCase{"KindOutsideGroups", Encode(imagekit::UiTimer{.PresetAddress = Text}), 2 * Text, false}),
-    [](const auto& row) { return std::string(row.param.name); });
 
 /// Text that ends in a pair of zeros: the mark counts as shown, also where the old text went on behind it.
 TEST(StoreRuns, TextsThatEndInAPairOfZerosDifferNoLongerOnceCopied) {
@@ -221,55 +190,6 @@ TEST(StoreRuns, TextsThatEndInAPairOfZerosDifferNoLongerOnceCopied) {
         EXPECT_TRUE(RunsDiffer(QrText(p))) << text;
         SyncRuns(QrText(p));
         EXPECT_FALSE(RunsDiffer(QrText(p))) << text;
-    }
-}
-
-/// Pages of records whose fields are chance, over variables, pictures and fonts that are chance as well.
-TEST(HostilePages, DoNoHarm) {
-    std::mt19937 random(20261122);
-    const auto bytes = [&random](std::size_t count) {
-        imagekit::Bytes result(count);
-        for (auto& byte : result) byte = static_cast<std::uint8_t>(random() % 4 == 0 ? 0 : random());
-        return result;
-    };
-    constexpr std::uint16_t kinds[] = {0x01, 0x02, 0x05, 0x10, 0x03, 0x07, 0x09, 0x0F, 0x11};
-    const auto record = [&]() -> imagekit::DisplayRecord {
-        return {.Kind = kinds[random() % std::size(kinds)],
-                .Flags = static_cast<std::uint16_t>(random() % 8 == 0 ? 0x100 : 0),
-                .ParameterAddress = static_cast<std::uint16_t>(random() % 3 == 0 ? random() : 0xFFFF),
-                .Block = bytes(random() % 60),
-                .LengthFlag = random() % 2 == 0};
-    };
-    for (int round = 0; round < 150; ++round) {
-        ImageBuilder image({.Width = 64,
-                            .Height = 48,
-                            .ColourMode = static_cast<std::uint8_t>(round & 1),
-                            .ICType = static_cast<std::uint8_t>(random() % 6),
-                            .Rotate = static_cast<std::uint8_t>(random() % 4)});
-        image.addFont({imagekit::FontKind::Ascii, bytes(300)});
-        for (int page = 0; page < 2; ++page) {
-            auto& streams = image.addPage();
-            imagekit::Bytes display;
-            for (int i = 0; i < 40; ++i) {
-                const auto encoded = imagekit::EncodeRecord(record(), "");
-                display.insert(display.end(), encoded.begin(), encoded.end());
-                streams.addToGroup(static_cast<std::uint16_t>(random() % 4), record());
-            }
-            streams.setRawStream(imagekit::Stream::Display, display);
-        }
-        image.setBytes(0, bytes(4000));
-        RecordedOutputs outputs;
-        LoadFlash(image.build());
-        ASSERT_EQ(StartPanel(outputs), StartResult::Running);
-        int ticks = 0;
-        for (int cycle = 0; cycle < 60; ++cycle) {
-            for (int i = 0; i < 8; ++i) CountTick(ticks);
-            StoreByte(random() % 6000, static_cast<std::uint8_t>(random() % 4));
-            EngineCycle(outputs);
-            if (cycle % 20 == 0) ShowPage(static_cast<std::uint16_t>(random() % 2));
-            RefreshAfterTouch(CurrentPage);
-        }
-        ASSERT_EQ(outputs.frame.size(), FrameSurface.size());
     }
 }
 

@@ -1,12 +1,7 @@
-#include "imagekit/touch_controls.h"
-#include "pages/page_switch.h"
-#include "pages/refresh.h"
 #include "touch_fixture.h"
 #include "widgets/touch/roller_picker.h"
 
 #include <QDate>
-
-#include <random>
 
 namespace panel {
 namespace {
@@ -25,38 +20,32 @@ QRgb stripPixel(bool selected, int along, int across) {
 
 /// A roller of the values 3, 7, 11 and 15 whose window is a little shorter than its strip.
 RollerPicker pickerAt(bool horizontal) {
-    const imagekit::Area tall{.X0 = 20, .Y0 = 10, .X1 = 20 + Across, .Y1 = 10 + Window};
-    const imagekit::Area wide{.X0 = 20, .Y0 = 10, .X1 = 20 + Window, .Y1 = 10 + Across};
-    return {.Notify = true,
-            .Address = Value,
-            .Window = horizontal ? wide : tall,
-            .MarginA = 7,
-            .MarginB = 4,
-            .Horizontal = horizontal,
-            .SelectedStrip = static_cast<std::uint16_t>(horizontal ? 1 : 0),
-            .NormalStrip = static_cast<std::uint16_t>(horizontal ? 3 : 2),
-            .Lowest = 3,
-            .Highest = 15,
-            .Step = 4};
+    RollerPicker picker{.Notify = true, .Address = Value, .Horizontal = horizontal};
+    picker.Window = horizontal ? imagekit::Area{20, 10, 20 + Window, 10 + Across}
+                               : imagekit::Area{20, 10, 20 + Across, 10 + Window};
+    picker.MarginA = 7;
+    picker.MarginB = 4;
+    picker.SelectedStrip = horizontal ? 1 : 0;
+    picker.NormalStrip = horizontal ? 3 : 2;
+    picker.Lowest = 3;
+    picker.Highest = 15;
+    picker.Step = 4;
+    return picker;
 }
 
 class RollerTest : public TouchTest {
 protected:
     /// Pictures 0 and 1: the selected strips, tall and wide; 2 and 3: the normal ones.
     void addStrips(std::uint8_t selectedFormat = format::RGB565, int length = Cells * Cell) {
-        for (const bool selected : {true, false}) {
+        for (const bool selected : {true, false})
             for (const bool wide : {false, true}) {
                 QImage strip(wide ? length : Across, wide ? Across : length, QImage::Format_ARGB32);
                 for (int y = 0; y < strip.height(); ++y)
                     for (int x = 0; x < strip.width(); ++x)
                         strip.setPixel(x, y, stripPixel(selected, wide ? x : y, wide ? y : x));
                 const std::uint8_t kind = selected ? selectedFormat : format::RGB565;
-                if (kind == format::None)
-                    image.addPicture({});
-                else
-                    image.addPicture(imagekit::Pixels{strip, kind});
+                image.addPicture(kind == format::None ? imagekit::Picture() : imagekit::Pixels{strip, kind});
             }
-        }
     }
 
     /// Holds the whole frame against the definition of the window, place by place.
@@ -64,17 +53,16 @@ protected:
         QImage expected(64, 48, QImage::Format_ARGB32_Premultiplied);
         expected.fill(Gray);
         const int length = Cells * Cell;
-        for (int d = 0; d < Window; ++d) {
+        for (int d = 0; d < Window; ++d)
             for (int across = 0; across < Across; ++across) {
                 const bool selected = d >= picker.MarginA && d < Window - picker.MarginB;
                 const std::uint8_t kind = selected ? selectedFormat : format::RGB565;
                 const int along = ((offset + d - picker.MarginA) % length + length) % length;
-                const QRgb pixel = stripPixel(selected, along, across);
-                if (kind == format::None || (kind == format::RGB565Key && pixel == 0)) continue;
-                expected.setPixel(20 + (picker.Horizontal ? d : across),
-                                  10 + (picker.Horizontal ? across : d), pixel | 0xFF000000);
+                const QRgb colour = stripPixel(selected, along, across);
+                if (kind == format::None || (kind == format::RGB565Key && colour == 0)) continue;
+                const QPoint at = picker.Horizontal ? QPoint(d, across) : QPoint(across, d);
+                expected.setPixel(QPoint(20, 10) + at, colour | 0xFF000000);
             }
-        }
         ASSERT_TRUE(FrameSurface == expected) << offset << (picker.Horizontal ? " wide" : " tall");
     }
 
@@ -260,9 +248,7 @@ TEST_F(RollerTest, ARollerOfPagesTurnsThemAndAPageChangeEndsTheDrag) {
     letGo();
     EXPECT_EQ(CurrentPage, 1);
 
-    PopupActive = 1; // the page as a pop-up, moved to the right
-    PopupOriginX = 20;
-    OpenPopup(1, PopupOriginX, PopupOriginY);
+    openPopup(1, 20, 0); // the page as a pop-up, moved to the right
     press(22, 20);
     EXPECT_EQ(TouchBusy, 0);
     tap(42, 20);
@@ -271,11 +257,10 @@ TEST_F(RollerTest, ARollerOfPagesTurnsThemAndAPageChangeEndsTheDrag) {
 
 TEST_F(RollerTest, WithoutAStepOrABandThereIsNothingToTurn) {
     addStrips();
-    for (const bool noStep : {false, true}) {
-        RollerPicker picker = pickerAt(false);
-        (noStep ? picker.Step : picker.MarginA) = noStep ? 0 : 13;
-        addPage().add(picker);
-    }
+    RollerPicker noStep = pickerAt(false), noBand = noStep;
+    noStep.Step = 0;
+    noBand.MarginA = 13;
+    for (const RollerPicker& picker : {noStep, noBand}) addPage().add(picker);
     start();
     for (const std::uint16_t page : {0, 1}) {
         StoreWord(Value, 11);

@@ -1,10 +1,7 @@
 #include "pages/slide_page.h"
 
 #include "imagekit/bar_widgets.h"
-#include "imagekit/icon_widgets.h"
 #include "imagekit/meter_widgets.h"
-#include "imagekit/touch_controls.h"
-#include "pages/page_switch.h"
 #include "touch_fixture.h"
 
 namespace panel {

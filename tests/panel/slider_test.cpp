@@ -1,14 +1,9 @@
 #include "widgets/touch/slider.h"
 
-#include "imagekit/icon_widgets.h"
-#include "imagekit/touch_controls.h"
-#include "pages/page_switch.h"
 #include "touch_fixture.h"
 #include "widgets/touch/sliding_list.h"
 
 #include <QPainter>
-
-#include <random>
 
 namespace panel {
 namespace {
@@ -17,14 +12,13 @@ using namespace imagekit;
 
 constexpr std::uint16_t Value = 0x0100, Second = 0x0101;
 
-/// A picture of which no two pixels are alike.
-QImage pattern(int width, int height, unsigned seed, bool translucent = false) {
-    QImage picture(width, height, QImage::Format_ARGB32);
+/// The pattern, apart from those of other seeds.
+QImage pattern(int width, int height, int seed, bool translucent = false) {
+    QImage picture = Pattern(width, height).convertToFormat(QImage::Format_ARGB32);
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x)
-            picture.setPixelColor(x, y,
-                                  QColor(10 + 5 * x, 10 + 7 * y, static_cast<int>(seed * 40),
-                                         translucent ? (x * 31 + y * 17) % 256 : 255));
+            picture.setPixel(
+                x, y, qRgba(10 + 5 * x, 10 + 7 * y, seed * 40, translucent ? (x * 31 + y * 17) % 256 : 255));
     return picture;
 }
 
@@ -114,24 +108,19 @@ TEST_F(SliderLooks, AreFillThumbAndBackground) {
         auto& [fill, thumb] =
             pictures.emplace_back(pattern(look.fill.width(), look.fill.height(), 1),
                                   pattern(look.thumb.width(), look.thumb.height(), 2, true));
-        const std::uint16_t fillImage = image.addPicture(Pixels{fill}),
-                            thumbImage = image.addPicture(Pixels{thumb, format::aRGB8888});
         const bool vertical = look.direction >= SlideDirection::Down;
         const QRect area = look.back ? QRect(backAt, back.size()) : QRect(fillAt, fill.size());
-        addPage().add(
-            Slider{.FillX = 14,
-                   .FillY = 12,
-                   .FillImage = fillImage,
-                   .Address = Value,
-                   .Where = {.X0 = static_cast<std::uint16_t>(area.x()),
-                             .Y0 = static_cast<std::uint16_t>(area.y()),
-                             .X1 = static_cast<std::uint16_t>(area.x() + (vertical ? 20 : area.width())),
-                             .Y1 = static_cast<std::uint16_t>(area.y() + (vertical ? area.height() : 20))},
-                   .ThumbImage = thumbImage,
-                   .Direction = look.direction,
-                   .BackX = 10,
-                   .BackY = 9,
-                   .BackImage = look.back ? backImage : None});
+        const auto u16 = [](int value) { return static_cast<std::uint16_t>(value); };
+        Slider slider{
+            .FillX = 14, .FillY = 12, .FillImage = image.addPicture(Pixels{fill}), .Address = Value};
+        slider.ThumbImage = image.addPicture(Pixels{thumb, format::aRGB8888});
+        slider.Direction = look.direction;
+        slider.Where = {u16(area.x()), u16(area.y()), u16(area.x() + (vertical ? 20 : area.width())),
+                        u16(area.y() + (vertical ? area.height() : 20))};
+        slider.BackX = 10;
+        slider.BackY = 9;
+        slider.BackImage = look.back ? backImage : None;
+        addPage().add(slider);
     }
     start();
     for (std::uint16_t page = 0; page < looks.size(); ++page) {
@@ -152,31 +141,24 @@ protected:
     void SetUp() override {
         const std::uint16_t fill = image.addPicture(Pixels{pattern(40, 6, 1)});
         auto& page = addPage();
-        page.add(Slider{.Notify = true,
-                        .FillX = 10,
-                        .FillY = 4,
-                        .FillImage = fill,
-                        .Address = Value,
-                        .Where = {10, 2, 50, 12}});
-        page.add(Slider{.FillX = 10,
-                        .FillY = 20,
-                        .FillImage = fill,
-                        .Address = Second,
-                        .Where = {10, 18, 50, 28},
-                        .Direction = SlideDirection::Left});
-        page.add(Slider{.FillX = 10,
-                        .FillY = 34,
-                        .FillImage = fill,
-                        .Address = 0x0102,
-                        .Where = {10, 32, 50, 38},
-                        .Touchable = false});
-        page.add(Slider{.FillX = 10,
-                        .FillY = 40,
-                        .FillImage = fill,
-                        .Address = 0x0103,
-                        .Where = {10, 40, 50, 47},
-                        .Highest = 4,
-                        .Lowest = 4});
+        Slider slider{.Notify = true, .FillX = 10, .FillY = 4, .FillImage = fill, .Address = Value};
+        slider.Where = {10, 2, 50, 12};
+        page.add(slider);
+        Slider left = slider, locked = slider, single = slider;
+        left.FillY = 20;
+        left.Address = Second;
+        left.Where = {10, 18, 50, 28};
+        left.Direction = SlideDirection::Left;
+        left.Notify = false;
+        page.add(left);
+        locked.Address = 0x0102;
+        locked.Where = {10, 32, 50, 38};
+        locked.Touchable = false;
+        page.add(locked);
+        single.Address = 0x0103;
+        single.Where = {10, 40, 50, 47};
+        single.Highest = single.Lowest = 4;
+        page.add(single);
         start();
     }
 };

@@ -1,5 +1,4 @@
 #include "pages/display_page.h"
-#include "pages/page_switch.h"
 #include "pages/parameters.h"
 #include "pages/stream_walker.h"
 #include "panel_test.h"

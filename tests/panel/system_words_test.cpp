@@ -1,7 +1,6 @@
 #include "store/system_words.h"
 
 #include "graphics/image_row.h"
-#include "pages/page_switch.h"
 #include "panel_test.h"
 #include "store/backlight.h"
 #include "store/curve_samples.h"
@@ -14,11 +13,8 @@ namespace {
 
 using imagekit::ImageBuilder;
 using imagekit::PanelConfig;
-using Bytes = std::vector<std::uint8_t>;
 
-class SystemWordTest : public PanelTest {};
-
-TEST_F(SystemWordTest, BrightnessLevelsDimTheFrame) {
+TEST_F(PanelTest, BrightnessLevelsDimTheFrame) {
     boot(ColouredPages({Qt::red}));
     for (int level = 0; level <= 63; ++level) {
         apply(word::Brightness, static_cast<std::uint16_t>(level));
@@ -36,14 +32,20 @@ class LanguageTest : public PanelTest {
 protected:
     void SetUp() override {
         ImageBuilder image = ColouredPages({Qt::red, Qt::green}, {.Width = 64, .Height = 48, .LangueNum = 3});
-        image.addLanguagePreset(1, 0x0100, Bytes{0xAB, 0xCD, 0xEF});
-        image.addLanguagePreset(1, 0x6FFF, Bytes{1, 2, 3, 4});
+        image.addLanguagePreset(1, 0x0100, Payload{0xAB, 0xCD, 0xEF});
+        image.addLanguagePreset(1, 0x6FFF, Payload{1, 2, 3, 4});
         boot(image);
         FrameSurface.fill(Qt::white);
     }
 };
 
-TEST_F(LanguageTest, ChangeLoadsItsPresetsAndShowsThePageAgain) {
+TEST_F(LanguageTest, AChangeLoadsItsPresetsAndShowsThePageAgain) {
+    for (const std::uint16_t language : {0, 3, 255}) {
+        apply(word::Language, language);
+        EXPECT_EQ(ReadLowByte(word::Language), 0);
+    }
+    cycles(1);
+    EXPECT_EQ(pixel(0, 0), qRgb(255, 255, 255)) << "no page is shown for one that does not exist";
     StoreLowByte(word::Language, 1);
     ApplySystemWordFromMainThread(word::Language);
     EXPECT_EQ(Language, 0) << "the engine's thread draws";
@@ -55,23 +57,14 @@ TEST_F(LanguageTest, ChangeLoadsItsPresetsAndShowsThePageAgain) {
     EXPECT_EQ(pixel(0, 0), qRgb(255, 0, 0));
 }
 
-TEST_F(LanguageTest, ChangeInTheSameCycleAsAPageKeepsThePage) {
-    StoreLowByte(word::Language, 1);
-    ApplySystemWordFromMainThread(word::Language);
-    StoreWord(word::Page, 1);
-    ApplySystemWordFromMainThread(word::Page);
+TEST_F(LanguageTest, AChangeInTheSameCycleAsAPageKeepsThePage) {
+    for (const auto& [address, value] : {std::pair{word::Language, 1}, {word::Page, 1}}) {
+        StoreWord(address, static_cast<std::uint16_t>(value));
+        ApplySystemWordFromMainThread(address);
+    }
     cycles(1);
     EXPECT_EQ(Language, 1);
     EXPECT_EQ(CurrentPage, 1);
-}
-
-TEST_F(LanguageTest, OneThatDoesNotExistIsPutBack) {
-    for (const std::uint16_t language : {0, 3, 255}) {
-        apply(word::Language, language);
-        EXPECT_EQ(ReadLowByte(word::Language), 0);
-    }
-    cycles(1);
-    EXPECT_EQ(pixel(0, 0), qRgb(255, 255, 255)) << "no page was shown";
 }
 
 class BacklightTest : public PanelTest {
@@ -148,13 +141,11 @@ protected:
     }
 
     /// A write command with a length byte that fits.
-    static Bytes writeFrame(std::uint16_t address, std::initializer_list<std::uint16_t> words,
-                            int checkBytes = 0) {
-        Bytes frame{static_cast<std::uint8_t>(3 + 2 * words.size() + checkBytes), 0x10,
-                    static_cast<std::uint8_t>(address >> 8), static_cast<std::uint8_t>(address)};
+    static Payload writeFrame(std::uint16_t address, std::initializer_list<std::uint16_t> words) {
+        Payload frame{static_cast<std::uint8_t>(3 + 2 * words.size()), 0x10,
+                      static_cast<std::uint8_t>(address >> 8), static_cast<std::uint8_t>(address)};
         for (const std::uint16_t value : words)
             for (const int shift : {8, 0}) frame.push_back(static_cast<std::uint8_t>(value >> shift));
-        frame.resize(frame.size() + static_cast<std::size_t>(checkBytes));
         return frame;
     }
 };
@@ -170,7 +161,7 @@ TEST_F(HostCommandTest, AppliesSystemWordsInOrder) {
 
 TEST_F(HostCommandTest, ClampsTheTimeAndSetsTheClock) {
     HostCommand(writeFrame(word::Year, {200, 99, 40, 30, 70, 80}));
-    HostCommand(Bytes{6, 0x03, 0x70, 0x02, 0, 6});
+    HostCommand(Payload{6, 0x03, 0x70, 0x02, 0, 6});
     const std::uint16_t expected[] = {99, 12, 31, 23, 59, 59};
     for (std::uint16_t i = 0; i < 6; ++i)
         EXPECT_EQ(ReadWord(static_cast<std::uint16_t>(word::Year + i)), expected[i]);
@@ -187,15 +178,15 @@ TEST_F(HostCommandTest, RedrawsThePageOnDemand) {
 TEST_F(HostCommandTest, BrokenFramesChangeNothingMore) {
     StoreWord(0x0100, 0xAAAA);
     StoreWord(0x0101, 0xBBBB);
-    const Bytes frames[] = {{},
+    const Payload frames[] = {{},
                             {200, 0x10, 0x01},
                             {200, 0x10, 0x01, 0x00, 0x12},     // half a word
                             {3, 0x10, 0x01, 0x00, 0x12, 0x34}, // claims no words
                             {5, 0x77, 0x01, 0x00, 0x12, 0x34},
                             {5, 0x10, 0xFF, 0xFF, 0x12, 0x34}};
-    for (const Bytes& frame : frames) HostCommand(frame);
+    for (const Payload& frame : frames) HostCommand(frame);
     EXPECT_EQ(ReadWord(0x0100), 0xAAAA);
-    HostCommand(Bytes{255, 0x10, 0x01, 0x00, 0x12, 0x34}); // claims more than it holds
+    HostCommand(Payload{255, 0x10, 0x01, 0x00, 0x12, 0x34}); // claims more than it holds
     EXPECT_EQ(ReadWord(0x0100), 0x1234);
     EXPECT_EQ(ReadWord(0x0101), 0xBBBB);
 }

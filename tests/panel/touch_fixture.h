@@ -1,24 +1,17 @@
 // A panel with touch widgets, and a finger on it.
 #pragma once
 
-#include "imagekit/touch_keys.h"
+#include "imagekit/touch_controls.h"
 #include "panel_test.h"
 
-#include <vector>
-
 namespace panel {
-
-using Payload = std::vector<std::uint8_t>;
-using Payloads = std::vector<Payload>;
 
 class TouchTest : public PanelTest {
 protected:
     TouchTest() : image(Small) {}
 
     std::uint16_t addPicture(QColor colour, int width = 10, int height = 10) {
-        QImage picture(width, height, QImage::Format_ARGB32);
-        picture.fill(colour);
-        return image.addPicture(imagekit::Pixels{picture});
+        return image.addPicture(Filled(width, height, colour));
     }
     imagekit::Page& addPage(QColor colour = Qt::gray) { return image.addPage(PlainPage(Small, colour)); }
 

@@ -1,12 +1,7 @@
 #include "widgets/display/uitimer.h"
 
-#include "imagekit/value_widgets.h"
-#include "pages/page_switch.h"
-#include "pages/refresh.h"
 #include "panel_test.h"
 #include "store/clock.h"
-#include "store/system_words.h"
-#include "widgets/touch/open_entry.h"
 
 #include <thread>
 
@@ -16,7 +11,6 @@ namespace {
 using imagekit::ImageBuilder;
 using imagekit::TimerDirection;
 using imagekit::UiTimer;
-using Frames = std::vector<std::vector<std::uint8_t>>;
 
 constexpr std::uint16_t Preset = 0x0100, Timer = 0x0101, Control = 0x0102, Target = 0x0103;
 constexpr QRgb PageColour = 0xFF102030;
@@ -26,11 +20,8 @@ constexpr int GlyphWidth = 4;
 QRgb glyphColour(int glyph) { return qRgb(100 + glyph, 0, 0); }
 
 UiTimer timerAt(std::uint16_t first) {
-    return {.PresetAddress = first,
-            .TimerAddress = static_cast<std::uint16_t>(first + 1),
-            .ControlAddress = static_cast<std::uint16_t>(first + 2),
-            .X = 8,
-            .Y = 6};
+    const auto timer = static_cast<std::uint16_t>(first + 1), control = static_cast<std::uint16_t>(first + 2);
+    return {.PresetAddress = first, .TimerAddress = timer, .ControlAddress = control, .X = 8, .Y = 6};
 }
 const UiTimer Plain = timerAt(Preset);
 
@@ -38,18 +29,13 @@ class UiTimers : public PanelTest {
 protected:
     /// Pages of timers, and an empty page behind them.
     static ImageBuilder pages(const std::vector<std::vector<UiTimer>>& timersOfPages) {
-        const imagekit::PanelConfig config{.Width = 64, .Height = 48, .ColourMode = 1};
-        ImageBuilder image(config);
-        for (int glyph = 0; glyph <= 10; ++glyph) {
-            QImage picture(GlyphWidth, 5, QImage::Format_ARGB32);
-            picture.fill(glyphColour(glyph));
-            image.addPicture(imagekit::Pixels{picture});
-        }
+        ImageBuilder image(Small);
+        for (int glyph = 0; glyph <= 10; ++glyph) image.addPicture(Filled(GlyphWidth, 5, glyphColour(glyph)));
         for (const auto& timers : timersOfPages) {
-            auto& page = image.addPage(PlainPage(config, QColor::fromRgb(PageColour)));
+            auto& page = image.addPage(PlainPage(Small, PageColour));
             for (const UiTimer& timer : timers) page.add(timer);
         }
-        image.addPage(PlainPage(config, QColor::fromRgb(PageColour)));
+        image.addPage(PlainPage(Small, PageColour));
         return image;
     }
 
@@ -70,37 +56,35 @@ protected:
     }
 };
 
-struct FormatCase {
-    imagekit::TimerFormat format;
-    std::uint16_t preset;
-    std::uint16_t timer;
-    const char* text;
-};
-class UiTimerFormats : public UiTimers, public ::testing::WithParamInterface<FormatCase> {};
-
-TEST_P(UiTimerFormats, ShowTheCount) {
-    UiTimer timer = Plain;
-    timer.Format = GetParam().format;
-    ImageBuilder image = pages({{timer}});
-    image.setWords(Preset, {GetParam().preset, GetParam().timer, 0});
-    boot(image);
-    EXPECT_EQ(shown(), GetParam().text);
+TEST_F(UiTimers, ShowTheCountInEveryFormat) {
+    using Format = imagekit::TimerFormat;
+    const struct {
+        Format format;
+        std::uint16_t preset, timer;
+        const char* text;
+    } cases[] = {{Format::HoursMinutesSeconds, 0, 3661, "01:01:01"},
+                 {Format::HoursMinutesSeconds, 0, 36000, "10:00:00"},
+                 {Format::HoursMinutesSeconds, 0, 65535, "18:12:15"},
+                 {Format::HoursMinutes, 0, 3661, "01:01"},
+                 {Format::MinutesSeconds, 0, 3661, "01:01"},
+                 {Format::MinutesSeconds, 0, 7325, "02:05"},
+                 {Format::Plain, 10, 7, "7"},
+                 {Format::Plain, 11, 7, "07"},
+                 {Format::Plain, 100, 123, "23"},
+                 {Format::Plain, 1000, 7, "007"},
+                 {Format::Plain, 10000, 12345, "2345"},
+                 {Format::Plain, 10001, 7, "00007"},
+                 {Format::Nothing, 0, 5, ""},
+                 {static_cast<Format>(5), 0, 5, ""}};
+    for (const auto& c : cases) {
+        UiTimer timer = Plain;
+        timer.Format = c.format;
+        ImageBuilder image = pages({{timer}});
+        image.setWords(Preset, {c.preset, c.timer, 0});
+        boot(image);
+        EXPECT_EQ(shown(), c.text) << c.preset << ' ' << c.timer;
+    }
 }
-
-constexpr auto Clockwise = imagekit::TimerFormat::HoursMinutesSeconds;
-constexpr auto Short = imagekit::TimerFormat::HoursMinutes;
-constexpr auto Hourly = imagekit::TimerFormat::MinutesSeconds;
-constexpr auto Digits = imagekit::TimerFormat::Plain;
-INSTANTIATE_TEST_SUITE_P(
-    Formats, UiTimerFormats,
-    ::testing::Values(FormatCase{Clockwise, 0, 3661, "01:01:01"}, FormatCase{Short, 0, 3661, "01:01"},
-                      FormatCase{Hourly, 0, 3661, "01:01"}, FormatCase{Clockwise, 0, 36000, "10:00:00"},
-                      FormatCase{Clockwise, 0, 65535, "18:12:15"}, FormatCase{Hourly, 0, 7325, "02:05"},
-                      FormatCase{Digits, 10, 7, "7"}, FormatCase{Digits, 11, 7, "07"},
-                      FormatCase{Digits, 100, 123, "23"}, FormatCase{Digits, 1000, 7, "007"},
-                      FormatCase{Digits, 10000, 12345, "2345"}, FormatCase{Digits, 10001, 7, "00007"},
-                      FormatCase{imagekit::TimerFormat::Nothing, 0, 5, ""},
-                      FormatCase{static_cast<imagekit::TimerFormat>(5), 0, 5, ""}));
 
 TEST_F(UiTimers, CountDownShowsZeroForASecondBeforeItEnds) {
     UiTimer timer = Plain;
@@ -118,15 +102,17 @@ TEST_F(UiTimers, CountDownShowsZeroForASecondBeforeItEnds) {
     seconds(1);
     EXPECT_EQ(ReadWord(Control), 0);
     EXPECT_EQ(ReadWord(Target), 0x1234);
-    EXPECT_EQ(TakeSentFrames(), (Frames{{0x41, 0x01, 0x03, 0x12, 0x34}}));
+    EXPECT_EQ(TakeSentFrames(), (Payloads{{0x41, 0x01, 0x03, 0x12, 0x34}}));
     seconds(3);
     EXPECT_TRUE(TakeSentFrames().empty());
 }
 
 TEST_F(UiTimers, CountUpEndsAtItsPreset) {
-    UiTimer timer = Plain;
-    timer.Direction = TimerDirection::Up;
-    boot(pages({{timer}}));
+    UiTimer timer = Plain, again = Plain;
+    timer.Direction = again.Direction = TimerDirection::Up;
+    again.TargetAddress = Control;
+    again.TargetValue = 1;
+    boot(pages({{timer}, {again}}));
     set(3, 0, 1);
     seconds(3);
     EXPECT_EQ(ReadWord(Timer), 3);
@@ -137,35 +123,22 @@ TEST_F(UiTimers, CountUpEndsAtItsPreset) {
     set(0, 0, 1);
     seconds(1);
     EXPECT_EQ(ReadWord(Control), 0) << "without a preset it ends at once";
-}
-
-TEST_F(UiTimers, CountUpThatStartsItselfAgainGoesOnInTheSameSecond) {
-    UiTimer timer = Plain;
-    timer.Direction = TimerDirection::Up;
-    timer.TargetAddress = Control;
-    timer.TargetValue = 1;
-    boot(pages({{timer}}));
+    ShowPage(1);
     set(3, 3, 1);
     seconds(1);
-    EXPECT_EQ(ReadWord(Timer), 4);
+    EXPECT_EQ(ReadWord(Timer), 4) << "one that starts itself again goes on in the same second";
     EXPECT_EQ(ReadWord(Control), 1);
 }
 
-TEST_F(UiTimers, OnlyACommandOfOneCounts) {
+TEST_F(UiTimers, OnlyACommandOfOneCountsAndHidingTakesTheDigitsOffOnce) {
     boot(pages({{Plain}}));
-    for (const std::uint16_t control : {0, 2, 3, 0x0101}) {
+    for (const std::uint16_t control : {0, 3, 0x0101, 2}) {
         set(9, 5, control);
         seconds(2);
+        cycles(1);
         EXPECT_EQ(ReadWord(Timer), 5) << control;
+        EXPECT_EQ(shown(), control == 2 ? "" : "00:00:05");
     }
-}
-
-TEST_F(UiTimers, HidingTakesTheDigitsOffOnce) {
-    boot(pages({{Plain}}));
-    set(0, 5, 2);
-    seconds(1);
-    cycles(1);
-    EXPECT_EQ(shown(), "");
     EXPECT_EQ(UiTimerTable.rows()[0].LastWidth, 0);
     FrameSurface.fill(Qt::green);
     seconds(1);
@@ -175,20 +148,6 @@ TEST_F(UiTimers, HidingTakesTheDigitsOffOnce) {
     seconds(1);
     cycles(1);
     EXPECT_EQ(FrameSurface.pixel(8, 6), glyphColour(0)) << "any other command shows it";
-}
-
-TEST_F(UiTimers, KeepsAwayFromAnOpenEntry) {
-    boot(pages({{Plain}}));
-    set(0, 9, 1);
-    OpenEntryRect = EntryRect{8, 11, 20, 20}; // begins where the digits end
-    seconds(1);
-    cycles(1);
-    EXPECT_EQ(shown(), "00:00:00");
-    OpenEntryRect = EntryRect{9, 0, 63, 47}; // not over the first digit's left edge
-    cycles(1);
-    seconds(1);
-    cycles(1);
-    EXPECT_EQ(shown(), "00:00:07");
 }
 
 // Background timers.
@@ -206,14 +165,14 @@ TEST_F(UiTimers, ABackgroundTimerEndsInTheVerySecondThatReachesZero) {
     boot(pages({{timer}}));
     set(0, 2, 1);
     ShowPage(1);
-    EXPECT_EQ(RunningTimers.size(), 1u);
-    seconds(1);
-    EXPECT_EQ(ReadWord(Target), 0);
-    seconds(1);
-    EXPECT_EQ(ReadWord(Target), 9);
+    for (const int left : {1, 0}) {
+        EXPECT_EQ(RunningTimers.size(), 1u);
+        seconds(1);
+        EXPECT_EQ(ReadWord(Target), left ? 0 : 9);
+    }
     EXPECT_EQ(ReadWord(Control), 1) << "a background timer does not stop itself";
     EXPECT_TRUE(RunningTimers.empty());
-    EXPECT_EQ(TakeSentFrames(), (Frames{{0x41, 0x01, 0x03, 0, 9}}));
+    EXPECT_EQ(TakeSentFrames(), (Payloads{{0x41, 0x01, 0x03, 0, 9}}));
 }
 
 TEST_F(UiTimers, ABackgroundTimerGoesOnFromWhereItWasAndComesBack) {

@@ -53,29 +53,16 @@ constexpr auto Boxes = {"checkBox_AutoBL", "checkBox_KeyBeep", "checkBox_InitVar
                         "checkBox_VSYNC",  "checkBox_DE",      "checkBox_BGR"};
 
 TEST_F(SettingsTest, ShowsEverySettingInItsOwnControl) {
-    load({.ICType = 3,
-          .Rotate = 1,
-          .EOCheck = 2,
-          .BAUD = 9,
-          .StartBytes = {0x0F, 0xAB},
-          .FlhSize = 8,
-          .NandFlash = true,
-          .VBPD = 1,
-          .VFPD = 2,
-          .VSPW = 3,
-          .HBPD = 4,
-          .HFPD = 5,
-          .HSPW = 6,
-          .USER_KEY = 0x00C0FFEE,
-          .UserVER = "V2.5",
-          .StartPage = 12,
-          .GeData = 7,
-          .BLON = 50,
-          .BLSP = 9,
-          .KPTM = 300,
-          .Volume = 16,
-          .DevAddr = 0x1A,
-          .LangueNum = 1});
+    PanelConfig config{.ICType = 3, .Rotate = 1, .EOCheck = 2, .BAUD = 9, .StartBytes = {0x0F, 0xAB}};
+    config.FlhSize = 8;
+    config.NandFlash = true;
+    config.VBPD = 1, config.VFPD = 2, config.VSPW = 3;
+    config.HBPD = 4, config.HFPD = 5, config.HSPW = 6;
+    config.USER_KEY = 0x00C0FFEE;
+    config.UserVER = "V2.5";
+    config.StartPage = 12, config.GeData = 7, config.BLON = 50, config.BLSP = 9, config.KPTM = 300;
+    config.Volume = 16, config.DevAddr = 0x1A, config.LangueNum = 1;
+    load(config);
     EXPECT_EQ(
         shown({"comboBox_ICType", "comboBox_RGBIF", "comboBox_Rotate", "comboBox_EOCheck", "comboBox_BAUD",
                "comboBox_FlhSize", "comboBox_FalshType", "comboBox_SPage", "comboBox_NdlDType"}),

@@ -73,8 +73,7 @@ TEST_F(EngineLoop, RandomBytesDoNoHarm) {
 TEST_F(EngineLoop, PagesOfNonsenseDoNoHarm) {
     std::mt19937 random(20261122);
     const auto u8 = [&random] { return static_cast<std::uint8_t>(random()); };
-    // Words as a mistaken tool would write them: nothing, the largest, the most negative, what is usual, or
-    // any.
+    // Words as a mistaken tool would write them: none, the largest, the most negative, usual ones, or any.
     const auto bytes = [&random](std::size_t count) {
         imagekit::Bytes result(count);
         for (std::size_t i = 0; i + 1 < count; i += 2) {
@@ -93,7 +92,7 @@ TEST_F(EngineLoop, PagesOfNonsenseDoNoHarm) {
                 .Block = bytes(random() % 90),
                 .LengthFlag = random() % 2 == 0};
     };
-    for (int round = 0; round < 200; ++round) {
+    for (int round = 0; round < 100; ++round) {
         PanelConfig config{.Width = 64, .Height = 48};
         config.ColourMode = u8() % 2;
         config.ICType = u8() % 7;

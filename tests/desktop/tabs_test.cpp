@@ -5,7 +5,6 @@
 #include "inspector/my_tab_popup.h"
 #include "inspector/my_tab_widget.h"
 
-#include <QLineEdit>
 #include <QPointer>
 #include <QProcess>
 #include <QTabBar>

@@ -12,18 +12,15 @@ namespace {
 class AsciiText : public PanelTest {
 protected:
     void SetUp() override {
-        imagekit::ImageBuilder image({.Width = 64, .Height = 48, .ColourMode = 1});
-        image.addPage(imagekit::Solid{64, 48, Qt::white});
-        boot(image);
+        boot(ColouredPages({Qt::white}));
         FrameSurface.fill(Qt::red);
     }
-    /// Whether the frame has the character in blue on `back`, and nothing else, at this place.
-    static bool stands(char character, int height, QPoint at, QColor back) {
+    /// Whether the frame has the character on `back`, and nothing else, at this place.
+    static bool stands(char character, int height, QPoint at, QColor back, QColor ink = Qt::blue) {
         const AsciiFont& font = *FindAsciiFont(height);
         for (int y = 0; y < height; ++y)
             for (int x = 0; x < font.width; ++x)
-                if (FrameSurface.pixelColor(at + QPoint(x, y))
-                    != (isSet(font, character, x, y) ? QColor(Qt::blue) : back))
+                if (FrameSurface.pixelColor(at + QPoint(x, y)) != (isSet(font, character, x, y) ? ink : back))
                     return false;
         return true;
     }
@@ -67,53 +64,36 @@ TEST_F(AsciiText, LargeFontsAreTheSmallOnesDoubledWithSmoothSteps) {
     }
 }
 
-TEST_F(AsciiText, WrapsToTheLeftEdgeAndStopsAtTheBottom) {
+TEST_F(AsciiText, WrapsToTheLeftEdgeAndStopsAtTheBottomAndAtWhatTheFontsLack) {
     DrawAsciiText({40, 4}, 16, AsciiBackground::Colour, 0x0000FF, 0x00FF00, "ABCDEFGHIJKLMNOPQRSTUVWXYZ");
-    EXPECT_TRUE(stands('A', 16, {40, 4}, QColor(0, 255, 0)));
-    EXPECT_TRUE(stands('C', 16, {56, 4}, QColor(0, 255, 0)));
-    EXPECT_TRUE(stands('D', 16, {0, 20}, QColor(0, 255, 0)));
-    EXPECT_TRUE(stands('K', 16, {56, 20}, QColor(0, 255, 0)));
+    const std::pair<char, QPoint> shown[] = {{'A', {40, 4}}, {'C', {56, 4}}, {'D', {0, 20}}, {'K', {56, 20}}};
+    for (const auto& [character, at] : shown)
+        EXPECT_TRUE(stands(character, 16, at, QColor(0, 255, 0))) << character;
     EXPECT_EQ(FrameSurface.pixelColor(0, 36), QColor(Qt::red)) << "4 + 3 x 16 is more than 48";
-}
 
-TEST_F(AsciiText, EndsAtWhatTheFontsLackAndHasNoOtherHeights) {
+    FrameSurface.fill(Qt::red);
     DrawAsciiText({0, 0}, 12, AsciiBackground::Page, 0x0000FF, 0, "ab\nc");
+    DrawAsciiText({20, 20}, 20, AsciiBackground::Colour, 0x0000FF, 0x00FF00, "A");
     EXPECT_TRUE(stands('a', 12, {0, 0}, Qt::white)) << "the page shows through";
     EXPECT_TRUE(stands('b', 12, {6, 0}, Qt::white));
-    EXPECT_EQ(FrameSurface.pixelColor(12, 0), QColor(Qt::red));
-    DrawAsciiText({20, 20}, 20, AsciiBackground::Colour, 0x0000FF, 0x00FF00, "A");
-    EXPECT_EQ(FrameSurface.pixelColor(20, 20), QColor(Qt::red));
+    for (const QPoint nothing : {QPoint(12, 0), QPoint(20, 20)})
+        EXPECT_EQ(FrameSurface.pixelColor(nothing), QColor(Qt::red));
 }
 
-struct ErrorCase {
-    std::uint8_t colourMode;
-    bool picture; // on the page
-    QColor back;
-};
-class ErrorScreen : public AsciiText, public ::testing::WithParamInterface<ErrorCase> {};
-TEST_P(ErrorScreen, TellsThatTheImageIsIllegal) {
-    imagekit::ImageBuilder image({.ColourMode = GetParam().colourMode});
-    if (GetParam().picture)
-        image.addPage(imagekit::Solid{800, 480, Qt::yellow});
-    else
-        image.addPage();
-    image.patch(ConfigBlockAddress + 0x10, {0x21}); // the check does not hold any more
-    EXPECT_EQ(boot(image), StartResult::Illegal);
-    const std::string text = "Illegal UI file";
-    const AsciiFont& font = *FindAsciiFont(24);
-    for (int i = 0; i < 15; ++i)
-        for (int y = 0; y < 24; ++y)
-            for (int x = 0; x < 12; ++x)
-                ASSERT_EQ(outputs.frame.pixelColor(12 * i + x, 10 + y),
-                          isSet(font, text[static_cast<std::size_t>(i)], x, y) ? QColor(255, 0, 0)
-                                                                               : GetParam().back)
-                    << text[static_cast<std::size_t>(i)] << ' ' << x << ' ' << y;
-    EXPECT_EQ(outputs.frame.pixelColor(180, 10), QColor(0, 0xA2, 0xFF));
+TEST_F(AsciiText, TheErrorScreenTellsThatTheImageIsIllegal) {
+    for (const std::uint8_t colourMode : {0, 1})
+        for (const bool hasPicture : {false, true}) { // the page behind the text
+            imagekit::ImageBuilder image({.ColourMode = colourMode});
+            image.addPage(hasPicture ? imagekit::Picture(imagekit::Solid{800, 480, Qt::blue})
+                                     : imagekit::Picture());
+            image.patch(ConfigBlockAddress + 0x10, {0x21}); // the check does not hold any more
+            EXPECT_EQ(boot(image), StartResult::Illegal);
+            const QColor empty(0, 0xA2, 0xFF), back = hasPicture ? QColor(Qt::blue) : empty;
+            for (int i = 0; const char character : std::string("Illegal UI file"))
+                EXPECT_TRUE(stands(character, 24, {12 * i++, 10}, back, Qt::red)) << character;
+            EXPECT_EQ(outputs.frame.pixelColor(180, 10), empty);
+        }
 }
-INSTANTIATE_TEST_SUITE_P(Images, ErrorScreen,
-                         ::testing::Values(ErrorCase{0, true, Qt::yellow}, ErrorCase{1, true, Qt::yellow},
-                                           ErrorCase{0, false, {0, 0xA2, 0xFF}},
-                                           ErrorCase{1, false, {0, 0xA2, 0xFF}}));
 
 } // namespace
 } // namespace panel

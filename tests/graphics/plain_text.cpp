@@ -6,19 +6,17 @@
 #include "graphics/surfaces.h"
 #include "host/config_block.h"
 
+#include <array>
+
 namespace panel {
 
+// Where red, green and blue stand in a colour word, and the largest that each can be.
+using ColourFields = std::array<std::pair<int, std::uint32_t>, 3>;
+constexpr ColourFields Colour565{{{11, 31}, {5, 63}, {0, 31}}}, Colour888{{{16, 255}, {8, 255}, {0, 255}}};
+
 Encoding EncodingOf(FontKind kind) {
-    switch (kind) {
-    case FontKind::Gb2312: return Encoding::Gb2312;
-    case FontKind::Gbk: return Encoding::Gbk;
-    case FontKind::Big5: return Encoding::Big5;
-    case FontKind::Wide: return Encoding::Wide;
-    case FontKind::Ascii: return Encoding::Ascii;
-    case FontKind::Proportional: return Encoding::Proportional;
-    case FontKind::Sparse: return Encoding::Sparse;
-    }
-    return {};
+    using enum Encoding;
+    return std::array{Gb2312, Gbk, Big5, Ascii, Wide, Proportional, Sparse}[static_cast<std::size_t>(kind)];
 }
 
 bool PlainText::wide() const {
@@ -97,13 +95,10 @@ void PlainText::mask(int characters, int extra) {
 void PlainText::plotGlyph(std::uint16_t code, int x, int y, int cellWidth) const {
     const auto mixed = [&](int v, int whole) {
         std::uint32_t word = 0;
-        const int shifts[] = {ColourMode == 0 ? 11 : 16, ColourMode == 0 ? 5 : 8, 0};
-        const std::uint32_t masks[] = {ColourMode == 0 ? 31u : 255u, ColourMode == 0 ? 63u : 255u,
-                                       ColourMode == 0 ? 31u : 255u};
-        for (int i = 0; i < 3; ++i) {
-            const auto back = static_cast<int>(style.backColour >> shifts[i] & masks[i]);
-            const auto fore = static_cast<int>(style.colour >> shifts[i] & masks[i]);
-            word |= static_cast<std::uint32_t>((back * (whole - v) + fore * v) / whole) << shifts[i];
+        for (const auto& [shift, largest] : ColourMode == 0 ? Colour565 : Colour888) {
+            const auto back = static_cast<int>(style.backColour >> shift & largest);
+            const auto fore = static_cast<int>(style.colour >> shift & largest);
+            word |= static_cast<std::uint32_t>((back * (whole - v) + fore * v) / whole) << shift;
         }
         return word;
     };

@@ -21,6 +21,7 @@ struct NumberCase {
     int digits;
     bool isSigned; // in a command
 };
+void PrintTo(const NumberCase& row, std::ostream* out) { *out << row.name; }
 class Numbers : public ::testing::TestWithParam<NumberCase> {};
 
 std::uint64_t mask(int bytes) { return bytes == 8 ? ~std::uint64_t{0} : (std::uint64_t{1} << 8 * bytes) - 1; }

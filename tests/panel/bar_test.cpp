@@ -128,8 +128,7 @@ struct StepCase {
 };
 void PrintTo(const StepCase& c, std::ostream* out) { *out << c.name; }
 
-class AutoStepTest : public PanelTest {};
-class AutoSteps : public AutoStepTest, public ::testing::WithParamInterface<StepCase> {};
+class AutoSteps : public PanelTest, public ::testing::WithParamInterface<StepCase> {};
 
 TEST_P(AutoSteps, GoAsTheirControlWordTells) {
     const StepCase& c = GetParam();
@@ -175,17 +174,13 @@ INSTANTIATE_TEST_SUITE_P(
         StepCase{"NoControl", {.Highest = 9}, 4, {4, 4}, 3}),
     [](const auto& row) { return std::string(row.param.name); });
 
-TEST_F(AutoStepTest, TellTheirEndAndObeyTheWordSetByIt) {
+TEST_F(PanelTest, AnAutoStepTellsItsEndAndObeysTheWordSetByIt) {
     ImageBuilder image(Small);
-    AutoStep widget{.TargetAddress = Value,
-                    .Type = DataType::U32,
-                    .ControlAddress = Control,
-                    .EndValue = 7,
-                    .Highest = 5,
-                    .Step = 5,
-                    .DoneAddress = Done,
-                    .DoneValue = 44,
-                    .Notify = true};
+    AutoStep widget{.TargetAddress = Value, .Type = U32, .ControlAddress = Control, .EndValue = 7};
+    widget.Highest = widget.Step = 5;
+    widget.DoneAddress = Done;
+    widget.DoneValue = 44;
+    widget.Notify = true;
     image.addPage().add(widget);
     widget.ParameterAddress = 0x0300;
     widget.DoneAddress = word::PagePreset;

@@ -218,27 +218,27 @@ TEST_F(TextrollTest, ShowsTheViewOnItsStripAtEveryColumn) {
 }
 
 TEST_F(TextrollTest, RollsWhatDoesNotFitAndAlignsTheRest) {
-    Textroll right = roll();
-    right.Gap = 1;
+    Textroll t = roll();
+    t.Gap = 1;
     for (const auto align : {Alignment::Right, Alignment::Centre}) {
-        right.Align = align;
-        image.addPage(noisePage()).add(right);
+        t.Align = align;
+        image.addPage(noisePage()).add(t);
     }
     boot(image);
     const std::string text = "Still";
     for (const std::uint16_t page : {0, 1}) {
         show(page, text);
         const int spare = 50 - widthOf(text);
-        const QImage still = viewPlainly(right, text, 50, page == 0 ? spare : spare / 2, 0);
-        EXPECT_EQ(shown(right), still);
+        const QImage still = viewPlainly(t, text, 50, page == 0 ? spare : spare / 2, 0);
+        EXPECT_EQ(shown(t), still);
         run(200);
-        EXPECT_EQ(shown(right), still);
+        EXPECT_EQ(shown(t), still);
         setText(text + " " + text + " " + text);
         run(600);
         EXPECT_GT(Textrolls.at(0)->Position, 5) << "a new text that does not fit starts to roll";
         setText(text);
         run(400);
-        EXPECT_EQ(shown(right), still);
+        EXPECT_EQ(shown(t), still);
     }
 }
 
@@ -273,15 +273,13 @@ TEST_F(TextrollTest, RollsOnAListThatIsLargerThanThePanel) {
     wide.Y1 = 100;
     wide.Y2 = 116;
     const std::string text = "a text that is much, much too long";
-    QImage list(400, 150, QImage::Format_RGB32);
-    list.fill(Qt::darkRed);
     for (const bool opaque : {false, true}) {
         wide.Opaque = opaque;
         auto& rolling = image.addPage(PlainPage(Screen, Qt::cyan));
         rolling.add(wide);
         rolling.add(SlidingList{.Window = {0, 0, 59, 29}, .ListPage = 2});
     }
-    image.addPage(Pixels{list, format::PngOpaque});
+    image.addPage(Filled(400, 150, Qt::darkRed, format::PngOpaque));
     boot(image);
     for (const std::uint16_t page : {0, 1}) {
         show(page, text);

@@ -51,19 +51,25 @@ protected:
     QImage picture;
 };
 
-TEST_F(ListTest, FollowsTheFingerInStepsOfFourBetweenItsEnds) {
-    for (const auto mode : {imagekit::ListMode::Vertical, imagekit::ListMode::Horizontal}) {
-        const bool vertical = mode == imagekit::ListMode::Vertical;
+TEST_F(ListTest, FollowsTheFingerInStepsOfFourToItsEndsOrRoundTheSeam) {
+    using enum imagekit::ListMode;
+    for (const auto mode : {Vertical, Horizontal, EndlessVertical, EndlessHorizontal}) {
+        const bool vertical = mode == Vertical || mode == EndlessVertical;
+        const int seam = mode == EndlessVertical || mode == EndlessHorizontal ? 52 : 0,
+                  length = seam ? seam : 101;
         image = ImageBuilder(Large);
-        listOf(mode, vertical ? 30 : 101, vertical ? 101 : 30);
+        listOf(mode, vertical ? 30 : length, vertical ? length : 30);
         start();
-        int moved = 0;
+        int position = 0;
         EXPECT_EQ(window(), listFrom(0, 0));
-        for (const int pixels : {3, 1, 9, 60, 60, -30, -3, -30, -30, 14, -30}) {
+        for (const int pixels : {3, 1, 9, 60, 60, -30, -3, -30, -30, 14, -30, -30, -4, -30}) {
             dragBy(pixels, vertical);
-            moved = std::clamp(moved + pixels, 0, 71);
-            const int shown = moved / 4 * 4;
-            EXPECT_EQ(window(), listFrom(vertical ? 0 : shown, vertical ? shown : 0)) << moved;
+            position = seam ? position + pixels : std::clamp(position + pixels, 0, 71);
+            const int target = position / 4 * 4,
+                      shown = (target + seam) % length; // steps count from 0 either way
+            EXPECT_EQ(window(), listFrom(vertical ? 0 : shown, vertical ? shown : 0)) << position;
+            if (target > length) position -= seam;
+            if (target < 0) position += seam;
             endDrag();
         }
     }
@@ -72,18 +78,16 @@ TEST_F(ListTest, FollowsTheFingerInStepsOfFourBetweenItsEnds) {
 TEST_F(ListTest, APressIsATapWithin25PixelsAndOutsideTheWindow) {
     listOf(imagekit::ListMode::Vertical, 30, 101);
     start();
+    const auto dragsAt = [this](int y) {
+        drag(75, y);
+        return ListDragging != 0;
+    };
     press(75, 88);
-    drag(75, 63);
-    EXPECT_EQ(ListDragging, 0);
-    drag(75, 20);
-    EXPECT_EQ(ListDragging, 0) << "outside";
+    for (const int y : {63, 20}) EXPECT_FALSE(dragsAt(y)) << "short, or outside";
     endDrag();
     press(75, 20);
-    drag(75, 50);
-    EXPECT_EQ(ListDragging, 0);
-    drag(75, 61);
-    drag(75, 88);
-    EXPECT_EQ(ListDragging, 1) << "a finger that comes in starts where it does";
+    for (const int y : {50, 61}) EXPECT_FALSE(dragsAt(y));
+    EXPECT_TRUE(dragsAt(88)) << "a finger that comes in starts where it does";
     drag(5, 110);
     EXPECT_EQ(ListPosition, 0);
     drag(5, 90);
@@ -93,25 +97,6 @@ TEST_F(ListTest, APressIsATapWithin25PixelsAndOutsideTheWindow) {
     dragBy(62);
     endDrag();
     EXPECT_EQ(TouchBusy, 0) << "also when it ends at the edge of the panel";
-}
-
-TEST_F(ListTest, AnEndlessListHasNoSeam) {
-    for (const auto mode : {imagekit::ListMode::EndlessVertical, imagekit::ListMode::EndlessHorizontal}) {
-        const bool vertical = mode == imagekit::ListMode::EndlessVertical;
-        image = ImageBuilder(Large);
-        listOf(mode, vertical ? 30 : 52, vertical ? 52 : 30);
-        start();
-        int position = 0;
-        for (const int pixels : {20, 20, 12, 8, 60, -30, -30, -30, -30, -30, -4, -30}) {
-            dragBy(pixels, vertical);
-            position += pixels;
-            const int target = position / 4 * 4, shown = (target + 52) % 52; // steps count from 0 either way
-            EXPECT_EQ(window(), listFrom(vertical ? 0 : shown, vertical ? shown : 0)) << position;
-            if (target > 52) position -= 52;
-            if (target < 0) position += 52;
-            endDrag();
-        }
-    }
 }
 
 TEST_F(ListTest, OnATurnedPanelTheOtherAxisBeginsTheDrag) {
@@ -177,21 +162,6 @@ TEST_F(ListTest, ItsKeysMoveWithItAndADragTakesTheirPress) {
     press(x, y);
     endDrag();
     EXPECT_EQ(CurrentPage, 2);
-}
-
-TEST_F(ListTest, ItsIconsAreRedrawnByTheRefresh) {
-    listOf(imagekit::ListMode::Vertical, 30, 100);
-    const std::uint16_t first = addPicture(Qt::yellow);
-    addPicture(Qt::cyan);
-    image.page(0).add(ValueIcon{.InList = true, .ValueAddress = 9, .X = 2, .Y = 3, .FirstImage = first});
-    start();
-    EXPECT_EQ(pixel(63, 64), qRgb(255, 255, 0));
-    StoreWord(9, 1);
-    run(300);
-    EXPECT_EQ(pixel(63, 64), qRgb(0, 255, 255));
-    StoreWord(9, 5);
-    run(300);
-    EXPECT_EQ(window(), listFrom(0, 0)) << "the list's picture lies below";
 }
 
 TEST_F(ListTest, TheBarGoesAlongAndShowsTheDrag) {

@@ -9,7 +9,7 @@ namespace {
 using imagekit::MultiKey;
 using Codes = std::vector<int>;
 
-constexpr QRgb Red = 0xFFFF0000, Green = 0xFF00FF00, Blue = 0xFF0000FF, Cyan = 0xFF00FFFF;
+constexpr QRgb Red = 0xFFFF0000, Green = 0xFF00FF00, Blue = 0xFF0000FF;
 constexpr int ClickBit = 1, DoubleBit = 2, LongBit = 4;
 constexpr int Width = 8, WindowTicks = 2 * 5, LongTicks = 7;
 constexpr std::uint16_t Words = 0x0100;
@@ -199,25 +199,6 @@ TEST_F(MultiKeyTest, ActionsReachSystemWordsAndVirtualKeysOnlyClick) {
         EXPECT_EQ(VirtualKeyPending, 0);
         EXPECT_EQ(told(), code == 1 ? Codes{codeOf(1, ClickBit)} : Codes());
     }
-}
-
-TEST_F(MultiKeyTest, AChangedGroupKeepsTheLookOfThePress) {
-    constexpr std::uint16_t group = 7;
-    const std::uint16_t clear = addPicture(Qt::blue, 2, 2), set = addPicture(Qt::cyan, 2, 2);
-    MultiKey key = keyWith(LongBit, 0);
-    key.OverlayGroup = group;
-    auto& page = addPage();
-    page.add(key);
-    page.addToGroup(group, imagekit::BitIcon{.ValueAddress = Words, .ClearImage = clear, .SetImage = set});
-    start();
-    press(0, 0);
-    run(200); // also after the long press has fired
-    StoreWord(Words, 1);
-    run(300);
-    EXPECT_EQ(pixel(0, 0), Cyan);
-    EXPECT_EQ(pixel(5, 5), Red);
-    letGo();
-    EXPECT_EQ(pixel(5, 5), Green);
 }
 
 } // namespace

@@ -169,30 +169,26 @@ TEST_F(RtouchTest, OnlyTheBandTakesAPressAndADragKeepsIt) {
     page.add(ring(0, 360));
     page.add(beside);
     start();
-    for (const int radius : {23, 37}) {
-        touch({Middle + radius, Middle});
-        EXPECT_EQ(RingActive, 0) << radius;
+    const std::tuple<QPoint, int, int> moves[] = {{{23, 0}, 0, 0},
+                                                  {{37, 0}, 0, 0},
+                                                  {{24, 0}, 1, 270}, // a drag into the band takes the ring
+                                                  {{0, -50}, 1, 270},
+                                                  {{0, -36}, 1, 180}};
+    for (const auto& [fromMiddle, active, angle] : moves) {
+        touch(fromMiddle + QPoint(Middle, Middle));
+        EXPECT_EQ(RingActive, active) << angle;
+        EXPECT_EQ(value(), angle);
     }
-    touch({Middle + 24, Middle});
-    EXPECT_EQ(RingActive, 1) << "a drag that comes into the band takes the ring";
-    EXPECT_EQ(value(), 270);
-    touch({Middle, Middle - 50});
-    EXPECT_EQ(value(), 270);
-    EXPECT_EQ(TouchBusy, 1);
-    touch({Middle, Middle - 36});
-    EXPECT_EQ(value(), 180);
-    StoreWord(Value, 12); // from outside, while a finger holds it
-    QImage held = outputs.frame.copy();
-    run(300);
-    EXPECT_EQ(outputs.frame, held);
-    StoreWord(Second, 200); // of the ring beside it
-    run(300);
-    EXPECT_NE(outputs.frame, held);
-    held = outputs.frame.copy();
+    const auto changes = [this](std::uint16_t word, std::uint16_t written) { // what is shown, from outside
+        const QImage before = outputs.frame.copy();
+        StoreWord(word, written);
+        run(300);
+        return outputs.frame != before;
+    };
+    EXPECT_FALSE(changes(Value, 12)) << "while a finger holds it";
+    EXPECT_TRUE(changes(Second, 200)) << "of the ring beside it";
     letGo();
-    StoreWord(Value, 13);
-    run(300);
-    EXPECT_NE(outputs.frame, held);
+    EXPECT_TRUE(changes(Value, 13));
 }
 
 TEST_F(RtouchTest, ARingThatCannotTurnChangesNothing) {

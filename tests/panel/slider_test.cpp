@@ -164,34 +164,30 @@ protected:
 };
 
 TEST_F(SliderDrags, FollowTheFingerAlongTheTrack) {
+    const auto valueAt = [this](int x, int y) {
+        drag(x, y);
+        EXPECT_EQ(TakeSentFrames(), Payloads());
+        return ReadWord(Value);
+    };
     press(30, 5);
-    EXPECT_EQ(ReadWord(Value), 50);
-    EXPECT_EQ(TakeSentFrames(), Payloads());
-    drag(30, 6); // across only
-    drag(40, 6);
-    EXPECT_EQ(ReadWord(Value), 75);
-    drag(63, 6); // past the end
-    EXPECT_EQ(ReadWord(Value), 100);
-    drag(3, 6);
-    EXPECT_EQ(ReadWord(Value), 0);
-    drag(30, 22); // off sideways, onto another slider
-    EXPECT_EQ(ReadWord(Value), 0);
+    EXPECT_EQ(valueAt(30, 6), 50) << "across only";
+    EXPECT_EQ(valueAt(40, 6), 75);
+    EXPECT_EQ(valueAt(63, 6), 100) << "past the end";
+    EXPECT_EQ(valueAt(3, 6), 0);
+    EXPECT_EQ(valueAt(30, 22), 0) << "off sideways, onto another slider";
     EXPECT_EQ(ReadWord(Second), 0);
-    drag(31, 6);
-    EXPECT_EQ(ReadWord(Value), 52);
+    EXPECT_EQ(valueAt(31, 6), 52);
     StoreWord(Value, 10); // somebody else's value: not drawn over the finger's
     const QImage before = outputs.frame.copy();
     run(300);
     EXPECT_EQ(outputs.frame, before);
     letGo();
     EXPECT_EQ(TakeSentFrames(), (Payloads{{0x41, 1, 0, 0, 10}}));
-    press(31, 6); // the same place again
+    tap(31, 6); // the same place again
     EXPECT_EQ(ReadWord(Value), 52);
-    letGo();
-    tap(40, 20);
+    for (const int y : {20, 34, 44}) tap(40, y);
     EXPECT_EQ(ReadWord(Second), 25);
     EXPECT_EQ(TouchBusy, 0);
-    for (const int y : {34, 44}) tap(30, y);
     EXPECT_EQ(ReadWord(0x0102), 0) << "only shows";
     EXPECT_EQ(ReadWord(0x0103), 0) << "has one value only";
 }

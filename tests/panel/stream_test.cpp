@@ -146,23 +146,6 @@ TEST_F(DisplayStream, BringsInLineWhatItsRecordsDependOn) {
     }
 }
 
-TEST_F(DisplayStream, OnlyInlineGroupRecordsOfGroupKindsAreBroughtInLine) {
-    ImageBuilder image({.Width = 64, .Height = 48, .InitVar = false});
-    auto& page = image.addPage();
-    const auto icon = [](std::uint16_t kind, int address, std::uint16_t parameters = imagekit::Inline) {
-        return imagekit::GroupRecord{
-            1, {.Kind = kind, .ParameterAddress = parameters, .Block = block(12, {{5, address}})}};
-    };
-    page.add(icon(3, 0x0100));
-    page.add(icon(0x0B, 0x0101)); // an image bar lives on pages alone
-    page.add(icon(3, 0x0102, 0x0200));
-    page.add(DisplayRecord{.Kind = 3, .Block = block(12, {{5, 0x0110}})});
-    boot(image);
-    fillStore();
-    ShowPage(0);
-    EXPECT_EQ(syncedBytes(), (std::vector{0, 1}));
-}
-
 TEST_F(DisplayStream, StreamsThatAreTooLongAreCut) {
     ImageBuilder image({.Width = 64, .Height = 48});
     Bytes stream;

@@ -90,23 +90,6 @@ TEST_F(TouchTest, OnePressHasOneOwner) {
     }
 }
 
-TEST_F(TouchTest, APageChangeEndsThePress) {
-    addPicture(Qt::green);
-    for (int i = 0; i < 2; ++i)
-        addPage().add(PageKey{.Where = Corner, .Notify = true, .NotifyCode = 5, .TargetPage = 0});
-    start();
-    press(5, 5);
-    apply(word::Page, 1);
-    cycles(2);
-    EXPECT_EQ(TouchBusy, 0);
-    letGo();
-    EXPECT_EQ(CurrentPage, 1);
-    EXPECT_EQ(TakeSentFrames(), Payloads());
-    tap(5, 5);
-    EXPECT_EQ(CurrentPage, 0);
-    EXPECT_EQ(TakeSentFrames(), (Payloads{{0x41, 0xFF, 0xFF, 0, 5}}));
-}
-
 TEST_F(TouchTest, AVirtualKeyWaitsForARowWithItsCode) {
     addPicture(Qt::red);
     addPage();

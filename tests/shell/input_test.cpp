@@ -4,9 +4,6 @@
 #include "widgets/touch/encoder.h"
 #include "widgets/touch/pointer.h"
 
-#include <QCursor>
-#include <QWindow>
-
 #include <string>
 #include <tuple>
 
@@ -28,17 +25,6 @@ protected:
             zoom_ += 0.2F;
         }
     }
-
-    QPoint moveCursor(QPoint inView) {
-        QCursor::setPos(view().mapToGlobal(inView));
-        return view().mapTo(window_.get(), inView);
-    }
-    QWindow* windowHandle() const { return window_->windowHandle(); }
-    void press(QPoint inView) {
-        QTest::mousePress(windowHandle(), Qt::LeftButton, Qt::NoModifier, moveCursor(inView));
-    }
-    void move(QPoint inView) { QTest::mouseMove(windowHandle(), moveCursor(inView)); }
-    void release() { QTest::mouseRelease(windowHandle(), Qt::LeftButton); }
 
     static QPoint touched() { return {panel::TouchX, panel::TouchY}; }
     QPoint onPanel(QPoint inView) const {

@@ -8,13 +8,7 @@
 #include "pages/page_switch.h"
 #include "store/variable_store.h"
 
-#include <QComboBox>
-#include <QCursor>
-#include <QLineEdit>
 #include <QProcess>
-#include <QPushButton>
-#include <QTabWidget>
-#include <QWindow>
 
 namespace {
 
@@ -45,15 +39,6 @@ protected:
         ASSERT_TRUE(recorder->open(path("s.replay")));
         window_->setInput(std::move(recorder));
     }
-
-    QPoint moveCursor(QPoint onPanel) {
-        QCursor::setPos(view().mapToGlobal(onPanel));
-        return view().mapTo(window_.get(), onPanel);
-    }
-    void press(QPoint at) { QTest::mousePress(hand(), Qt::LeftButton, {}, moveCursor(at)); }
-    void move(QPoint at) { QTest::mouseMove(hand(), moveCursor(at)); }
-    void release() { QTest::mouseRelease(hand(), Qt::LeftButton); }
-    QWindow* hand() const { return window_->windowHandle(); }
 
     void write(const QString& address, const QString& format, const QString& type, const QString& value) {
         find<QTabWidget>("tabWidget").setCurrentWidget(window_->findChild<DialogReg*>());

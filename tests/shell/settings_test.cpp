@@ -3,8 +3,6 @@
 #include "inspector/command_preview.h"
 
 #include <QCheckBox>
-#include <QComboBox>
-#include <QLineEdit>
 
 namespace {
 

@@ -9,12 +9,19 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
+#include <QCursor>
 #include <QDir>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QScrollArea>
+#include <QTabWidget>
 #include <QTest>
 #include <QTextEdit>
 #include <QTimer>
+#include <QWindow>
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -49,6 +56,16 @@ protected:
     QString log() const { return find<QTextEdit>("textEdit").toPlainText(); }
     QLabel& view() const { return find<QLabel>("label_Show"); }
     void trigger(const char* action) const { find<QAction>(action).trigger(); }
+
+    // The mouse, at places of the view.
+    QPoint moveCursor(QPoint inView) const {
+        QCursor::setPos(view().mapToGlobal(inView));
+        return view().mapTo(window_.get(), inView);
+    }
+    void press(QPoint at) const { QTest::mousePress(hand(), Qt::LeftButton, {}, moveCursor(at)); }
+    void move(QPoint at) const { QTest::mouseMove(hand(), moveCursor(at)); }
+    void release() const { QTest::mouseRelease(hand(), Qt::LeftButton); }
+    QWindow* hand() const { return window_->windowHandle(); }
 
     QColor shownColour() const {
         const QImage picture = view().pixmap(Qt::ReturnByValue).toImage();

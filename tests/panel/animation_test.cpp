@@ -77,6 +77,7 @@ TEST_F(Animation, PlaysOnceThenTellsAndLeavesTheLastFrame) {
 TEST_F(Animation, GoesBackToTheFirstFrameWhereItHoldsThat) {
     ImageAnimation holding = Plain;
     holding.HoldFirst = true;
+    holding.DoneAddress = imagekit::None; // it ends in silence
     bootWith(holding, Once);
     EXPECT_EQ(steps(5), (Colours{Green, Blue, Blue, Red, Red}));
     StoreWord(Control, Loop);
@@ -104,6 +105,8 @@ TEST_F(Animation, HidesOnceAndLeavesTheScreenAloneAfterThat) {
         EXPECT_FALSE(row().Shown);
         FrameSurface.fill(Mark);
         EXPECT_EQ(steps(2), (Colours{Mark, Mark}));
+        StoreWord(Control, Idle);
+        EXPECT_EQ(step(), Mark);
         StoreWord(Control, Loop);
         EXPECT_EQ(step(), Red);
     }

@@ -163,8 +163,8 @@ TEST_F(EncoderTest, ALongMenuCountsItsEntriesAndAPopupEndsAdjusting) {
     auto& page = addPage();
     page.add(menu);
     page.add(EncoderPages{.Clockwise = 1}); // only the first one counts
-    auto& other = addPage();
-    other.add(EncoderEntry{.Value = EncoderValue{.Address = word::Page, .Highest = 0}});
+    addPage().add(EncoderEntry{.Value = EncoderValue{.Address = word::Page, .Highest = 0}});
+    addPage().add(DisplayRecord{.Kind = 0x0E, .Block = Bytes(200, 0)}); // more entries than any menu
     start();
     EXPECT_EQ(EntryCount, 19);
     keys("<1>");
@@ -176,6 +176,9 @@ TEST_F(EncoderTest, ALongMenuCountsItsEntriesAndAPopupEndsAdjusting) {
     EXPECT_EQ(CurrentPage, 0) << "the value was the page";
     OpenPopup(1, 0, 0);
     EXPECT_EQ(AdjustMode, 0);
+    ShowPage(2);
+    keys("<1>");
+    EXPECT_LE(EntryIndex, EntryCount);
 }
 
 } // namespace

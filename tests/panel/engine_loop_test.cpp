@@ -5,7 +5,6 @@
 #include "host/work_thread.h"
 #include "panel_test.h"
 #include "store/backlight.h"
-#include "store/pending_writes.h"
 #include "widgets/touch/encoder.h"
 
 #include <QCoreApplication>
@@ -126,19 +125,6 @@ TEST_F(EngineLoop, PagesOfNonsenseDoNoHarm) {
         }
         ASSERT_EQ(outputs.frame.size(), FrameSurface.size());
     }
-}
-
-TEST_F(EngineLoop, TasksOfTheMainThreadAreAppliedOneACycleNewestFirst) {
-    boot(twoPages());
-    StoreWord(word::Volume, 3);
-    StoreWord(word::Page, 1);
-    PendingSystemWrites.append(word::Page);
-    PendingSystemWrites.append(word::Volume);
-    cycles(1);
-    EXPECT_EQ(Volume, 3);
-    EXPECT_EQ(CurrentPage, 0);
-    cycles(1);
-    EXPECT_EQ(CurrentPage, 1);
 }
 
 TEST_F(EngineLoop, MediaRequestsArePassedOnceAndVideoOnItsChipAlone) {

@@ -27,14 +27,6 @@ TEST_F(ImageHead, ReadsPastTheEndAreZero) {
     EXPECT_TRUE(FlashBytes(5, 1).empty());
 }
 
-TEST_F(ImageHead, QuarterTurnsExchangeTheSides) {
-    for (const std::uint8_t turns : {0, 1, 2, 3, 4}) {
-        load({.Width = 320, .Height = 200, .Rotate = turns});
-        const QSize size = turns == 1 || turns == 3 ? QSize(200, 320) : QSize(320, 200);
-        EXPECT_EQ(QSize(DisplayWidth, DisplayHeight), size) << int{turns};
-    }
-}
-
 TEST_F(ImageHead, DimmingSettingsCountOnlyWithAutoDimming) {
     for (const bool automatic : {true, false}) {
         load({.AutoBL = automatic, .BLON = 44, .BLSP = 7, .KPTM = 0x0123});

@@ -44,13 +44,6 @@ protected:
     ImageBuilder image{Config};
 };
 
-TEST_F(Labels, ShowTheTextOfTheStoreUpToItsLength) {
-    bootWith(Plain);
-    EXPECT_EQ(shown(), "abcdefgh");
-    EXPECT_EQ(show("xyz"), "xyz");
-    EXPECT_EQ(FrameSurface.pixel(8 + 12, 12), PageColour) << "the old text is gone";
-}
-
 TEST_F(Labels, CanBeOpaqueAndMasked) {
     Label label = Plain;
     label.Opaque = label.Masked = true;

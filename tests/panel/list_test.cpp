@@ -192,14 +192,15 @@ TEST_F(ListTest, TheBarGoesAlongAndShowsTheDrag) {
 
 TEST_F(ListTest, AListThatCannotBeIsNone) {
     const SlidingList good{.Window = WindowArea, .ListPage = 1, .Mode = imagekit::ListMode::EndlessVertical};
-    SlidingList missing = good, inverted = good;
+    SlidingList missing = good, inverted = good, unknown = good;
+    unknown.Mode = static_cast<imagekit::ListMode>(7);
     missing.ListPage = 77;
     inverted.Window = {89, 89, 60, 60};
     addLargePage().add(missing);
     image.addPage(listPicture(10, 8)); // smaller than its window
-    for (const SlidingList& list : {inverted, good}) addLargePage().add(list);
+    for (const SlidingList& list : {inverted, good, unknown}) addLargePage().add(list);
     start();
-    for (const std::uint16_t page : {0, 2, 3}) {
+    for (const std::uint16_t page : {0, 2, 3, 4}) {
         ShowPage(page);
         EXPECT_EQ(SlideListActive, page < 3 ? 0 : 1);
         press(75, 88);

@@ -229,7 +229,8 @@ TEST_F(MeterTest, ANeedleWalksAndKeepsItsVariableWithinTheLimits) {
     meter.FirstDigit = addDigits(image);
     auto& page = image.addPage(PlainPage(Small, Qt::darkGray));
     page.add(meter);
-    meter.X = meter.DigitsY = 0;
+    meter.X = meter.DigitsY = meter.Step = 0;
+    meter.Kind = Needle::Image; // of which a step of 0 names none
     for (int i = 0; i < 4; ++i) page.add(meter);
     image.setWord(Number, 0xFFF4);
     boot(image);

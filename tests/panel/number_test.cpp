@@ -110,6 +110,13 @@ TEST_F(Numbers, OutsideTheStoreAreNotDrawn) {
     EXPECT_EQ(ReadText(FrameSurface, 20, 30, Ink), "8");
 }
 
+TEST_F(Numbers, MoreThanThePageHoldsAreDrawnWithoutMemory) {
+    ImageBuilder image = panelWith({});
+    image.page(0).setRawStream(imagekit::Stream::Display, RawStream(std::vector(60, Encode(Plain))));
+    boot(image);
+    EXPECT_EQ(show(1, 20), "1");
+}
+
 TEST_F(Numbers, FollowThePopup) {
     Number moving = Plain;
     moving.X = 3;

@@ -179,11 +179,11 @@ TEST_F(HostCommandTest, BrokenFramesChangeNothingMore) {
     StoreWord(0x0100, 0xAAAA);
     StoreWord(0x0101, 0xBBBB);
     const Payload frames[] = {{},
-                            {200, 0x10, 0x01},
-                            {200, 0x10, 0x01, 0x00, 0x12},     // half a word
-                            {3, 0x10, 0x01, 0x00, 0x12, 0x34}, // claims no words
-                            {5, 0x77, 0x01, 0x00, 0x12, 0x34},
-                            {5, 0x10, 0xFF, 0xFF, 0x12, 0x34}};
+                              {200, 0x10, 0x01},
+                              {200, 0x10, 0x01, 0x00, 0x12},     // half a word
+                              {3, 0x10, 0x01, 0x00, 0x12, 0x34}, // claims no words
+                              {5, 0x77, 0x01, 0x00, 0x12, 0x34},
+                              {5, 0x10, 0xFF, 0xFF, 0x12, 0x34}};
     for (const Payload& frame : frames) HostCommand(frame);
     EXPECT_EQ(ReadWord(0x0100), 0xAAAA);
     HostCommand(Payload{255, 0x10, 0x01, 0x00, 0x12, 0x34}); // claims more than it holds

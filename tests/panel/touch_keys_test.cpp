@@ -146,8 +146,9 @@ TEST_F(TouchTest, RowsOnAListAreHitWhereTheListShowsThem) {
 TEST_F(TouchTest, AStateKeyFollowsItsVariableAndStartsItsPreset) {
     for (const QColor colour : {Qt::green, Qt::red, Qt::blue, Qt::cyan}) addPicture(colour);
     auto& page = addPage();
-    page.add(StateKey{Corner, true, 0, Value, 5, 6, 0,
-                      20});              // values 5 and 6, pictures from 0 on, presets from 20 on
+    StateKey key{.Where = Corner, .Notify = true, .Address = Value, .Lowest = 5, .Highest = 6};
+    key.FirstPreset = 20;
+    page.add(key);
     page.add(StateKey{.Where = Corner}); // without a variable: out of the way of the next one
     page.add(PagePreset{.Id = 20, .Items = {{.Address = Value, .Value = 6}}});
     page.add(PagePreset{.Id = 21, .Items = {{.Address = word::Page, .Value = 1}}});
@@ -270,6 +271,7 @@ TEST_F(TouchTest, AHeldStepKeyRepeats) {
     StepKey wide{.Where = inColumn(40), .Notify = true, .Address = Value, .Type = DataType::S32};
     wide.Highest = 300;
     page.add(wide);
+    page.add(StepKey{.Where = VirtualKeyOnly(3), .Address = Other, .Step = 7, .Highest = 9});
     addPage();
     start();
     const auto valueAfter = [&](int count) {
@@ -289,6 +291,8 @@ TEST_F(TouchTest, AHeldStepKeyRepeats) {
     EXPECT_EQ(valueAfter(51), 0x208);
     letGo();
     EXPECT_EQ(ReadWord(Value), 8);
+    virtualKey(3);
+    EXPECT_EQ(ReadWord(Other), 7);
     tap(35, 5);
     EXPECT_EQ(TouchBusy, 0) << "a key without a variable lets go of the press";
     tap(45, 5);
@@ -307,7 +311,10 @@ TEST_F(TouchTest, APopupStandsOnADarkenedPage) {
     addPicture(Qt::green);
     addPicture(Qt::red);
     auto& page = addPage(QColor(200, 100, 50));
-    page.add(PopupKey{Corner, false, 0, 0, 0, 1, 1, 20, 12, /* dim */ true, /* clean the old one */ false});
+    PopupKey opener{
+        .Where = Corner, .NormalImage = 0, .PressImage = 1, .Page = 1, .PopupX = 20, .PopupY = 12};
+    opener.Dim = true;
+    page.add(opener);
     auto& popup = image.addPage(Filled(20, 16, Qt::blue));
     popup.add(PageKey{.Where = {2, 2, 5, 5}, .TargetPage = 0});
     popup.add(PageKey{.Where = VirtualKeyOnly(5), .TargetPage = 0});

@@ -132,12 +132,17 @@ TEST_F(UiTimers, CountUpEndsAtItsPreset) {
 
 TEST_F(UiTimers, OnlyACommandOfOneCountsAndHidingTakesTheDigitsOffOnce) {
     boot(pages({{Plain}}));
-    for (const std::uint16_t control : {0, 3, 0x0101, 2}) {
-        set(9, 5, control);
+    set(9, 4, 0);
+    seconds(1);
+    UiTimerTick();
+    EXPECT_EQ(shown(), "00:00:04") << "a stopped one shows what is written to it";
+    for (const auto& [control, timer, text] :
+         {std::tuple{3, 5, "00:00:05"}, {0, 6, "00:00:06"}, {0x0101, 7, "00:00:07"}, {2, 8, ""}}) {
+        set(9, static_cast<std::uint16_t>(timer), static_cast<std::uint16_t>(control));
         seconds(2);
         cycles(1);
-        EXPECT_EQ(ReadWord(Timer), 5) << control;
-        EXPECT_EQ(shown(), control == 2 ? "" : "00:00:05");
+        EXPECT_EQ(ReadWord(Timer), timer) << control;
+        EXPECT_EQ(shown(), text);
     }
     EXPECT_EQ(UiTimerTable.rows()[0].LastWidth, 0);
     FrameSurface.fill(Qt::green);

@@ -1,5 +1,7 @@
 #include "host/command_line.h"
 
+#include "host/main_window.h"
+
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -22,7 +24,8 @@ constexpr int LongestWaitMs = 24 * 60 * 60 * 1000;
 int readZoom(const QString& text) {
     bool sound = false;
     const int percent = text.toInt(&sound);
-    if (!sound || percent < 60 || percent > 300 || percent % 20 != 0)
+    if (!sound || percent < MainWindow::SmallestZoomPercent || percent > MainWindow::LargestZoomPercent
+        || percent % MainWindow::ZoomStepPercent != 0)
         refuse(QStringLiteral("--zoom takes a percentage of 60, 80, 100 and so on to 300, not \"%1\".")
                    .arg(text));
     return percent;

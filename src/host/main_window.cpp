@@ -34,7 +34,6 @@ constexpr auto TickPeriod = 10ms;
 constexpr auto StartDelay = 1000ms;
 constexpr QSize PlaceholderSize(800, 480);
 constexpr float ZoomStep = 0.2F;
-constexpr int ZoomStepPercent = 20;
 constexpr float SmallestZoom = 0.6F;
 constexpr float LargestZoom = 3.0F;
 

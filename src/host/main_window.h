@@ -42,8 +42,9 @@ public:
 
     /// Loads the image again, at the zoom it is shown at, whenever its file has been written anew.
     void watchImage();
-    /// The zoom that the actions reach from 100 % on: 60 to 300, in steps of 20. Any other percentage is
-    /// taken down to the next one.
+    static constexpr int SmallestZoomPercent = 60, LargestZoomPercent = 300, ZoomStepPercent = 20;
+    /// The zoom that the actions reach from 100 % on: the smallest to the largest, in steps. Any other
+    /// percentage is taken down to the next one.
     static float zoomOf(int percent);
 
     /// Where messages for the user go: ShowMessage() unless a run without a user sets something else.

@@ -1,5 +1,6 @@
 #include "host/session_recorder.h"
 
+#include "host/script_words.h"
 #include "store/host_time.h"
 #include "store/system_words.h"
 #include "store/variable_store.h"
@@ -18,23 +19,20 @@ constexpr char BeatOfTheLoop[] = "ttc"; // two ticks, then a cycle
 constexpr int BeatLength = 3;
 constexpr int BeatTime = 2 * TickTime;
 constexpr int WordBytes = 2;
-constexpr std::size_t LargestWrite = 125; // words that a command frame holds
 
-constexpr const char* EncodingNames[] = {"gb2312", "gbk", "big5", "unicode", "utf-8"};
+namespace script = panel::script;
 
 QString quoted(QString text) { return '"' + text.replace('"', QLatin1String("\"\"")) + '"'; }
 QString hexWord(unsigned word) { return QStringLiteral("0x%1").arg(word, 4, 16, QLatin1Char('0')); }
 
 QString keyName(std::optional<panel::EncoderKey> key) {
-    if (!key) return QStringLiteral("other");
-    switch (*key) {
-    case panel::EncoderKey::Clockwise: return QStringLiteral("right");
-    case panel::EncoderKey::CounterClockwise: return QStringLiteral("left");
-    case panel::EncoderKey::Key1: return QStringLiteral("1");
-    case panel::EncoderKey::Key2: return QStringLiteral("2");
-    case panel::EncoderKey::Key3: return QStringLiteral("3");
-    }
-    return {};
+    return std::ranges::find(script::KeyNames, key, &script::KeyName::key)->name;
+}
+
+/// Any index that is none counts as the first, as the store takes it.
+const script::EncodingName& encodingOf(int index) {
+    const bool known = index >= 0 && index < static_cast<int>(script::EncodingNames.size());
+    return script::EncodingNames[known ? static_cast<std::size_t>(index) : 0];
 }
 
 QString pointer(const char* command, QPoint at) {
@@ -185,13 +183,11 @@ void SessionRecorder::noteNumber(std::uint32_t address, qint64 value, int width)
 void SessionRecorder::noteText(std::uint32_t address, const QString& text, int encodeIndex) {
     if (address >= panel::HandWrittenWordCount) return;
     const auto word = static_cast<std::uint16_t>(address);
-    if (encodeIndex < 0 || encodeIndex >= static_cast<int>(std::size(EncodingNames)))
-        encodeIndex = 0; // as the store takes it
-    const auto encoding = static_cast<panel::TextEncoding>(encodeIndex);
-    const panel::EncodedText encoded = panel::EncodeText(text, encoding);
+    const script::EncodingName& encoding = encodingOf(encodeIndex);
+    const panel::EncodedText encoded = panel::EncodeText(text, encoding.encoding);
     if (!panel::VariableTextFits(word, encoded)) return;
     if (encoded.replaced == 0 && standsInALine(text))
-        write(QStringLiteral("text %1 %2 %3").arg(hexWord(word), EncodingNames[encodeIndex], quoted(text)));
+        write(QStringLiteral("text %1 %2 %3").arg(hexWord(word), encoding.name, quoted(text)));
     else
         noteWords(word, static_cast<std::size_t>((encoded.bytes.size() + 1) / WordBytes));
 }
@@ -199,9 +195,9 @@ void SessionRecorder::noteText(std::uint32_t address, const QString& text, int e
 void SessionRecorder::noteWords(std::uint32_t first, std::size_t count) {
     if (first >= panel::StoreWordCount) return;
     const std::size_t end = std::min(first + count, std::size_t{panel::StoreWordCount});
-    for (std::size_t at = first; at < end; at += LargestWrite) {
+    for (std::size_t at = first; at < end; at += script::LargestWrite) {
         QString line = QStringLiteral("write ") + hexWord(static_cast<unsigned>(at));
-        for (std::size_t word = at; word < std::min(at + LargestWrite, end); ++word)
+        for (std::size_t word = at; word < std::min(at + script::LargestWrite, end); ++word)
             line += ' ' + hexWord(panel::ReadWord(static_cast<std::uint16_t>(word)));
         write(line);
     }

@@ -43,10 +43,9 @@ constexpr int RowHeight = 35;
 constexpr int TypeRole = Qt::UserRole;
 constexpr int EncodeRole = Qt::UserRole + 1;
 
-/// The system rows have all their widgets, once and for all. Further down a row has its buttons while it is
-/// in view, and no combos, whose columns nobody sees: a styled combo costs as much as a hundred rows of
-/// cells.
-constexpr int RowsWithWidgets = 16;
+/// These have all their widgets, once and for all. Further down a row has its buttons while it is in view,
+/// and no combos, whose columns nobody sees: a styled combo costs as much as a hundred rows of cells.
+int systemRowCount() { return static_cast<int>(inspector::SystemRows().size()); }
 
 constexpr int EventPeriod = 20;                      // ms between two looks at the events in a long fill
 constexpr qint64 LargestTableFile = 64 << 20;        // bytes
@@ -283,7 +282,7 @@ void DialogReg::AddRow(const inspector::WidgetRow& row, int at) {
     address->setData(EncodeRole, row.encodeIndex);
     table.setItem(at, VarAddr, address);
     table.setItem(at, Data, makeDataCell({}));
-    if (at >= RowsWithWidgets || table.cellWidget(at, DataType)) return;
+    if (at >= systemRowCount() || table.cellWidget(at, DataType)) return;
     table.setCellWidget(at, DataType, makeRowCombo(typeItems_, row.typeIndex));
     table.setCellWidget(at, Encode, makeRowCombo(encodeItems_, row.encodeIndex));
     addRowButtons(at);
@@ -307,7 +306,7 @@ void DialogReg::showRowButtons() {
             for (const Column column : {Read, Write}) table.removeCellWidget(*row, column);
         row = inView ? std::next(row) : passingRows_.erase(row);
     }
-    for (int row = std::max(first, RowsWithWidgets); row <= last; ++row) {
+    for (int row = std::max(first, systemRowCount()); row <= last; ++row) {
         if (!hasRow(row) || passingRows_.contains(row)) continue;
         addRowButtons(row);
         passingRows_ += row;
@@ -394,7 +393,7 @@ void DialogReg::AddrInit() {
     sinceEvents_.start();
     ui_->lineEdit_VarAddr->clear();
     ui_->lineEdit_2->clear();
-    ui_->tableWidget->setRowCount(static_cast<int>(inspector::SystemRows().size()));
+    ui_->tableWidget->setRowCount(systemRowCount());
     AddSystemRows();
     if (panel::IllegalImage) return;
     ResetPanel();
@@ -414,7 +413,7 @@ void DialogReg::LoadWidgetTables() {
 
 void DialogReg::addRows(const std::vector<inspector::WidgetRow>& rows) {
     const int fill = fill_;
-    int at = static_cast<int>(inspector::SystemRows().size());
+    int at = systemRowCount();
     ui_->tableWidget->setRowCount(at + static_cast<int>(rows.size()));
     for (const inspector::WidgetRow& row : rows) {
         AddRow(row, at++);

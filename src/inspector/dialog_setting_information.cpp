@@ -12,6 +12,8 @@
 #include <array>
 #include <cstddef>
 
+using inspector::FormatHex;
+
 namespace {
 
 constexpr std::array<const char*, 4> RotationLabels{"  0 Degree", " 90 Degree", "180 Degree", "270 Degree"};
@@ -46,8 +48,6 @@ void fill(QComboBox& combo, const std::array<const char*, N>& labels, std::size_
 }
 
 void showNumber(QLineEdit& edit, unsigned number) { edit.setText(QString::number(number)); }
-
-QString hex(std::uint32_t value, int digits) { return inspector::FormatHex(value, digits); }
 
 int flashTypeRow(const panel::ConfigBlock& config) {
     if (config.ICType == ChipWithEitherFlash) return config.NandFlash ? NandFlashRow : NorFlashRow;
@@ -112,11 +112,11 @@ void Dialogsettinginformation::showCommunication(const panel::ConfigBlock& confi
     inspector::PreviewNoCrc = config.NoCRC ? 1 : 0;
     fill(*ui_->comboBox_EOCheck, ParityLabels, config.EOCheck, 0);
     fill(*ui_->comboBox_BAUD, BaudRateLabels, config.BAUD, OtherwiseBaud);
-    const QString first = hex(config.StartBytes[0], 2);
-    const QString second = hex(config.StartBytes[1], 2);
+    const QString first = FormatHex(config.StartBytes[0], 2);
+    const QString second = FormatHex(config.StartBytes[1], 2);
     ui_->lineEdit_StartBytes->setText(first + ',' + second);
     inspector::PreviewHeader = first + second;
-    ui_->lineEdit_DevAddr->setText(hex(config.DevAddr, 2));
+    ui_->lineEdit_DevAddr->setText(FormatHex(config.DevAddr, 2));
     showNumber(*ui_->lineEdit_DevNum, 1);
 }
 
@@ -142,7 +142,7 @@ void Dialogsettinginformation::showPanel(const panel::ConfigBlock& config) {
 }
 
 void Dialogsettinginformation::showApplication(const panel::ConfigBlock& config) {
-    ui_->lineEdit_USER_KEY->setText(hex(config.USER_KEY, 8));
+    ui_->lineEdit_USER_KEY->setText(FormatHex(config.USER_KEY, 8));
     ui_->lineEdit_UserVER->setText(DecodeText(QByteArray::fromStdString(config.UserVER)));
     ui_->comboBox_SPage->clear();
     ui_->comboBox_SPage->addItems(pageNames(config.SPage));

@@ -8,8 +8,9 @@
 #include <memory>
 #include <xcb/xcb.h>
 
+bool TitleBarReleaseIsHidden() { return QX11Info::isPlatformX11(); }
+
 bool LeftButtonIsDown() {
-    if (!QX11Info::isPlatformX11()) return false;
     xcb_connection_t* server = QX11Info::connection();
     const auto query = xcb_query_pointer(server, static_cast<xcb_window_t>(QX11Info::appRootWindow()));
     const std::unique_ptr<xcb_query_pointer_reply_t, decltype(&std::free)> pointer(
@@ -19,6 +20,7 @@ bool LeftButtonIsDown() {
 
 #else
 
+bool TitleBarReleaseIsHidden() { return false; }
 bool LeftButtonIsDown() { return false; }
 
 #endif

@@ -42,11 +42,11 @@ bool MyTabPopup::event(QEvent* event) {
 
 void MyTabPopup::closeEvent(QCloseEvent*) { emit closeEmulation(); }
 
-/// On X11 the window manager keeps the buttons of a title bar to itself: the window only hears that it has
-/// moved, from some managers all the way, from others at the end.
+/// Of a drag by the title bar the window may only hear that it has moved, from some window managers all the
+/// way, from others at the end.
 void MyTabPopup::moveEvent(QMoveEvent* event) {
     QDialog::moveEvent(event);
-    titleDrag_.start();
+    if (TitleBarReleaseIsHidden()) titleDrag_.start();
 }
 
 void MyTabPopup::lookForRelease() {

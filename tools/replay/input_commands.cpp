@@ -1,6 +1,7 @@
 #include "replay/input_commands.h"
 
 #include "host/config_block.h"
+#include "host/script_words.h"
 #include "replay/command_error.h"
 #include "replay/word_text.h"
 #include "store/host_command.h"
@@ -8,17 +9,16 @@
 #include "store/variable_store.h"
 #include "store/variable_text.h"
 #include "store/variable_value.h"
-#include "widgets/touch/encoder.h"
 #include "widgets/touch/pointer.h"
 
 #include <QPoint>
 
-#include <array>
-#include <optional>
 #include <vector>
 
 namespace replay {
 namespace {
+
+namespace script = panel::script;
 
 constexpr int LargestCount = 24 * 60 * 60 * 100; // the ticks of a day
 constexpr int TapTime = 60;                      // ms that a tap lasts, and that the panel then has
@@ -48,27 +48,6 @@ void drag(QPoint from, QPoint to, int milliseconds, Bench& bench) {
     release(bench);
 }
 
-struct KeyName {
-    const char* name;
-    std::optional<panel::EncoderKey> key;
-};
-constexpr std::array<KeyName, 6> KeyNames{{{"right", panel::EncoderKey::Clockwise},
-                                           {"left", panel::EncoderKey::CounterClockwise},
-                                           {"1", panel::EncoderKey::Key1},
-                                           {"2", panel::EncoderKey::Key2},
-                                           {"3", panel::EncoderKey::Key3},
-                                           {"other", std::nullopt}}};
-
-struct EncodingName {
-    const char* name;
-    panel::TextEncoding encoding;
-};
-constexpr std::array<EncodingName, 5> EncodingNames{{{"gb2312", panel::TextEncoding::GB2312},
-                                                     {"gbk", panel::TextEncoding::GBK},
-                                                     {"big5", panel::TextEncoding::Big5},
-                                                     {"unicode", panel::TextEncoding::Unicode},
-                                                     {"utf-8", panel::TextEncoding::Utf8}}};
-
 constexpr int WordWidth = 2; // bytes
 
 /// Words that a host may write: those of the store, and the two ranges of the curve channels.
@@ -78,8 +57,6 @@ bool writableByHost(std::uint16_t address, std::size_t count) {
 }
 
 constexpr std::uint8_t WriteCommand = 0x10;
-// A length byte counts at most 255 bytes: the command, the address and two check bytes leave 125 words.
-constexpr std::size_t LargestWrite = 125;
 
 /// A write command as HostCommand() takes it; its length counts the check bytes, which the transport took
 /// off.
@@ -141,15 +118,15 @@ Action PrepareDrag(Arguments& arguments) {
 }
 
 Action PrepareKey(Arguments& arguments) {
-    return [key = arguments.named("the key", KeyNames).key](Bench&) { panel::PressKey(key); };
+    return [key = arguments.named("the key", script::KeyNames).key](Bench&) { panel::PressKey(key); };
 }
 
 Action PrepareWrite(Arguments& arguments) {
     const std::uint16_t address = arguments.address(0x10000);
     std::vector<std::uint16_t> words{arguments.word("WORD")};
     while (!arguments.empty()) words.push_back(arguments.word("WORD"));
-    if (words.size() > LargestWrite)
-        throw CommandError(QString("a command frame holds at most %1 words").arg(LargestWrite));
+    if (words.size() > script::LargestWrite)
+        throw CommandError(QString("a command frame holds at most %1 words").arg(script::LargestWrite));
     if (!writableByHost(address, words.size()))
         throw CommandError(
             QString("out of reach of a host: %1 words at %2").arg(words.size()).arg(AddressText(address)));
@@ -171,7 +148,7 @@ Action PrepareSet(Arguments& arguments) {
 
 Action PrepareText(Arguments& arguments) {
     const std::uint16_t address = arguments.address(panel::HandWrittenWordCount);
-    const EncodingName& encoding = arguments.named("ENCODING", EncodingNames);
+    const script::EncodingName& encoding = arguments.named("ENCODING", script::EncodingNames);
     const QString text = arguments.text("TEXT");
     if (text.isEmpty()) throw CommandError("an empty text is not written; a word of 0 ends a text");
     const panel::EncodedText encoded = panel::EncodeText(text, encoding.encoding);

@@ -10,8 +10,7 @@
 namespace panel {
 
 // The main thread writes; the engine reads, and clears the flags when the page changes or a press only wakes
-// the panel. The two halves of a
-// position may come from two moves; nothing relies on a consistent pair.
+// the panel. The two halves of a position may come from two moves; nothing relies on a consistent pair.
 inline Shared<std::uint8_t> TouchPressed{0}; // 1 while the pointer is down inside the panel
 inline Shared<std::uint16_t> TouchX{0};      // last position, px
 inline Shared<std::uint16_t> TouchY{0};

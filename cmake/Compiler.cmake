@@ -17,7 +17,11 @@ if(VENDARO_SANITIZERS)
     add_compile_options(-fsanitize=${VENDARO_SANITIZERS} -fno-omit-frame-pointer)
     add_link_options(-fsanitize=${VENDARO_SANITIZERS})
     if(VENDARO_SANITIZERS MATCHES undefined)
-        add_compile_options(-fno-sanitize-recover=undefined)
+        add_compile_options(-fno-sanitize-recover=all)
+    endif()
+    if(VENDARO_SANITIZERS MATCHES implicit-conversion)
+        # The standard library narrows on purpose.
+        add_compile_options(-fsanitize-ignorelist=${CMAKE_CURRENT_LIST_DIR}/not-ours.txt)
     endif()
     if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
         # GCC 12 loses track of sizes among the sanitizers' checks and warns of overflows inside std::vector.

@@ -1,4 +1,5 @@
-// Writes sound images for the fuzz targets to start from: make-seeds FOLDER.
+#include "base_images.h"
+
 #include "imagekit/bar_widgets.h"
 #include "imagekit/chart_widgets.h"
 #include "imagekit/clock_widgets.h"
@@ -10,17 +11,12 @@
 #include "imagekit/meter_widgets.h"
 #include "imagekit/touch_controls.h"
 
-#include <QDir>
-#include <QFile>
-
-#include <cstdio>
 #include <iterator>
 
+namespace fuzz {
 namespace {
 
 using namespace imagekit;
-
-constexpr int ScriptBytes = 64; // that the image target takes off the end
 
 QImage gradient(int width, int height) {
     QImage image(width, height, QImage::Format_ARGB32);
@@ -240,32 +236,22 @@ ImageBuilder everyInstrument(const PanelConfig& config) {
     return image;
 }
 
-bool writeSeed(const QDir& folder, const QString& name, const ImageBuilder& image) {
-    QFile file(folder.filePath(name));
-    const QByteArray bytes = image.build() + QByteArray(ScriptBytes, '\x07');
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
 } // namespace
 
-int main(int argc, char** argv) {
-    if (argc != 2 || !QDir().mkpath(argv[1])) {
-        std::fprintf(stderr, "usage: make-seeds FOLDER\n");
-        return 2;
-    }
-    const QDir folder(argv[1]);
-    bool written = writeSeed(folder, "touch", everyTouchWidget({.Width = 48, .Height = 40, .LangueNum = 2}));
-    written &= writeSeed(folder, "instruments", everyInstrument({.Width = 48, .Height = 40}));
+std::vector<QByteArray> BaseImages() {
+    std::vector<QByteArray> images{everyTouchWidget({.Width = 48, .Height = 40, .LangueNum = 2}).build(),
+                                   everyInstrument({.Width = 48, .Height = 40}).build()};
     for (const std::uint8_t chip : {1, 4, 5})
         for (const std::uint8_t mode : {0, 1})
             for (const bool nand : {false, true})
-                written &= writeSeed(
-                    folder, QStringLiteral("chip%1-mode%2-%3").arg(chip).arg(mode).arg(nand ? "nand" : "nor"),
-                    everyFormat({.Width = 48,
-                                 .Height = 40,
-                                 .ColourMode = mode,
-                                 .ICType = chip,
-                                 .NandFlash = nand,
-                                 .LangueNum = 2}));
-    return written ? 0 : 1;
+                images.push_back(everyFormat({.Width = 48,
+                                              .Height = 40,
+                                              .ColourMode = mode,
+                                              .ICType = chip,
+                                              .NandFlash = nand,
+                                              .LangueNum = 2})
+                                     .build());
+    return images;
 }
+
+} // namespace fuzz

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 
 namespace panel {
 namespace {
@@ -22,20 +23,34 @@ const std::array<NamedSurface, 11> SurfaceNames{{{"PageBackground", &PageBackgro
                                                  {"ListSurfaceA", &ListSurfaceA},
                                                  {"ListSurfaceB", &ListSurfaceB}}};
 
-QImage newSurface(QSize size, Qt::GlobalColor colour) {
+QImage blackSurface(QSize size) {
     QImage surface(size, QImage::Format_ARGB32_Premultiplied);
-    surface.fill(colour);
+    surface.fill(Qt::black);
     return surface;
+}
+
+/// On memory that the system gives as zeros, so that what a project never uses costs neither time nor memory.
+QImage transparentSurface(QSize size) {
+    const auto rowBytes = static_cast<std::size_t>(size.width()) * sizeof(QRgb);
+    auto* pixels = static_cast<uchar*>(std::calloc(static_cast<std::size_t>(size.height()), rowBytes));
+    if (!pixels) return {};
+    return {pixels,
+            size.width(),
+            size.height(),
+            static_cast<int>(rowBytes),
+            QImage::Format_ARGB32_Premultiplied,
+            std::free,
+            pixels};
 }
 
 } // namespace
 
 void MakeSurfaces(QSize size) {
-    for (QImage* surface : {&PageBackground, &FrameSurface}) *surface = newSurface(size, Qt::black);
+    for (QImage* surface : {&PageBackground, &FrameSurface}) *surface = blackSurface(size);
     for (QImage* surface :
          {&WorkSurface, &BaseSurface, &TextSurface, &PopupSaveSurface, &ImageScratchSurface, &OverlaySurface})
-        *surface = newSurface(size, Qt::transparent);
-    SlideSurface = newSurface({3 * size.width(), size.height()}, Qt::transparent);
+        *surface = transparentSurface(size);
+    SlideSurface = transparentSurface({3 * size.width(), size.height()});
     ListSurfaceA = QImage();
     ListSurfaceB = QImage();
 }

@@ -43,8 +43,9 @@ constexpr int RowHeight = 35;
 constexpr int TypeRole = Qt::UserRole;
 constexpr int EncodeRole = Qt::UserRole + 1;
 
-/// These have all their widgets, once and for all. Further down a row has its buttons while it is in view,
-/// and no combos, whose columns nobody sees: a styled combo costs as much as a hundred rows of cells.
+/// These get all their widgets, once and for all, one row after the other while the window is idle. Further
+/// down a row has its buttons while it is in view, and no combos, whose columns nobody sees: a styled combo
+/// costs as much as a hundred rows of cells.
 int systemRowCount() { return static_cast<int>(inspector::SystemRows().size()); }
 
 constexpr int EventPeriod = 20;                      // ms between two looks at the events in a long fill
@@ -148,6 +149,8 @@ void DialogReg::setUpTable() {
     table.hideColumn(DataType);
     table.hideColumn(Encode);
     AddSystemRows();
+    connect(&rowWidgetsTimer_, &QTimer::timeout, this, &DialogReg::addSystemRowWidgets);
+    rowWidgetsTimer_.start();
 }
 
 void DialogReg::setUpPanel() {
@@ -282,17 +285,21 @@ void DialogReg::AddRow(const inspector::WidgetRow& row, int at) {
     address->setData(EncodeRole, row.encodeIndex);
     table.setItem(at, VarAddr, address);
     table.setItem(at, Data, makeDataCell({}));
-    if (at >= systemRowCount() || table.cellWidget(at, DataType)) return;
-    table.setCellWidget(at, DataType, makeRowCombo(typeItems_, row.typeIndex));
-    table.setCellWidget(at, Encode, makeRowCombo(encodeItems_, row.encodeIndex));
-    addRowButtons(at);
+}
+
+void DialogReg::addSystemRowWidgets() {
+    const int row = rowsWithWidgets_++;
+    if (rowsWithWidgets_ == systemRowCount()) rowWidgetsTimer_.stop();
+    QTableWidget& table = *ui_->tableWidget;
+    table.setCellWidget(row, DataType, makeRowCombo(typeItems_, rowIndex(row, DataType)));
+    table.setCellWidget(row, Encode, makeRowCombo(encodeItems_, rowIndex(row, Encode)));
+    addRowButtons(row);
 }
 
 void DialogReg::addRowButtons(int row) {
     QTableWidget& table = *ui_->tableWidget;
-    table.setCellWidget(row, Read, makeRowButton(":/Icon/read.png", "Read", &DialogReg::tableWidget_readVar));
-    table.setCellWidget(row, Write,
-                        makeRowButton(":/Icon/write.png", "Write", &DialogReg::tableWidget_writeVar));
+    table.setCellWidget(row, Read, makeRowButton(readIcon_, "Read", &DialogReg::tableWidget_readVar));
+    table.setCellWidget(row, Write, makeRowButton(writeIcon_, "Write", &DialogReg::tableWidget_writeVar));
 }
 
 void DialogReg::showRowButtons() {
@@ -326,8 +333,8 @@ QComboBox* DialogReg::makeRowCombo(QStandardItemModel& items, int index) {
     return combo;
 }
 
-QWidget* DialogReg::makeRowButton(const char* icon, const QString& name, void (DialogReg::*act)()) {
-    auto* button = new QPushButton(QIcon(icon), {});
+QWidget* DialogReg::makeRowButton(const QIcon& icon, const QString& name, void (DialogReg::*act)()) {
+    auto* button = new QPushButton(icon, {});
     button->setAccessibleName(name);
     button->setToolTip(name + " the selected row");
     button->setStyleSheet(RowButtonStyle);

@@ -9,8 +9,10 @@
 
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QIcon>
 #include <QSet>
 #include <QStandardItemModel>
+#include <QTimer>
 
 #include <memory>
 #include <vector>
@@ -80,10 +82,11 @@ private:
     void AddSystemRows();
     void addRows(const std::vector<inspector::WidgetRow>& rows);
     void AddRow(const inspector::WidgetRow& row, int at);
+    void addSystemRowWidgets();
     void addRowButtons(int row);
     void showRowButtons();
     QComboBox* makeRowCombo(QStandardItemModel& items, int index);
-    QWidget* makeRowButton(const char* icon, const QString& name, void (DialogReg::*act)());
+    QWidget* makeRowButton(const QIcon& icon, const QString& name, void (DialogReg::*act)());
     bool hasRow(int row) const;
     inspector::Variable rowVariable(int row) const;
     int rowIndex(int row, int column) const;
@@ -101,6 +104,10 @@ private:
     QStandardItemModel encodeItems_; // and of their Encode combos
     QString displayCsvPath_;
     QString touchCsvPath_;
+    const QIcon readIcon_{QStringLiteral(":/Icon/read.png")};
+    const QIcon writeIcon_{QStringLiteral(":/Icon/write.png")};
+    QTimer rowWidgetsTimer_;    // runs until the system rows have their widgets
+    int rowsWithWidgets_ = 0;   // system rows
     QSet<int> passingRows_;     // rows that have buttons only while they are in view
     QElapsedTimer sinceEvents_; // since events were last served in a long fill
     int fill_ = 0;              // counts the fills, so that one that was overtaken can end

@@ -19,6 +19,7 @@ protected:
     void SetUp() override {
         openWindow();
         find<QTabWidget>("tabWidget").setCurrentWidget(&dialog());
+        ASSERT_TRUE(QTest::qWaitFor([this] { return table().cellWidget(15, Write); }));
     }
 
     DialogReg& dialog() const { return *window_->findChild<DialogReg*>(); }

@@ -1,5 +1,6 @@
 #include "host/command_line.h"
 #include "host/main_window.h"
+#include "host/platform_setup.h"
 #include "host/session_recorder.h"
 #include "host/video_decoder.h"
 
@@ -78,8 +79,7 @@ void begin(MainWindow& window, const CommandLine& line) {
 } // namespace
 
 int main(int argc, char** argv) {
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    SetUpPlatform();
     QCoreApplication::setApplicationName(QStringLiteral("vendaro"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VENDARO_VERSION));
     const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);

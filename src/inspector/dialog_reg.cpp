@@ -43,11 +43,12 @@ constexpr int RowHeight = 35;
 constexpr int TypeRole = Qt::UserRole;
 constexpr int EncodeRole = Qt::UserRole + 1;
 
-/// These get all their widgets, once and for all, one row after the other while the window is idle. Further
-/// down a row has its buttons while it is in view, and no combos, whose columns nobody sees: a styled combo
-/// costs as much as a hundred rows of cells.
+/// These get all their widgets, once and for all, one row after the other, a moment after the window is
+/// there. Further down a row has its buttons while it is in view, and no combos, whose columns nobody sees: a
+/// styled combo costs as much as a hundred rows of cells.
 int systemRowCount() { return static_cast<int>(inspector::SystemRows().size()); }
 
+constexpr int RowWidgetsDelay = 200;                 // ms, so that the first image is on show before
 constexpr int EventPeriod = 20;                      // ms between two looks at the events in a long fill
 constexpr qint64 LargestTableFile = 64 << 20;        // bytes
 constexpr int NumericalFormat = 0, StringFormat = 1; // of the panel
@@ -150,7 +151,7 @@ void DialogReg::setUpTable() {
     table.hideColumn(Encode);
     AddSystemRows();
     connect(&rowWidgetsTimer_, &QTimer::timeout, this, &DialogReg::addSystemRowWidgets);
-    rowWidgetsTimer_.start();
+    rowWidgetsTimer_.start(RowWidgetsDelay);
 }
 
 void DialogReg::setUpPanel() {
@@ -288,6 +289,7 @@ void DialogReg::AddRow(const inspector::WidgetRow& row, int at) {
 }
 
 void DialogReg::addSystemRowWidgets() {
+    rowWidgetsTimer_.setInterval(0);
     const int row = rowsWithWidgets_++;
     if (rowsWithWidgets_ == systemRowCount()) rowWidgetsTimer_.stop();
     QTableWidget& table = *ui_->tableWidget;

@@ -3,10 +3,12 @@
 #include "host/engine_loop.h"
 #include "host/frame_presenter.h"
 #include "host/main_window.h"
+#include "host/platform_setup.h"
 #include "host/work_thread.h"
 #include "pages/page_switch.h"
 #include "store/system_words.h"
 #include "store/variable_value.h"
+#include "whole/start_watch.h"
 #include "yardstick.h"
 
 #include <QApplication>
@@ -29,45 +31,16 @@ constexpr auto Settling = 2s;
 constexpr auto Watched = 6s;
 constexpr double MostFrame = 9, MostUnchanged = 0.05, MostStart = 1.5, MostIdle = 2, MostAnimated = 15;
 
-double now() {
-    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
-}
-
-rusage usage() {
+double processorSeconds() {
     rusage used{};
     getrusage(RUSAGE_SELF, &used);
-    return used;
-}
-
-double processorSeconds() {
-    const rusage used = usage();
     const auto seconds = [](const timeval& time) {
         return static_cast<double>(time.tv_sec) + 1e-6 * static_cast<double>(time.tv_usec);
     };
     return seconds(used.ru_utime) + seconds(used.ru_stime);
 }
 
-double peakMebibytes() { return static_cast<double>(usage().ru_maxrss) / 1024; }
-
 // --- What a child does, and tells its parent on standard output ---
-
-/// Tells when the first frame was there and how much memory it took, and ends.
-void tellStart() {
-    std::printf("%.6f %.3f\n", now(), peakMebibytes());
-    QCoreApplication::quit();
-}
-
-/// The least that any program with a picture in a window costs.
-int plainStart(int argc, char** argv) {
-    QApplication application(argc, argv);
-    QLabel label;
-    QImage picture(800, 480, QImage::Format_ARGB32_Premultiplied);
-    picture.fill(Qt::darkBlue);
-    label.setPixmap(QPixmap::fromImage(picture));
-    label.show();
-    QTimer::singleShot(0, tellStart);
-    return QApplication::exec();
-}
 
 /// A window of its own path files with an image in it.
 struct Window {
@@ -76,6 +49,9 @@ struct Window {
         window.show();
     }
 
+    struct Platform {
+        Platform() { SetUpPlatform(); }
+    } platform;
     QApplication application;
     QTemporaryDir files;
     MainWindow window;
@@ -83,14 +59,8 @@ struct Window {
 
 int panelStart(int argc, char** argv) {
     Window shown(argc, argv);
-    QTimer poll;
-    QObject::connect(&poll, &QTimer::timeout, [&] {
-        if (shown.window.progress().cycles > 0) tellStart();
-    });
-    QTimer::singleShot(0, [&] {
-        shown.window.openImage(argv[2]);
-        poll.start(1);
-    });
+    const StartWatch watch(*shown.window.findChild<QLabel*>("label_Show"));
+    QTimer::singleShot(0, [&] { shown.window.openImage(argv[2]); });
     return QApplication::exec();
 }
 
@@ -148,10 +118,10 @@ struct Told {
     double first = 0, second = 0;
 };
 
-Told ask(const QStringList& arguments) {
+Told ask(const QStringList& arguments, const QString& program = QCoreApplication::applicationFilePath()) {
     QProcess child;
     child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    child.start(QCoreApplication::applicationFilePath(), arguments);
+    child.start(program, arguments);
     child.waitForFinished(60000);
     const QList<QByteArray> words = child.readAllStandardOutput().simplified().split(' ');
     return {.first = words.value(0).toDouble(), .second = words.value(1).toDouble()};
@@ -161,16 +131,15 @@ struct Start {
     double seconds, mebibytes;
 };
 
-Start startOf(const QStringList& arguments) {
+Start startOf(const QString& program, const QStringList& arguments) {
     const double before = now();
-    const Told told = ask(arguments);
+    const Told told = ask(arguments, program);
     return {.seconds = told.first - before, .mebibytes = told.second};
 }
 
 } // namespace
 
 std::function<int(int, char**)> ChildOf(const std::string& name) {
-    if (name == "--plain-start") return plainStart;
     if (name == "--panel-start") return panelStart;
     if (name == "--panel-share") return panelShare;
     if (name == "--frames") return frames;
@@ -178,10 +147,11 @@ std::function<int(int, char**)> ChildOf(const std::string& name) {
 }
 
 Lines WindowCosts(const Demo& demo) {
+    const QString self = QCoreApplication::applicationFilePath();
     std::vector<double> plainSeconds, panelSeconds, plainMemory, panelMemory;
     for (int i = 0; i < Starts; ++i) {
-        const Start plain = startOf({"--plain-start"});
-        const Start panel = startOf({"--panel-start", demo.image});
+        const Start plain = startOf(self + "-plain", {});
+        const Start panel = startOf(self, {"--panel-start", demo.image});
         plainSeconds.push_back(plain.seconds);
         panelSeconds.push_back(panel.seconds);
         plainMemory.push_back(plain.mebibytes);

@@ -3,6 +3,7 @@
 
 #include "store/shared.h"
 
+#include <atomic>
 #include <cstdint>
 
 namespace panel {
@@ -36,8 +37,9 @@ inline Shared<std::uint8_t> Volume{0};
 /// The last volume that was given to the player. Engine only.
 inline std::uint8_t VolumeApplied = 0;
 
-/// A virtual key that waits for a row with its code, from word 0x700D.
-inline Shared<std::uint8_t> VirtualKeyPending{0};
+/// A virtual key that waits for a row with its code, from word 0x700D. Either thread raises the flag after it
+/// has set the code; who sees the flag sees the code.
+inline std::atomic<std::uint8_t> VirtualKeyPending{0};
 inline Shared<std::uint16_t> VirtualKeyCode{0};
 
 /// Acts on a word after it was written. Engine thread; a word without an action does nothing.

@@ -58,7 +58,7 @@ struct KeyFamily {
     void (*letGo)(const Row&) = nullptr;
     /// What the key is for, once the press is free again.
     void (*act)(const Row&) = nullptr;
-    /// All that a virtual key does. Null: the family serves virtual keys by itself.
+    /// All that a virtual key does. Null: the family takes none here.
     void (*virtualKey)(const Row&) = nullptr;
     /// Whether a row takes a press at all. Null: all do.
     bool (*takesPress)(const Row&) = nullptr;
@@ -91,7 +91,8 @@ void LetGo(const KeyFamily<Row, N>& family) {
 template <class Row, std::size_t N>
 void ScanKeys(const KeyFamily<Row, N>& family) {
     if (TouchPressed) TakePress(family);
-    if (const Row* row = TakeVirtualKey(family.rows)) family.virtualKey(Row(*row));
+    if (family.virtualKey)
+        if (const Row* row = TakeVirtualKey(family.rows)) family.virtualKey(Row(*row));
     if (!TouchPressed) LetGo(family);
 }
 

@@ -106,8 +106,9 @@ TEST_F(RecordingTest, AReplayEndsOnThePageAndWithTheWordsOfTheSession) {
 
     EXPECT_GT(slid, 40);
     EXPECT_EQ(panel::ReadWord(Counter), 701);
-    EXPECT_EQ(replay("a.bin", "read 0x1000 0x40\nread 0x7000 8\n"),
-              wordsNow(0x1000, 0x40) + '\n' + wordsNow(0x7000, 8));
+    // The word that runs is left out: of a slow cycle nobody can tell which ticks its autoStep has seen.
+    EXPECT_EQ(replay("a.bin", "read 0x1000\nread 0x1002 0x3E\nread 0x7000 8\n"),
+              wordsNow(Counter, 1) + '\n' + wordsNow(RunControl, 0x3E) + '\n' + wordsNow(0x7000, 8));
     EXPECT_TRUE(readFile("s.replay").contains("\nexpect page 1\n"));
 }
 

@@ -63,6 +63,7 @@ TEST_F(Labels, OutsideTheStoreShowNothingButAString) {
                  {0xFFFF, 0, ""},
                  {0xFFFF, 1, "str"},
                  {0xFFFF, 2, ""},
+                 {0x7FFF, 1, "str"},
                  {Text, 2, "abcdefgh"},
                  {Text + 0x8000, 0, "abcdefgh"}};
     image.addString({.Text = "str", .Font = 0, .Colour = QColor(Ink)});

@@ -33,7 +33,7 @@ constexpr std::size_t StringIndex = 0x20; // from 1; 0: none
 
 constexpr std::uint8_t OpaqueFlag = 0x01;
 constexpr std::uint8_t MaskedFlag = 0x02;
-constexpr std::uint16_t NoAddress = 0xFFFF;
+constexpr std::uint16_t NoOffset = 0xFFFE; // of the word address 0xFFFF, in bytes
 
 std::optional<LanguageString> stringOf(const Parameters& p) {
     if (p.u8(field::UseString) != 1) return std::nullopt;
@@ -54,8 +54,8 @@ TextBytes variableText(const Parameters& p) {
 
 /// Byte addresses have 16 bits. Beyond the store there is only the address of a label that has but a string.
 bool hasText(const Parameters& p, bool withString) {
-    const std::uint16_t address = p.u16(field::Text);
-    return address == NoAddress ? withString : static_cast<std::uint16_t>(2 * address) < StoreByteCount;
+    const auto offset = static_cast<std::uint16_t>(2 * p.u16(field::Text));
+    return offset == NoOffset ? withString : offset < StoreByteCount;
 }
 
 TextStyle styleOf(const Parameters& p, const std::optional<LanguageString>& string) {

@@ -1,4 +1,5 @@
 #include "touch_fixture.h"
+#include "widgets/touch/slider.h"
 #include "widgets/touch/sliding_list.h"
 #include "widgets/touch/swipe_gesture.h"
 
@@ -235,6 +236,24 @@ TEST_F(TouchTest, TheLongerAxisOfASwipeTellsItsDirection) {
         EXPECT_EQ(CurrentPage, c.page);
         EXPECT_EQ(TakeSentFrames(), c.sent);
     }
+}
+
+/// The press comes behind this cycle's look at gestures, and has gone far before the next one.
+TEST_F(TouchTest, ASwipeTakesNoPressFromASlider) {
+    constexpr std::uint16_t value = 0x0200;
+    auto& page = addPage();
+    page.add(SwipeGesture{.Up = {1, 0}});
+    page.add(imagekit::Slider{.FillY = 20,
+                              .FillImage = addPicture(Qt::green, 60),
+                              .Address = value,
+                              .Where = {0, 20, 59, 29},
+                              .Highest = 59});
+    start();
+    GestureTick();
+    PressPointer({10, 25});
+    TouchSlider();
+    drag(50, 25);
+    EXPECT_EQ(ReadWord(value), 50);
 }
 
 } // namespace

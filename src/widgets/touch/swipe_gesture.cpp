@@ -31,7 +31,7 @@ struct GestureSettings {
 };
 GestureSettings Settings;
 
-constexpr int FastStart = 24; // px that a press has moved at the first look, and keys do not take it
+constexpr int FastStart = 24; // px that a press has moved at the first look, and no key keeps it
 constexpr int Shortest = 49;  // px; a swipe is longer than that
 
 QPoint moved() { return {TouchX - int{TouchStartX}, TouchY - int{TouchStartY}}; }
@@ -40,7 +40,7 @@ bool isWithin(QPoint way, int reach) { return std::abs(way.x()) <= reach && std:
 void arm() {
     GestureArmed = 1;
     if (isWithin(moved(), FastStart)) return;
-    LetGoOfTouchFamilies();
+    YieldToSwipe();
     TextOpen = 0;
     PinyinOpen = 0;
     SliderChanged = 0;

@@ -39,13 +39,15 @@ constexpr TouchFamily Families[] = {
      .build = AddPageKey,
      .active = &PageKeyActive,
      .showAtRest = ShowPageKeyAtRest,
-     .onNeighbours = true},
+     .onNeighbours = true,
+     .yieldsToSwipe = true},
     {.code = 0x8002,
      .name = "NumberEntry",
      .capacity = NumberEntries.Capacity,
      .reset = ResetNumberEntries,
      .build = AddNumberEntry,
-     .active = &NumberActive},
+     .active = &NumberActive,
+     .yieldsToSwipe = true},
     {.code = 0x8003,
      .name = "StepKey",
      .capacity = StepKeys.Capacity,
@@ -53,7 +55,8 @@ constexpr TouchFamily Families[] = {
      .build = AddStepKey,
      .active = &StepActive,
      .showAtRest = ShowStepKeyAtRest,
-     .onNeighbours = true},
+     .onNeighbours = true,
+     .yieldsToSwipe = true},
     {.code = 0x8004,
      .name = "slider",
      .capacity = Sliders.Capacity,
@@ -66,7 +69,8 @@ constexpr TouchFamily Families[] = {
      .capacity = KeyboardKeys.Capacity,
      .reset = ResetKeyboard,
      .build = AddKeyboardKey,
-     .active = &KeyActive},
+     .active = &KeyActive,
+     .yieldsToSwipe = true},
     {.code = 0x8006,
      .name = "RollerPicker",
      .capacity = Rollers.Capacity,
@@ -88,7 +92,8 @@ constexpr TouchFamily Families[] = {
      .build = AddPopupKey,
      .active = &PopupKeyActive,
      .showAtRest = ShowPopupKeyAtRest,
-     .onNeighbours = true},
+     .onNeighbours = true,
+     .yieldsToSwipe = true},
     {.code = 0x8009,
      .name = "TextEntry",
      .capacity = TextEntries.Capacity,
@@ -109,7 +114,8 @@ constexpr TouchFamily Families[] = {
      .active = &MultiKeyActive,
      .drop = DropMultiKeyPress,
      .showAtRest = ShowMultiKeyAtRest,
-     .onNeighbours = true},
+     .onNeighbours = true,
+     .yieldsToSwipe = true},
     {.code = SlidePageFamily, .name = "SlidePage", .capacity = 1}, // set up before all others
     {.code = 0x800D,
      .name = "StateKey",
@@ -117,14 +123,16 @@ constexpr TouchFamily Families[] = {
      .reset = ResetStateKeys,
      .build = AddStateKey,
      .active = &StateKeyActive,
-     .showAtRest = ShowStateKeyAtRest},
+     .showAtRest = ShowStateKeyAtRest,
+     .yieldsToSwipe = true},
     {.code = 0x800E,
      .name = "CopyKey",
      .capacity = CopyKeys.Capacity,
      .reset = ResetCopyKeys,
      .build = AddCopyKey,
      .active = &CopyKeyActive,
-     .showAtRest = ShowCopyKeyAtRest},
+     .showAtRest = ShowCopyKeyAtRest,
+     .yieldsToSwipe = true},
     {.code = 0x800F,
      .name = "SlidingList",
      .capacity = 1,
@@ -133,6 +141,11 @@ constexpr TouchFamily Families[] = {
 };
 static_assert(std::ranges::adjacent_find(Families, std::ranges::greater_equal{}, &TouchFamily::code)
               == std::end(Families));
+
+void letGo(const TouchFamily& family) {
+    if (family.drop) family.drop();
+    if (family.active) *family.active = 0;
+}
 
 Parameters fieldsOf(const StreamRecord& record) { return Parameters(record.bytes, WithoutBlock); }
 
@@ -156,10 +169,12 @@ const TouchFamily* FindTouchFamily(int code) {
 }
 
 void LetGoOfTouchFamilies() {
-    for (const TouchFamily& family : Families) {
-        if (family.drop) family.drop();
-        if (family.active) *family.active = 0;
-    }
+    for (const TouchFamily& family : Families) letGo(family);
+}
+
+void YieldToSwipe() {
+    for (const TouchFamily& family : Families)
+        if (family.yieldsToSwipe) letGo(family);
 }
 
 void ShowTouchFamiliesAtRest() {

@@ -19,6 +19,7 @@ struct TouchFamily {
     void (*drop)() = nullptr;                   // gives up the press, where clearing `active` is not all
     void (*showAtRest)() = nullptr;             // draws the widget that owns the press without it
     bool onNeighbours = false;                  // shows its first image on the pages beside a sliding one
+    bool yieldsToSwipe = false;                 // gives up a press that begins as a swipe
 };
 
 /// The row of a type word under FamilyMask, or nullptr for one that nobody knows.
@@ -28,6 +29,8 @@ const TouchFamily* FindTouchFamily(int code);
 void ResetTouchFamilies();
 /// No family owns the press any more; the rows stay.
 void LetGoOfTouchFamilies();
+/// The same for the families that yield to a swipe.
+void YieldToSwipe();
 /// The key that owns the press looks as if it did not.
 void ShowTouchFamiliesAtRest();
 

@@ -167,8 +167,16 @@ void MainWindow::stopEngine() {
 }
 
 void MainWindow::startEngine() {
+    cyclesBeforeStart_ = workThread_->progress().cycles;
     timer1_.start(TickPeriod);
     workThread_->start();
+}
+
+/// The inspector was filled while the engine was setting its variables.
+void MainWindow::readStartedVariables() {
+    if (!cyclesBeforeStart_ || workThread_->progress().cycles == *cyclesBeforeStart_) return;
+    cyclesBeforeStart_.reset();
+    if (dialogReg_) dialogReg_->tableWidget_initialize();
 }
 
 void MainWindow::Timer1_Out_Event() { input_->tick(tickCount_); }
@@ -215,6 +223,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
 void MainWindow::Update_From_Thread(QImage image) {
     presenter_.show(workThread_->takeFrame().value_or(image), panel::DimValue, zoom_);
     media_.redrawPausedVideo();
+    readStartedVariables();
 }
 
 void MainWindow::refreshFrame() {

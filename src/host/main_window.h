@@ -14,8 +14,10 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <utility>
 
 class DialogReg;
@@ -99,6 +101,7 @@ private:
     void LoadImage(const QString& path, float zoom = 1.0F);
     void stopEngine();
     void startEngine();
+    void readStartedVariables();
 
     void setZoom(float zoom);
     void redraw();
@@ -119,7 +122,8 @@ private:
     QPointer<DialogReg> dialogReg_;        // a page of the tab area, which owns it and closes it for good
     Dialogsettinginformation* dialogInfo_; // hidden until asked for
     ImageWatcher* watcher_ = nullptr;      // none: images are loaded by hand alone
-    int tickCount_ = 0;                    // ticks of the running second, 0..99
+    std::optional<std::uint64_t> cyclesBeforeStart_; // until the started engine has done one more
+    int tickCount_ = 0;                              // ticks of the running second, 0..99
     float zoom_ = 1.0F;
     bool pressOutsideView_ =
         false; // the mouse button went down beside the view; such a drag is not the panel's

@@ -75,6 +75,7 @@ TEST_F(InspectorTest, ShowsTheSystemWordsAndNoChoiceBeforeTheFirstLoad) {
 
 TEST_F(InspectorTest, ReadsAndWritesAVariableByHand) {
     load();
+    EXPECT_EQ(cell(1, Data) + ' ' + cell(2, Data), QDate::currentDate().toString("'63' yy"));
     EXPECT_EQ(field("lineEdit_VarAddr"), "0x7000");
     EXPECT_EQ(chosen("comboBox_VarType") + '/' + chosen("comboBox_CodeType"), "Numerical/short");
     type("lineEdit_VarAddr", "0x1234");

@@ -1,8 +1,5 @@
 // A host's commands reach a running panel. Behind the recipe an input is a row of frames, each behind a byte
 // with its size; one of no bytes stands for something that a user does. A cycle follows each.
-#include "host/engine_loop.h"
-#include "host/flash_image.h"
-#include "host/silent_outputs.h"
 #include "recipe.h"
 #include "store/host_command.h"
 
@@ -12,9 +9,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const fuzz::RecipeBook book;
     fuzz::Input input(data, size);
     book.load(input);
-    panel::IllegalImage = 0;
-    panel::SilentOutputs outputs;
-    if (panel::StartPanel(outputs) != panel::StartResult::Running) return 0;
+    if (!fuzz::Start()) return 0;
     for (int cycle = 0; cycle < 100 && !input.empty(); ++cycle) {
         if (const std::size_t length = fuzz::TakeByte(input); length > 0) {
             const auto frame = input.first(std::min(length, input.size()));

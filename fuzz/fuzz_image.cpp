@@ -1,9 +1,6 @@
 // An image of a recipe is checked, started, and run for a hundred cycles under the input that the rest of the
 // bytes tell.
 #include "check/image_check.h"
-#include "host/engine_loop.h"
-#include "host/flash_image.h"
-#include "host/silent_outputs.h"
 #include "recipe.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -11,9 +8,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::Input input(data, size);
     book.load(input);
     check::CheckImage({});
-    panel::IllegalImage = 0; // a wrong check word would end every run at the error frame
-    panel::SilentOutputs outputs;
-    if (panel::StartPanel(outputs) != panel::StartResult::Running) return 0;
+    if (!fuzz::Start()) return 0;
     for (int cycle = 0; cycle < 100; ++cycle) {
         if (!input.empty()) fuzz::Act(input);
         fuzz::RunCycle();

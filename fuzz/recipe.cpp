@@ -31,6 +31,8 @@ constexpr std::size_t HeadBytes = 0x180;
 constexpr std::uint16_t Edges[] = {0,      1,      2,      0x7F,   0x80,   0xFF,   0x100,  0x7FFF,
                                    0x8000, 0xFFFE, 0xFFFF, 0x6FFF, 0x7000, 0x70FE, 0x70FF, 0xE1FE};
 
+SilentOutputs Outputs;
+
 void setBytes(QByteArray& image, std::size_t at, std::uint16_t value, std::size_t count) {
     for (std::size_t i = 0; i < count && at + i < static_cast<std::size_t>(image.size()); ++i)
         image[static_cast<int>(at + i)] = static_cast<char>(value >> 8 * i);
@@ -114,6 +116,11 @@ void RecipeBook::load(Input& input) const {
     mendHead({FlashImage.data.get(), static_cast<std::size_t>(FlashImage.size)});
 }
 
+bool Start() {
+    IllegalImage = 0; // a wrong check word would end every run at the error frame
+    return StartPanel(Outputs) == StartResult::Running;
+}
+
 void Act(Input& script) {
     constexpr std::uint16_t variables = 0x0060; // the base images' widgets show words from here on
     const std::uint8_t what = TakeByte(script), how = TakeByte(script);
@@ -137,10 +144,9 @@ void Act(Input& script) {
 }
 
 void RunCycle() {
-    static SilentOutputs outputs;
     static int tickCount = 0;
     for (int tick = 0; tick < 3; ++tick) CountTick(tickCount);
-    EngineCycle(outputs);
+    EngineCycle(Outputs);
 }
 
 } // namespace fuzz

@@ -39,6 +39,9 @@ private:
     std::vector<Base> bases_;
 };
 
+/// Starts the panel on the image that was loaded, whatever its check words say; false when it does not run.
+bool Start();
+
 /// Input from outside before one cycle: the user's hand, a host's write, a write in the inspector. Takes two
 /// bytes.
 void Act(Input& script);

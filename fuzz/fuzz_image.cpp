@@ -7,7 +7,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const fuzz::RecipeBook book;
     fuzz::Input input(data, size);
     book.load(input);
-    check::CheckImage({});
+    if (size % 4 == 0) check::CheckImage({}); // not each time: it takes as long as the panel
     if (!fuzz::Start()) return 0;
     for (int cycle = 0; cycle < 100; ++cycle) {
         if (!input.empty()) fuzz::Act(input);

@@ -66,7 +66,7 @@ protected:
         ASSERT_TRUE(FrameSurface == expected) << offset << (picker.Horizontal ? " wide" : " tall");
     }
 
-    Roller& roller() { return *Rollers.at(0); }
+    Roller& roller() { return *Rollers.at(Rollers.size() - 1); }
 };
 
 TEST_F(RollerTest, TheWindowShowsTheStripAtEveryOffset) {
@@ -116,7 +116,12 @@ TEST_F(RollerTest, TheStripFollowsTheFingerAndSnapsWhenLetGo) {
     for (int kind = 0; kind < 4; ++kind) {
         RollerPicker picker = pickerAt((kind & 1) != 0);
         picker.StopsAtEnds = (kind & 2) != 0;
-        addPage().add(picker);
+        RollerPicker beyond = picker; // out of reach, and first in the table
+        beyond.Window.X0 += 100;
+        beyond.Window.X1 += 100;
+        imagekit::Page& page = addPage();
+        page.add(beyond);
+        page.add(picker);
     }
     start();
     std::mt19937 random(706);

@@ -246,7 +246,9 @@ void DrawImage(QImage& target, QPoint at, ImageRow image, int selector) {
 
 void RestoreFrameRect(QPoint at, ImageRow image, QRect source, int stride) {
     const bool isPage = image.Address == PageImage.Address;
-    if ((isPage && PopupActive == 1) || isZip(image.Format) || (isPage && image.Format == 7)) {
+    const bool otherColour = image.Format == 16 && image.Extra != PageImage.Extra;
+    if ((isPage && PopupActive == 1 && !otherColour) || isZip(image.Format)
+        || (isPage && image.Format == 7)) {
         copyRect(FrameSurface, at, PageBackground, source);
         return;
     }

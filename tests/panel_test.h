@@ -146,8 +146,9 @@ inline QImage Noise(int width, int height, QImage::Format format = QImage::Forma
     return picture;
 }
 
-/// Records as they stand in a display stream, also more of them than a page may have.
-inline imagekit::Bytes RawStream(const std::vector<imagekit::DisplayRecord>& records) {
+/// Records as they stand in their stream, also more of them than a page may have.
+template <class Record>
+imagekit::Bytes RawStream(const std::vector<Record>& records) {
     imagekit::ByteWriter stream;
     for (const auto& record : records) stream.bytes(imagekit::EncodeRecord(record, ""));
     return stream.data();

@@ -16,7 +16,11 @@ namespace panel {
 namespace {
 
 bool isPageImage(const ImageRow& image) { return image.Address == PageImage.Address; }
-bool isPopupBackground(const ImageRow& image) { return PopupActive == 1 && isPageImage(image); }
+/// Colours have no data, so their addresses tell nothing: another colour is another picture.
+bool isPopupBackground(const ImageRow& image) {
+    const bool otherColour = image.Format == format::SolidColour && image.Extra != PageImage.Extra;
+    return PopupActive == 1 && isPageImage(image) && !otherColour;
+}
 
 int drawableHeight(int width, int height) { return SmallChip() ? SmallChipHeight(width, height) : height; }
 

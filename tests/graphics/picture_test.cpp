@@ -118,7 +118,7 @@ protected:
 
     void randomScene() {
         for (QImage* surface : Scene::all()) *surface = noise(Screen, surface != &FrameSurface);
-        ListSurfaceA = noise({55, 35}, true);
+        ListSurfaceA = noise({random(0, 15) ? 55 : 1100, 35}, true);
         SlideSurface = noise({120, 30}, true);
         for (QImage* surface : Scene::all()) surface->convertTo(QImage::Format_ARGB32_Premultiplied);
         if (random(0, 1)) ListSurfaceB = QImage();

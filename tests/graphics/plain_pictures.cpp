@@ -15,7 +15,8 @@ namespace {
 
 using namespace panel;
 
-constexpr int WidestSurface = 80; // columns and rows further on cannot be seen in the tests
+/// Columns and rows further on cannot be seen in the tests.
+int widestSurface() { return ListSurfaceA.width() + 25; }
 
 QColor readPixel(std::uint32_t address, std::uint32_t index, int format) {
     const auto byte = [&](std::uint32_t size, std::uint32_t at) {
@@ -87,8 +88,8 @@ using Paint = std::function<void(QImage&, int, int, const QColor&)>;
 
 void readRaw(QImage& picture, const ImageRow& image, QRect source, int stride, const Paint& paint) {
     if (NandFlash && stride % 4 != 0) stride = stride / 4 * 4 + 4;
-    for (int y = 0; y < std::min(source.height(), WidestSurface); ++y)
-        for (int x = 0; x < std::min(source.width(), WidestSurface); ++x)
+    for (int y = 0; y < std::min(source.height(), widestSurface()); ++y)
+        for (int x = 0; x < std::min(source.width(), widestSurface()); ++x)
             paint(picture, x, y,
                   readPixel(image.Address,
                             static_cast<std::uint32_t>((source.y() + y) * stride + source.x() + x),
@@ -114,8 +115,8 @@ void landOver(QImage& target, QPoint at, const ImageRow& image, QRect source, in
     if (!isPicture && !isDefined(image)) return;
     if (isPicture) {
         const QImage piece = cut(image.Format == 10 ? loadPng(image) : ImageScratchSurface, source);
-        for (int y = 0; y < std::min(piece.height(), WidestSurface); ++y)
-            for (int x = 0; x < std::min(piece.width(), WidestSurface); ++x)
+        for (int y = 0; y < std::min(piece.height(), widestSurface()); ++y)
+            for (int x = 0; x < std::min(piece.width(), widestSurface()); ++x)
                 blend(backdrop, x, y, piece.pixelColor(x, y));
     } else if (image.Format == 1) {
         readRaw(backdrop, image, source, stride, [](QImage& picture, int x, int y, const QColor& colour) {
@@ -246,7 +247,9 @@ void DrawImage(QImage& target, QPoint at, ImageRow image, int selector) {
 
 void RestoreFrameRect(QPoint at, ImageRow image, QRect source, int stride) {
     const bool isPage = image.Address == PageImage.Address;
-    if ((isPage && PopupActive == 1) || isZip(image.Format) || (isPage && image.Format == 7)) {
+    const bool otherColour = image.Format == 16 && image.Extra != PageImage.Extra;
+    if ((isPage && PopupActive == 1 && !otherColour) || isZip(image.Format)
+        || (isPage && image.Format == 7)) {
         copyRect(FrameSurface, at, PageBackground, source);
         return;
     }

@@ -105,9 +105,10 @@ TEST_F(CurveTest, SharesItsRectangleAndOnlyNewSamplesCost) {
     other.X2 = 110;
     noChannel.Channel = 12;
     noStep.StepX = 0;
-    auto& page = image.addPage(noisePage());
-    for (const Curve& curve : {a, other}) page.add(curve);
-    for (int i = 0; i < 13; ++i) page.add(b);
+    std::vector<DisplayRecord> crowd(15, Encode(b));
+    crowd[0] = Encode(a);
+    crowd[1] = Encode(other);
+    image.addPage(noisePage()).setRawStream(Stream::Display, RawStream(crowd));
     auto& empty = image.addPage(noisePage());
     for (const Curve& curve : {noChannel, noStep}) empty.add(curve);
     boot(image);
@@ -247,10 +248,9 @@ TEST_F(TextrollTest, EachHasItsSpeedAndStandsStillUnderAnEntry) {
     slow.Y1 = 40;
     slow.Y2 = 55;
     slow.Speed = 7;
-    auto& page = image.addPage(noisePage());
-    page.add(roll());
-    page.add(slow);
-    for (int i = 0; i < 4; ++i) page.add(roll());
+    std::vector<DisplayRecord> rolls(6, Encode(roll()));
+    rolls[1] = Encode(slow);
+    image.addPage(noisePage()).setRawStream(Stream::Display, RawStream(rolls));
     boot(image);
     show(0, "a text that is much too long");
     EXPECT_EQ(Textrolls.size(), 5u) << "a sixth is left out";

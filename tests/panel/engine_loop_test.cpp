@@ -103,14 +103,15 @@ TEST_F(EngineLoop, PagesOfNonsenseDoNoHarm) {
         for (int page = 0; page < 2; ++page) {
             auto& streams = image.addPage();
             std::vector<imagekit::DisplayRecord> display;
+            std::vector<imagekit::TouchRecord> touch;
             for (int i = 0; i < 40; ++i) {
                 display.push_back(record());
                 streams.addToGroup(static_cast<std::uint16_t>(random() % 4), record());
                 const auto family = static_cast<std::uint16_t>(0x8000 + random() % 16);
-                streams.add(imagekit::TouchRecord{family, true, static_cast<std::uint8_t>(u8() % 2),
-                                                  bytes(u8() % 70)});
+                touch.push_back({family, true, static_cast<std::uint8_t>(u8() % 2), bytes(u8() % 70)});
             }
             streams.setRawStream(imagekit::Stream::Display, RawStream(display));
+            streams.setRawStream(imagekit::Stream::Touch, RawStream(touch));
         }
         image.setBytes(0, bytes(4000));
         ASSERT_EQ(boot(image), StartResult::Running);

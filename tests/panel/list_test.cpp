@@ -256,5 +256,21 @@ TEST_F(TouchTest, ASwipeTakesNoPressFromASlider) {
     EXPECT_EQ(ReadWord(value), 50);
 }
 
+TEST_F(ListTest, AGroupOverAHiddenAnimationHasTheListBehindIt) {
+    listOf(imagekit::ListMode::Vertical, 30, 101);
+    const std::uint16_t mark = addPicture(Qt::red, 4, 4);
+    auto& page = image.page(0);
+    page.add(ImageAnimation{
+        .InList = true, .ControlAddress = 0x0100, .X = 5, .Y = 5, .Width = 10, .Height = 10, .Group = 7});
+    page.addToGroup(7, BitIcon{.ValueAddress = 0x0101, .X = 5, .Y = 5, .ClearImage = mark, .SetImage = mark});
+    image.addSequence({});
+    image.setWord(0x0100, 3);
+    start();
+    StoreWord(0x0101, 1);
+    run(240);
+    EXPECT_EQ(ListSurfaceA.pixel(5, 5), QColor(Qt::red).rgb());
+    EXPECT_EQ(ListSurfaceA.pixel(14, 14), picture.pixel(14, 14));
+}
+
 } // namespace
 } // namespace panel

@@ -227,11 +227,11 @@ TEST_F(MeterTest, ANeedleWalksAndKeepsItsVariableWithinTheLimits) {
     meter.Decimals = 1;
     meter.Align = Alignment::Left;
     meter.FirstDigit = addDigits(image);
-    auto& page = image.addPage(PlainPage(Small, Qt::darkGray));
-    page.add(meter);
+    std::vector meters{Encode(meter)};
     meter.X = meter.DigitsY = meter.Step = 0;
     meter.Kind = Needle::Image; // of which a step of 0 names none
-    for (int i = 0; i < 4; ++i) page.add(meter);
+    meters.resize(5, Encode(meter));
+    image.addPage(PlainPage(Small, Qt::darkGray)).setRawStream(Stream::Display, RawStream(meters));
     image.setWord(Number, 0xFFF4);
     boot(image);
     EXPECT_EQ(NeedleMeterTable.size(), 4u) << "a fifth meter is left out";

@@ -196,8 +196,7 @@ TEST_F(RtouchTest, ARingThatCannotTurnChangesNothing) {
     locked.Touchable = false;
     nowhere.Address = 0xFFFF;
     for (const Rtouch& r : {ring(90, 90), ring(90, 270, 7, 7), locked, nowhere}) addRingPage().add(r);
-    auto& crowd = addRingPage();
-    for (int i = 0; i < 40; ++i) crowd.add(locked);
+    addRingPage().setRawStream(Stream::Touch, RawStream(std::vector(40, Encode(locked))));
     image.setWord(Value, 55);
     start();
     for (const std::uint16_t page : {0, 1, 2, 3, 4}) {

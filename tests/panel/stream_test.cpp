@@ -1,7 +1,10 @@
+#include "imagekit/image_error.h"
+#include "pages/display_kinds.h"
 #include "pages/display_page.h"
 #include "pages/parameters.h"
 #include "pages/stream_walker.h"
 #include "panel_test.h"
+#include "widgets/touch/touch_families.h"
 
 namespace panel {
 namespace {
@@ -157,6 +160,19 @@ TEST_F(DisplayStream, StreamsThatAreTooLongAreCut) {
     EXPECT_EQ(boot(image), StartResult::Running);
     ShowPage(1);
     cycles(2);
+}
+
+TEST(PageLimits, AreThoseOfTheTablesThatThePanelFills) {
+    ImageBuilder image;
+    const auto expectLimit = [&image](const auto& record, std::size_t limit) {
+        imagekit::Page& page = image.addPage();
+        for (std::size_t i = 0; i < limit; ++i) page.add(record);
+        EXPECT_THROW(page.add(record), imagekit::ImageError) << page.index();
+    };
+    for (const DisplayKind& kind : DisplayKinds())
+        if (kind.capacity != 0) expectLimit(DisplayRecord{.Kind = kind.code}, kind.capacity);
+    for (std::uint16_t code = 0x8000; const TouchFamily* family = FindTouchFamily(code); ++code)
+        expectLimit(imagekit::TouchRecord{.Family = code}, family->capacity);
 }
 
 } // namespace

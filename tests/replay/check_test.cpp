@@ -169,7 +169,10 @@ const Fault Faults[] = {
      {"warning: page 1 PageKey: it lies on a sliding list, and the page shows none"}},
     {"MoreThanAPageHolds",
      [](auto&, Page& page) {
-         for (int i = 0; i < 22; ++i) page.add(StateKey{});
+         Bytes keys;
+         for (int i = 0; i < 22; ++i)
+             std::ranges::copy(EncodeRecord(Encode(StateKey{}), ""), std::back_inserter(keys));
+         page.setRawStream(Stream::Touch, keys);
      },
      {"error: page 1 StateKey: a page holds 20 of these, and this is one more"}},
     {"StreamAboveItsBuffer",

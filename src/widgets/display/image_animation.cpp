@@ -309,7 +309,7 @@ void RepaintAnimationGroup(std::uint16_t page, AnimationRow& row) {
     const std::uint16_t value = ReadWord(row.ControlAddress);
     if ((value != row.IdleValue && !hides(row, value)) || !GroupChanged(page, row.Group)) return;
     const ImageRow frame = frameImage(row, row.FrameOnShow);
-    if (!row.Shown || frame.showsWhatIsBehind()) BackdropToWork(rectOf(row), 0);
+    if (!row.Shown || frame.showsWhatIsBehind()) BackdropToWork(rectOf(row), row.InList);
     if (row.Shown) blitToWork(row, frame);
     land(row);
 }

@@ -147,6 +147,14 @@ TEST_F(SlidePageTest, AKeyUnderTheFingerDoesNotAct) {
     EXPECT_EQ(CurrentPage, 0);
 }
 
+TEST_F(SlidePageTest, APressInTheCycleAfterAReleaseStartsFromItsOwnPlace) {
+    slideBoth();
+    dragPage(60, 34);
+    letGo();
+    press(5, 44);
+    EXPECT_EQ(Sliding, 0);
+}
+
 TEST_F(SlidePageTest, ASmallChipNeverSlides) {
     image = ImageBuilder({.Width = Width, .Height = Height, .ICType = 2});
     for (int i = 0; i < 3; ++i) image.addPage(PlainPage(image.config(), Qt::gray));

@@ -39,8 +39,7 @@ void drawPictureOnBackground(std::uint16_t page) {
 void RenderNeighbourPage(std::uint16_t page) {
     if (page >= Sections.PageCount) return;
     CurrentPage = page;
-    VirtualKeyPending = 0;
-    VirtualKeyCode = 0;
+    ForgetVirtualKey();
     ForgetWidgets();
     PopupActive = 0;
     CopyClockToWords();

@@ -1,6 +1,7 @@
 #include "pages/neighbour_page.h"
 
 #include "graphics/image_row.h"
+#include "graphics/surfaces.h"
 #include "host/flash_image.h"
 #include "pages/display_kinds.h"
 #include "pages/page_switch.h"
@@ -27,17 +28,22 @@ void displayStillWidgets(std::uint16_t page) {
     ResetCursors();
 }
 
+/// A picture that does not cover the panel stands on the background so far, without the widgets shown on it.
+void drawPictureOnBackground(std::uint16_t page) {
+    FrameSurface = PageBackground.copy();
+    DrawPagePicture(page);
+}
+
 } // namespace
 
 void RenderNeighbourPage(std::uint16_t page) {
     if (page >= Sections.PageCount) return;
     CurrentPage = page;
-    VirtualKeyPending = 0;
-    VirtualKeyCode = 0;
+    ForgetVirtualKey();
     ForgetWidgets();
     PopupActive = 0;
     CopyClockToWords();
-    DrawPagePicture(page);
+    drawPictureOnBackground(page);
     GroupStream.load(GroupStreamPlace(page)); // for the widgets that carry a group
     displayStillWidgets(page);
     ShowTouchFamiliesOfNeighbour(page);
@@ -47,7 +53,7 @@ void ReturnFromNeighbours(std::uint16_t page) {
     ForgetWidgets();
     PopupActive = 0;
     CurrentPage = page;
-    DrawPagePicture(page);
+    drawPictureOnBackground(page);
 }
 
 } // namespace panel

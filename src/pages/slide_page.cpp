@@ -116,7 +116,6 @@ void turnTo(PanelOutputs& outputs, const Neighbour& neighbour, int column) {
     SlideWanted = DisplayWidth;
     if (Settings.notifies) SendActionCode(neighbour.code);
     ShowPage(neighbour.page);
-    SlideLastX = 0;
 }
 
 void snapBack(PanelOutputs& outputs) {
@@ -124,7 +123,6 @@ void snapBack(PanelOutputs& outputs) {
     showWindow(home(), false);
     outputs.showFrame(FrameSurface);
     SlideWanted = DisplayWidth;
-    SlideLastX = 0;
 }
 
 void release(PanelOutputs& outputs) {
@@ -170,10 +168,8 @@ void SlidePageTick(PanelOutputs& outputs) {
     if (TouchPressed && !Sliding) awaitSliding();
     if (TouchPressed && Sliding) return followFinger();
     if (TouchPressed) return;
-    if (Sliding)
-        release(outputs);
-    else
-        SlideLastX = 0;
+    if (Sliding) release(outputs);
+    SlideLastX = 0; // the next press starts from its own place, even in the very next cycle
 }
 
 } // namespace panel

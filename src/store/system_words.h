@@ -42,6 +42,13 @@ inline std::uint8_t VolumeApplied = 0;
 inline std::atomic<std::uint8_t> VirtualKeyPending{0};
 inline Shared<std::uint16_t> VirtualKeyCode{0};
 
+/// Takes the key back. The flag falls last: a key that the other side raises meanwhile may get lost, but
+/// never waits with the code 0. Engine thread.
+inline void ForgetVirtualKey() {
+    VirtualKeyCode = 0;
+    VirtualKeyPending = 0;
+}
+
 /// Acts on a word after it was written. Engine thread; a word without an action does nothing.
 void ApplySystemWord(std::uint16_t address);
 

@@ -147,6 +147,23 @@ TEST_F(SlidePageTest, AKeyUnderTheFingerDoesNotAct) {
     EXPECT_EQ(CurrentPage, 0);
 }
 
+TEST_F(SlidePageTest, APressInTheCycleAfterAReleaseStartsFromItsOwnPlace) {
+    slideBoth();
+    dragPage(60, 34);
+    letGo();
+    press(5, 44);
+    EXPECT_EQ(Sliding, 0);
+}
+
+TEST_F(SlidePageTest, NoWidgetOfANeighbourStaysBesideASmallPagePicture) {
+    image = ImageBuilder(Small);
+    image.addPage(Filled(2, 2, Qt::gray));
+    addStillPage(Qt::darkRed);
+    slideWith({.PreviousPage = 1});
+    EXPECT_EQ(pixel(4, 32), SlideSurface.pixel(Width - 1, Height - 1))
+        << "where the neighbour has its slider";
+}
+
 TEST_F(SlidePageTest, ASmallChipNeverSlides) {
     image = ImageBuilder({.Width = Width, .Height = Height, .ICType = 2});
     for (int i = 0; i < 3; ++i) image.addPage(PlainPage(image.config(), Qt::gray));

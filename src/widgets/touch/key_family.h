@@ -35,8 +35,7 @@ Row* TakeVirtualKey(RowTable<Row, N>& rows) {
     if (!VirtualKeyPending) return nullptr;
     for (Row& row : rows.rows()) {
         if (row.head.onScreen() || row.head.y0 != VirtualKeyCode) continue;
-        VirtualKeyPending = 0;
-        VirtualKeyCode = 0;
+        ForgetVirtualKey();
         return &row;
     }
     return nullptr;

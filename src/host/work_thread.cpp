@@ -1,6 +1,7 @@
 #include "host/work_thread.h"
 
 #include "host/engine_loop.h"
+#include "host/media_requests.h"
 #include "pages/page_switch.h"
 
 #include <QCoreApplication>
@@ -74,9 +75,15 @@ bool WorkThread::pause(int microseconds) {
 
 void WorkThread::playWav() { emit Play_Wav_Signals(); }
 
-void WorkThread::playVideo() { emit Play_Video_Signals(); }
+void WorkThread::playVideo() {
+    emit Play_Video_Signals();
+    panel::VideoRequest = 0;
+}
 
-void WorkThread::playCamera() { emit Play_Camera_Signals(); }
+void WorkThread::playCamera() {
+    emit Play_Camera_Signals();
+    panel::CameraRequest = 0;
+}
 
 void WorkThread::setPlayerVolume(int volume) {
     if (community_) community_->setPlayerVolume(volume);

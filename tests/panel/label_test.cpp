@@ -58,14 +58,8 @@ TEST_F(Labels, OutsideTheStoreShowNothingButAString) {
     const struct {
         std::uint16_t address, string;
         const char* text;
-    } cases[] = {{0x70FF, 0, ""},
-                 {0x70FF, 1, ""},
-                 {0xFFFF, 0, ""},
-                 {0xFFFF, 1, "str"},
-                 {0xFFFF, 2, ""},
-                 {0x7FFF, 1, "str"},
-                 {Text, 2, "abcdefgh"},
-                 {Text + 0x8000, 0, "abcdefgh"}};
+    } cases[] = {{0x70FF, 0, ""}, {0x70FF, 1, ""},    {0xFFFF, 0, ""},       {0xFFFF, 1, "str"},
+                 {0xFFFF, 2, ""}, {0x7FFF, 1, "str"}, {Text, 2, "abcdefgh"}, {Text + 0x8000, 0, "abcdefgh"}};
     image.addString({.Text = "str", .Font = 0, .Colour = QColor(Ink)});
     Label label = Plain;
     for (const auto& c : cases) {

@@ -51,7 +51,7 @@ struct Window {
 
     struct Platform {
         Platform() { SetUpPlatform(); }
-    } platform;
+    } platform; // comes before the application
     QApplication application;
     QTemporaryDir files;
     MainWindow window;

@@ -16,6 +16,7 @@ namespace panel {
 namespace {
 
 bool isPageImage(const ImageRow& image) { return image.Address == PageImage.Address; }
+
 /// Colours have no data, so their addresses tell nothing: another colour is another picture.
 bool isPopupBackground(const ImageRow& image) {
     const bool otherColour = image.Format == format::SolidColour && image.Extra != PageImage.Extra;

@@ -71,7 +71,7 @@ void MediaBridge::leaveImage() {
     QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
     stopMusic();
     Close_Video();
-    Close_Camera();
+    endCamera();
     lastVideoPicture = {};
 }
 
@@ -263,7 +263,10 @@ void MediaBridge::rcvImage(const QImage& image) {
 }
 
 void MediaBridge::Close_Camera() {
-    if (!camera) return;
+    if (NoCamera != 1) endCamera();
+}
+
+void MediaBridge::endCamera() {
     clearAndHide(*cameraLabel);
-    camera->stop();
+    if (camera) camera->stop();
 }

@@ -18,7 +18,8 @@
 
 class QLabel;
 
-/// Set when a start found no camera. Main thread.
+/// Set when a start found no camera, and kept until the program ends: from then on the engine closes none.
+/// Main thread.
 inline std::int32_t NoCamera = 0;
 
 /// Main thread, and so are all its media objects. What the engine wants is posted to its slots; what to play
@@ -72,6 +73,7 @@ private:
     QMediaPlayer& videoPlayer();
     void loadVideo(const QString& file);
     void drawVideo();
+    void endCamera();
     void warn(const std::function<void()>& ask);
 
     QLabel* videoLabel; // children of the view

@@ -383,6 +383,13 @@ TEST_F(MediaWindowTest, TellsThatThereIsNoCamera) {
     ASSERT_TRUE(goTo(1));
     QTest::qWait(200);
     EXPECT_EQ(questions_, QStringList("No camera is detected."));
+
+    auto& label = find<QLabel>("cameraLabel");
+    label.show();
+    bridge().Close_Camera();
+    EXPECT_TRUE(label.isVisible()) << "one found later is the image's to end";
+    bridge().leaveImage();
+    EXPECT_FALSE(label.isVisible());
 }
 
 TEST_F(MediaWindowTest, WithoutADecoderTheUserIsToldAndNothingPlays) {

@@ -152,6 +152,13 @@ const Fault Faults[] = {
      {"error: page 1 bitIcon: (64, 0) to (71, 7) lies off the panel of 64 x 48",
       "warning: page 1 bitIcon: (60, 0) to (67, 7) lies partly off the panel of 64 x 48",
       "error: page 1 CopyKey: its rectangle from (9, 9) to (0, 0) is empty"}},
+    {"BandOfASlidingPage",
+     [](auto& image, Page& page) {
+         image.page(0).add(SlidePage{.BandTop = 8, .BandBottom = 8});
+         page.add(SlidePage{.BandTop = 8, .BandBottom = 49});
+     },
+     {"error: page 0 SlidePage: its rectangle from (0, 8) to (63, 7) is empty",
+      "warning: page 1 SlidePage: (0, 8) to (63, 48) lies partly off the panel of 64 x 48"}},
     {"OnAListLargerThanThePanel",
      [](ImageBuilder& image, Page& page) {
          image.addPage(Solid{64, 200, Qt::red});

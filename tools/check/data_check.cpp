@@ -226,7 +226,8 @@ void DataCheck::checkPinyin() {
     constexpr std::uint32_t codeBytes = 2;
     const std::uint32_t table = Sections.PinyinTable;
     const Place place{.subject = "pinyin table", .offset = table};
-    if (table < ConfigBlockAddress) return findings_.error(place, "the image has none, and a widget needs it");
+    if (table < ConfigBlockAddress)
+        return findings_.error(place, "the image has none, and a widget needs it");
     if (!checkRange(place, table, PinyinIndexRows * PinyinRowBytes)) return;
     for (std::uint32_t row = 0; row < PinyinIndexRows; ++row) {
         const std::uint32_t address = table + PinyinRowBytes * row;

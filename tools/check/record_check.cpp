@@ -31,6 +31,7 @@ std::size_t widthOf(What what) {
     case What::Channel: return 1;
     case What::Box:
     case What::Area: return 8;
+    case What::Rows:
     case What::Spot:
     case What::PictureAt:
     case What::PageAt:
@@ -141,6 +142,7 @@ QRect rectOf(const Reference& row, const Parameters& p, std::size_t at) {
     const std::size_t other = row.extent.at;
     switch (row.what) {
     case What::Area: return {pointAt(p, at), QSize(p.u16(at + 4), p.u16(at + 6))};
+    case What::Rows: return {QPoint(0, p.u16(at)), QPoint(DisplayWidth - 1, p.u16(at + 2) - 1)};
     case What::PictureAt: return pictureAt(pointAt(p, at), TableImageRow(p.u16(other)));
     case What::PageAt: return pictureAt(pointAt(p, at), PageImageRow(p.u16(other)));
     case What::CodeAt: return {pointAt(p, at), QSize(1, 1) * (p.u8(other) * QrUnitPixels)};

@@ -270,6 +270,7 @@ constexpr Reference References[] = { // ascending by code
 
     {family::SlidePage, 0x0B, Page, "next", Ffff},
     {family::SlidePage, 0x0F, Page, "previous", Ffff},
+    {family::SlidePage, 0x13, Rows},
 
     {family::StateKey, 3, Box, "", Never, One, OnScreen},
     {family::StateKey, 3, PictureAt, "", Never, Other(17), OnScreen},

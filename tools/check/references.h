@@ -27,6 +27,7 @@ enum class What : std::uint8_t {
     // Places.
     Box,       // x0, y0, x1, y1, all inside
     Area,      // x, y, width, height
+    Rows,      // the first row of a band as wide as the panel, and the row behind its last
     Spot,      // x, y of something whose size nobody knows
     PictureAt, // x, y of the picture whose index stands at the extent's offset
     PageAt,    // x, y of the background picture of the page at the extent's offset

@@ -1,14 +1,19 @@
-// The three text entries against the plain definition, and the places where they differ from each other.
-#include "tests/graphics/plain_text.h"
-#include "tests/panel_test.h"
+// The three text entries in all encodings, and texts and fonts that mean harm.
+#include "graphics/text.h"
 
 #include "graphics/primitives.h"
 #include "host/config_block.h"
+#include "imagekit/font.h"
+#include "tests/golden.h"
+#include "tests/panel_test.h"
 
 #include <cstring>
 
 namespace panel {
 namespace {
+
+using imagekit::FontKind;
+using imagekit::FontShape;
 
 constexpr QSize Screen(72, 60);
 constexpr std::uint16_t FirstWide = 0x4E00, LastWide = 0x4E40;
@@ -27,49 +32,54 @@ FontShape shapeOf(FontKind kind, int depth, int width = 7, int height = 6) {
     return shape;
 }
 
+Encoding encodingOf(FontKind kind) {
+    using enum Encoding;
+    return std::array{Gb2312, Gbk, Big5, Ascii, Wide, Proportional, Sparse}[static_cast<std::size_t>(kind)];
+}
+
+/// All that a text entry is told but the place.
+struct TextCase {
+    TextStyle style;
+    TextBackground background;
+    std::vector<std::uint8_t> text;
+    TextMode mode = TextMode::Draw;
+};
+
+/// Apart from that of other seeds at every place.
+QImage ground(int seed) {
+    QImage picture = Pattern(Screen.width(), Screen.height());
+    picture.fill(QColor(60 * seed, 40, 200 - 40 * seed));
+    for (int i = 0; i < Screen.width(); i += 6 + seed)
+        QPainter(&picture).fillRect(i, 0, 1, 60, qRgb(0, 3 * i, 90));
+    for (int i = 0; i < Screen.height(); i += 7 + seed)
+        QPainter(&picture).fillRect(0, i, 72, 1, qRgb(4 * i, 0, 90));
+    return picture;
+}
+
 class TextTest : public PanelTest {
 protected:
-    /// A panel with one font, number 0, and noise on its page and on everything that can lie behind a text.
+    /// A panel with one font, number 0, and a page and pictures that can lie behind a text.
     void bootWithFont(const FontShape& shape, int colourMode = 1) {
         shape_ = shape;
         imagekit::ImageBuilder image({.Width = static_cast<std::uint16_t>(Screen.width()),
                                       .Height = static_cast<std::uint16_t>(Screen.height()),
                                       .ColourMode = static_cast<std::uint8_t>(colourMode)});
-        image.addPage(imagekit::Pixels{noise(false), imagekit::format::RGB565});
-        for (const int format : {0, 1, 6})
-            image.addPicture(imagekit::Pixels{noise(format == 6), static_cast<std::uint8_t>(format)});
+        image.addPage(imagekit::Pixels{ground(0), imagekit::format::RGB565});
+        for (const int format : {0, 1, 6}) {
+            QImage picture = ground(1);
+            picture.setAlphaChannel(ground(2));
+            image.addPicture(imagekit::Pixels{picture, static_cast<std::uint8_t>(format)});
+        }
         image.addPicture(imagekit::Solid{40, 40, Qt::magenta});
         image.addFont(imagekit::SyntheticFont(shape));
         ASSERT_EQ(boot(image), StartResult::Running);
-        TextSurface = noise(true);
-        ListSurfaceA = noise(true);
-        ListSurfaceB = noise(true);
     }
 
-    int random(int low, int high) { return std::uniform_int_distribution<>(low, high)(random_); }
+    int random(int low, int high) { return low + static_cast<int>(random_() % unsigned(high - low + 1)); }
     std::uint8_t byte(int low, int high) { return static_cast<std::uint8_t>(random(low, high)); }
 
-    QImage noise(bool alpha) {
-        QImage picture(Screen, QImage::Format_ARGB32_Premultiplied);
-        for (int y = 0; y < picture.height(); ++y)
-            for (int x = 0; x < picture.width(); ++x)
-                picture.setPixelColor(
-                    x, y,
-                    QColor(random(0, 255), random(0, 255), random(0, 255), alpha ? random(0, 255) : 255));
-        return picture;
-    }
-
-    PlainText plain(std::vector<std::uint8_t> text = {}) const {
-        PlainText made{
-            .shape = shape_, .style = {.font = TableFont(0)}, .background = {}, .text = std::move(text)};
-        made.style.font.encoding = EncodingOf(shape_.Kind);
-        made.style.colour = 0xF81F;
-        made.style.backColour = 0x07E0;
-        return made;
-    }
-
     void append(std::vector<std::uint8_t>& text, std::uint16_t code) const {
-        const bool byteCode = code < 0x100 && !HasWideUnits(EncodingOf(shape_.Kind));
+        const bool byteCode = code < 0x100 && !HasWideUnits(encodingOf(shape_.Kind));
         if (!byteCode) text.push_back(static_cast<std::uint8_t>(code >> 8));
         text.push_back(static_cast<std::uint8_t>(code));
     }
@@ -77,16 +87,14 @@ protected:
     std::uint16_t randomCode() {
         if (random(0, 9) == 0) return 10;
         if (random(0, 2) == 0) return byte(0x20, 0x7E);
-        const auto pair = [&](int lead, int second) {
-            return static_cast<std::uint16_t>(lead << 8 | second);
+        const auto pair = [&](int firstLead, int lastLead, int firstSecond, int lastSecond) {
+            return static_cast<std::uint16_t>(random(firstLead, lastLead) << 8
+                                              | random(firstSecond, lastSecond));
         };
         switch (shape_.Kind) {
-        case FontKind::Gb2312: return pair(random(0xA1, 0xFE), random(0xA1, 0xFE));
-        case FontKind::Gbk: {
-            const int second = random(0x40, 0xFE);
-            return pair(random(0x81, 0xFE), second == 0x7F ? 0x80 : second);
-        }
-        case FontKind::Big5: return pair(random(0xA1, 0xFE), random(0x40, 0xFF));
+        case FontKind::Gb2312: return pair(0xA1, 0xFE, 0xA1, 0xFE);
+        case FontKind::Gbk: return pair(0x81, 0xFE, 0x80, 0xFE);
+        case FontKind::Big5: return pair(0xA1, 0xFE, 0x40, 0xFF);
         case FontKind::Wide:
         case FontKind::Proportional: return static_cast<std::uint16_t>(random(FirstWide, LastWide));
         case FontKind::Sparse: return shape_.Codes[static_cast<std::size_t>(random(0, 394))];
@@ -109,16 +117,16 @@ protected:
         return text;
     }
 
-    PlainText randomPlain() {
-        PlainText made = plain(randomText());
-        constexpr TextMode modes[] = {TextMode::Draw, TextMode::Draw, TextMode::Masked, TextMode::Measure};
-        made.mode = modes[random(0, 3)];
+    TextCase randomCase() {
+        TextCase made{.style = {.font = TableFont(0)}, .background = {}, .text = randomText()};
+        made.style.font.encoding = encodingOf(shape_.Kind);
         made.style.anchor = byte(0, 8);
         made.style.opaque = random(0, 1) == 1;
         made.style.colour = static_cast<std::uint32_t>(random(0, 0xFFFFFF));
         made.style.backColour = static_cast<std::uint32_t>(random(0, 0xFFFFFF));
         made.style.charSpacing = byte(0, 3);
         made.style.lineSpacing = byte(0, 4);
+        made.mode = random(0, 2) ? TextMode::Draw : random(0, 2) ? TextMode::Masked : TextMode::Measure;
         Rotation = random(0, 2) == 0 ? byte(0, 3) : std::uint8_t{0};
         made.background.source = static_cast<BackSource>(random(0, 2));
         static_cast<ImageRow&>(made.background.image) = TableImageRow(byte(0, 3));
@@ -127,72 +135,47 @@ protected:
         return made;
     }
 
-    /// Both ways on the same surfaces; the pictures and widths must be the same.
-    template <class Draw, class DrawPlainly>
-    void compare(const Draw& draw, const DrawPlainly& drawPlainly) {
-        const std::vector<QImage*> surfaces = {&FrameSurface, &ListSurfaceA, &WorkSurface};
-        const std::size_t compared = workMatters_ ? 3 : 2;
-        const auto take = [&] { return std::vector<QImage>{FrameSurface, ListSurfaceA, WorkSurface}; };
-        const auto before = take();
-        LastTextWidth = 0xFFFF;
-        const int result = draw();
-        const std::uint16_t width = LastTextWidth;
-        const auto drawn = take();
-        for (std::size_t i = 0; i < surfaces.size(); ++i) *surfaces[i] = before[i];
-        LastTextWidth = 0xFFFF;
-        EXPECT_EQ(result, drawPlainly());
-        EXPECT_EQ(width, LastTextWidth);
-        for (std::size_t i = 0; i < compared; ++i) EXPECT_EQ(drawn[i], *surfaces[i]) << "surface " << i;
-    }
-
     std::mt19937 random_{20261122};
     FontShape shape_;
-    bool workMatters_ = false;
 };
 
-using FontCase = std::tuple<int, int, int>; // kind, depth, colour mode
-class TextOf : public TextTest, public ::testing::WithParamInterface<FontCase> {
-protected:
-    void SetUp() override {
-        const auto [kind, depth, colourMode] = GetParam();
-        bootWithFont(shapeOf(static_cast<FontKind>(kind), depth), colourMode);
-    }
-};
-
-TEST_P(TextOf, EqualsThePlainDefinitionOnFrameAndList) {
-    for (int round = 0; round < 400 && !HasFailure(); ++round) {
-        const PlainText made = randomPlain();
-        TextBox box{random(-5, 40), random(-5, 30), 0, 0};
-        box.x2 = box.x1 + random(-1, 50);
-        box.y2 = box.y1 + random(-1, 40);
-        const bool list = random(0, 1) == 1;
-        SCOPED_TRACE(round);
-        compare(
-            [&] {
-                return (list ? DrawTextList : DrawTextFrame)(made.style, made.background, box, made.text,
-                                                             made.mode);
-            },
-            [&] { return PlainText(made).drawInBox(box, list); });
-    }
+/// A surface below a line of pixels that tell the width of the last text.
+QImage withWidth(const QImage& surface) {
+    QImage cell(Screen + QSize(0, 1), QImage::Format_ARGB32_Premultiplied);
+    cell.fill(0xFF000000 | LastTextWidth);
+    QPainter(&cell).drawImage(0, 1, surface);
+    return cell;
 }
 
-TEST_P(TextOf, EqualsThePlainDefinitionOnTheWorkSurface) {
-    workMatters_ = true;
-    for (int round = 0; round < 400 && !HasFailure(); ++round) {
-        PlainText made = randomPlain();
-        made.style.anchor = byte(0, 11);
-        made.style.lineSpacing = 9; // plays no part
-        const QRect box(random(-5, 40), random(-5, 40), random(0, 50), random(0, 50));
-        SCOPED_TRACE(round);
-        const bool masked = made.mode == TextMode::Masked;
-        compare([&] { return DrawTextWork(made.style, box, made.text, masked), 0; },
-                [&] { return PlainText(made).drawOnWork(box), 0; });
+/// A row of texts for each kind and depth of fonts: on the frame and on a list, then as they are composed.
+TEST_F(TextTest, LooksAsItDid) {
+    constexpr int boxed = 36, composed = 20;
+    Sheet sheet(Screen + QSize(0, 1), boxed + composed, 21);
+    for (int row = 0; row < 21; ++row) {
+        bootWithFont(shapeOf(static_cast<FontKind>(row / 3), 1 << row % 3), row % 2);
+        for (int i = 0; i < boxed + composed; ++i) {
+            FrameSurface = ListSurfaceA = WorkSurface = ground(3).convertToFormat(FrameSurface.format());
+            TextSurface = ListSurfaceB = ground(4).convertToFormat(FrameSurface.format());
+            TextCase made = randomCase();
+            LastTextWidth = 0xFFFF;
+            if (i < boxed) {
+                TextBox box{random(-5, 40), random(-5, 30), 0, 0};
+                box.x2 = box.x1 + random(-1, 50);
+                box.y2 = box.y1 + random(-1, 40);
+                const auto draw = i % 2 ? DrawTextList : DrawTextFrame;
+                const int width = draw(made.style, made.background, box, made.text, made.mode);
+                EXPECT_EQ(width, width ? LastTextWidth : 0);
+                sheet.add(withWidth(i % 4 == 1 ? ListSurfaceA : FrameSurface)); // a list cleans there too
+            } else {
+                made.style.anchor = byte(0, 11);
+                DrawTextWork(made.style, QRect(random(-5, 40), random(-5, 40), random(0, 50), random(0, 50)),
+                             made.text, made.mode == TextMode::Masked);
+                sheet.add(withWidth(WorkSurface));
+            }
+        }
     }
+    EXPECT_TRUE(EqualsGolden(sheet.picture(), "graphics/golden/texts.png"));
 }
-
-INSTANTIATE_TEST_SUITE_P(Fonts, TextOf,
-                         ::testing::Combine(::testing::Range(0, 7), ::testing::Values(1, 2, 4),
-                                            ::testing::Values(0, 1)));
 
 class Text : public TextTest {
 protected:
@@ -207,7 +190,7 @@ protected:
         }));
         EXPECT_EQ(boot(image), StartResult::Running);
         TextStyle style{.font = TableFont(0), .anchor = 3, .colour = 0x0000FF};
-        style.font.encoding = EncodingOf(shape.Kind);
+        style.font.encoding = encodingOf(shape.Kind);
         return style;
     }
 };
@@ -268,7 +251,7 @@ TEST_F(Text, HostileFontsAndTextsDoNoHarm) {
         auto address = static_cast<std::uint32_t>(random(0, FlashImage.size + 50));
         if (random(0, 20) == 0) address = 0xFFFFFFFF - byte(0, 200);
         scribbleFont(address, random_);
-        PlainText made = randomPlain();
+        TextCase made = randomCase();
         made.style.font = FontAt(address);
         made.style.anchor = byte(0, 14);
         if (random(0, 2) == 0) made.style.font.encoding = static_cast<Encoding>(random(0, 10));

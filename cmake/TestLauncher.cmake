@@ -1,5 +1,5 @@
-# What every test is started through. A list of environment variables does not survive gtest_discover_tests(), which
-# takes its items for test properties.
+# What every test is started through, and every program of ours that the build runs. A list of environment variables
+# does not survive gtest_discover_tests(), which takes its items for test properties.
 set(TEST_LAUNCHER ${CMAKE_COMMAND} -E env
     QT_QPA_PLATFORM=offscreen
     XDG_RUNTIME_DIR=/tmp

@@ -1,6 +1,6 @@
 #include "imagekit/clock_widgets.h"
 
-#include "graphics/shapes.h"
+#include "golden.h"
 #include "imagekit/media_widgets.h"
 #include "panel_test.h"
 #include "store/clock.h"
@@ -14,7 +14,6 @@
 #include <QDateTime>
 #include <QPainter>
 
-#include <cmath>
 #include <thread>
 
 namespace panel {
@@ -231,50 +230,32 @@ TEST_F(Clocks, BeyondTheTablesAreRefusedAndNoneDrawsIntoAnOpenEntry) {
         }
 }
 
-void strokePlainly(const imagekit::ClockHand& hand, QPoint centre, int degrees) {
-    const auto rounded = [](double value) { return static_cast<float>(std::round(value * 1e6) / 1e6); };
-    const double angle = degrees * 3.14159265358979323846 / 180;
-    const float sine = rounded(std::sin(angle)), cosine = rounded(std::cos(angle));
-    const auto x = static_cast<float>(centre.x()), y = static_cast<float>(centre.y());
-    DrawCapsule(x + hand.Ahead * sine, y - hand.Ahead * cosine, x - hand.Behind * sine,
-                y + hand.Behind * cosine, static_cast<float>(hand.Width / 2), hand.Colour);
-}
-
-class Dials : public Clocks, public ::testing::WithParamInterface<std::tuple<Place, std::uint16_t>> {};
-
-TEST_P(Dials, PointToEveryMinuteOfTheDay) {
-    const auto [place, block] = GetParam();
-    QImage faces[] = {pattern(40, 36), QImage(33, 31, QImage::Format_ARGB32)};
-    faces[1].fill(qRgba(0, 0, 0, 128));
-    const std::uint16_t face = image.addPicture(Pixels{faces[0]}), cap = Digit0 + 1;
-    const std::uint16_t clear = image.addPicture(Pixels{faces[1], format::aRGB8888});
+TEST_F(Clocks, DialsPointToTheTimeOfDay) {
+    const std::uint16_t face = image.addPicture(Pixels{pattern(40, 36)}), cap = Digit0 + 1;
+    const std::uint16_t clear = image.addPicture(Filled(33, 31, QColor(0, 0, 0, 128), format::aRGB8888));
     const AnalogClock dials[] = {
         {Inline, false, 3, 4, face, {9, 2, 5, 0x102030}, {14, 0, 3, 0x405060}, {19, 6, 1, 0xFF0000}, cap},
         {Inline, false, 60, 50, clear, {6, 0, 2, 0xFFFFFF}, {30, 30, 4, 0x00FF00}}};
-    for (const AnalogClock& dial : dials) add(place, dial, block);
-    const QPoint shift = show(place);
-    RefreshPageWidgets(CurrentPage);
-    QImage expected = PageBackground; // and that of the list, as there is no pop-up on one
-    for (int minute = 0; minute < 24 * 60; minute += minute < 720 ? 1 : 37) {
-        SetClock(2026, 11, 18, minute / 60, minute % 60, minute * 7 % 60);
-        SecondTick = 1;
-        AnalogClockTick();
-        for (const AnalogClock& dial : dials) {
-            const QPoint at = shift + QPoint(dial.X, dial.Y);
-            const QRect area = faces[dial.Face - face].rect();
-            const QPoint centre(area.width() / 2, area.height() / 2);
-            WorkSurface = PageBackground.copy(QRect(at, WorkSurface.size()));
-            QPainter(&WorkSurface).drawImage(0, 0, faces[dial.Face - face]);
-            strokePlainly(dial.Hours, centre, minute / 60 % 12 * 30 + minute % 60 / 2);
-            strokePlainly(dial.Minutes, centre, minute % 60 * 6 + minute * 7 % 60 / 10);
-            strokePlainly(dial.Seconds, centre, minute * 7 % 60 * 6);
-            if (dial.Cap == cap) QPainter(&WorkSurface).drawImage(centre - QPoint(2, 3), glyph('1', true));
-            QPainter(&expected).drawImage(at, WorkSurface, area);
+    const imagekit::ImageBuilder empty = image;
+    constexpr QSize shown(100, 85);
+    Sheet sheet(shown, 12, 6);
+    for (const Place place : {Place::Page, Place::Popup, Place::List})
+        for (const std::uint16_t block : {Inline, Block}) {
+            image = empty;
+            blocks.clear();
+            for (const AnalogClock& dial : dials) add(place, dial, block);
+            const QPoint shift = show(place);
+            RefreshPageWidgets(CurrentPage);
+            for (int i = 0; i < 12; ++i) {
+                const int minute = 131 * i;
+                SetClock(2026, 11, 18, minute / 60, minute % 60, minute * 7 % 60);
+                SecondTick = 1;
+                AnalogClockTick();
+                sheet.add((place == Place::List ? ListSurfaceA : FrameSurface).copy({shift, shown}));
+            }
         }
-        ASSERT_EQ(place == Place::List ? ListSurfaceA : FrameSurface, expected) << minute;
-    }
+    EXPECT_TRUE(EqualsGolden(sheet.picture(), "panel/golden/dials.png", 40));
 }
-INSTANTIATE_TEST_SUITE_P(Places, Dials, ::testing::Combine(Places, ::testing::Values(Inline, Block)));
 
 } // namespace
 } // namespace panel

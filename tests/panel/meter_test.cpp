@@ -1,5 +1,6 @@
 #include "imagekit/meter_widgets.h"
 
+#include "golden.h"
 #include "graphics/image_blit.h"
 #include "graphics/primitives.h"
 #include "graphics/shapes.h"
@@ -166,33 +167,9 @@ NeedleMeter meterOf(Needle kind) {
     return meter;
 }
 
-/// The needle in plain words, on a WorkSurface that has the dial.
-void drawNeedlePlainly(Needle kind, int angle) {
-    const auto at = [](int degrees, int radius) {
-        return QPointF(int(20 + SinDeg(degrees) * float(radius)), int(20 - CosDeg(degrees) * float(radius)));
-    };
-    const QPointF tip = at(angle, 17), tail = at(angle + 180, 6), a = at(angle + 270, 3),
-                  b = at(angle + 90, 3);
-    const auto triangle = [&](QPointF side, std::uint32_t colour) {
-        FillTriangle(int(side.x()), int(side.y()), int(tip.x()), int(tip.y()), int(tail.x()), int(tail.y()),
-                     colour);
-    };
-    const auto capsule = [](QPointF from, QPointF to, float radius, std::uint32_t colour) {
-        DrawCapsule(float(from.x()), float(from.y()), float(to.x()), float(to.y()), radius, colour);
-    };
-    if (kind == Needle::Stroke) return capsule(tip, tail, 3, 0xFF0000);
-    triangle(a, 0x0000FF);
-    triangle(b, 0xFF0000);
-    if (kind == Needle::Triangles) return;
-    capsule(a, tip, 1, 0x0000FF);
-    capsule(a, tail, 1, 0x0000FF);
-    capsule(tip, b, 1, 0xFF0000);
-    capsule(b, tail, 1, 0xFF0000);
-}
-
 TEST_F(MeterTest, NeedlesPointToTheirAngle) {
     ImageBuilder image(Small);
-    const std::uint16_t dial = image.addPicture(Pixels{Noise(40, 40), format::RGB565Key});
+    const std::uint16_t dial = image.addPicture(Pixels{Pattern(40, 40), format::RGB565Key});
     const Needle kinds[] = {Needle::Triangles, Needle::SmoothTriangles, Needle::Stroke};
     for (const Needle kind : kinds) {
         NeedleMeter meter = meterOf(kind);
@@ -200,17 +177,15 @@ TEST_F(MeterTest, NeedlesPointToTheirAngle) {
         image.addPage(PlainPage(Small, Qt::darkGray)).add(meter);
     }
     boot(image);
+    Sheet sheet({44, 44}, 19, 3);
     for (std::uint16_t page = 0; page < std::size(kinds); ++page)
-        for (int angle = 0; angle <= 270; angle += 9) {
-            StoreWord(Value, static_cast<std::uint16_t>(angle));
+        for (std::uint16_t angle = 0; angle <= 270; angle += 15) {
+            StoreWord(Value, angle);
             ShowPage(page);
             cycles(1);
-            CopySurfaceRect(PageBackground, {8, 4, 40, 40}, WorkSurface, {0, 0});
-            BlitImage(WorkSurface, {0, 0}, TableImageRow(dial), {0, 0, 40, 40}, 40);
-            drawNeedlePlainly(kinds[page], angle);
-            ASSERT_EQ(outputs.frame.copy(8, 4, 40, 40), WorkSurface.copy(0, 0, 40, 40))
-                << page << ' ' << angle;
+            sheet.add(outputs.frame.copy(6, 2, 44, 44));
         }
+    EXPECT_TRUE(EqualsGolden(sheet.picture(), "panel/golden/needles.png", 40));
 }
 
 TEST_F(MeterTest, ANeedleWalksAndKeepsItsVariableWithinTheLimits) {

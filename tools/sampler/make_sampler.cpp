@@ -505,6 +505,7 @@ private:
                            .Keyboard = keyboard});
         page.add(PinyinEntry{.Where = areaAt(216, 8, 90, 30),
                              .Address = Name,
+                             .Prefilled = true,
                              .Font = gbk,
                              .GlyphWidth = 8,
                              .GlyphHeight = 12,
@@ -592,6 +593,13 @@ private:
                            .LastImage = u16(digits + 11),
                            .IntegerDigits = 3});
         page.add(PngClock{.InList = true, .X = 60, .Y = 22, .FirstImage = timeDigits});
+        page.add(ImageAnimation{.InList = true,
+                                .ControlAddress = Control,
+                                .X = 100,
+                                .Y = 134,
+                                .Width = 48,
+                                .Height = 32,
+                                .Delay = 10});
     }
 
     void addSlides() {

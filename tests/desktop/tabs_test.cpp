@@ -46,7 +46,7 @@ protected:
             const QPoint at = from + (to - from) * i / steps;
             script += QString(" sleep 0.03 mousemove %1 %2").arg(at.x()).arg(at.y());
         }
-        act(script + " sleep 0.1 mouseup 1");
+        act(script + " sleep 0.5 mouseup 1"); // by then even a busy machine has begun the drag
     }
     void pullOut() {
         drag(tab(1), OutsideTheBar);

@@ -12,7 +12,6 @@
 #include "widgets/touch/open_entry.h"
 
 #include <QDateTime>
-#include <QPainter>
 
 #include <thread>
 
@@ -23,16 +22,6 @@ using imagekit::AnalogClock, imagekit::Inline, imagekit::Pixels, imagekit::PngCl
 
 constexpr std::uint16_t Digit0 = 2, Block = 0x0200, Control = 0x0100;
 
-/// The formats; "_" is the gap, Y the year, W the weekday, and the marks are those of the glyph run.
-const char* const Formats[] = {"Y.MM-dd_hh:mm:ss",  "Y.MM-dd",  "Y.MM",  "MM-dd",
-                               "hh:mm:ss",          "hh:mm",    "mm:ss", "W",
-                               "Y.MM-dd|_hh:mm:ss", "Y.MM-dd|", "Y.MM-", "MM-dd|"};
-
-QString textOf(int format, const QDateTime& time, int yearDigits) {
-    const QString year = QString("%1").arg(time.date().year(), yearDigits, 10, QChar('0'));
-    return time.toString(Formats[format]).replace('W', QChar('a' + Clock.Weekday)).replace("Y", year);
-}
-
 /// Glyphs of all widths, and of all heights or one. The pixel (1, 1) lets half of what is behind through.
 QImage glyph(QChar character, bool even) {
     const int code = QString("0123456789:.-|abcdefg").indexOf(character);
@@ -40,21 +29,6 @@ QImage glyph(QChar character, bool even) {
         Filled(code < 14 ? 3 + code % 4 : 8, even ? 6 : 5 + code % 3, qRgb(90 + 5 * code, 40, 0)).Image;
     picture.setPixel(1, 1, qRgba(0, 0, 0, 128));
     return picture;
-}
-
-/// A clock's text in plain words.
-void lay(QImage& target, const QString& text, QPoint at, int gap, bool even, int rotation = 0) {
-    int pen = -gap;
-    for (const QString& part : text.split('_')) {
-        pen += gap;
-        for (const QChar character : part) {
-            const QImage picture = glyph(character, even);
-            const int w = picture.width(), h = picture.height(), firstWidth = glyph(part[0], even).width();
-            const QPoint corners[] = {{pen, 0}, {-firstWidth, pen}, {-pen - w, -h}, {0, -h - pen}};
-            QPainter(&target).drawImage(at + corners[rotation], picture);
-            pen += rotation % 2 ? h : w;
-        }
-    }
 }
 
 QImage pattern(int width, int height) {
@@ -94,11 +68,9 @@ protected:
         FrameSurface = PageBackground;
         return PopupActive ? QPoint(7, 5) : QPoint();
     }
-    static QDateTime setTime(const char* text) {
-        const QDateTime time = QDateTime::fromString(text, Qt::ISODate);
-        SetHostTime(time);
+    static void setTime(const char* text) {
+        SetHostTime(QDateTime::fromString(text, Qt::ISODate));
         InitClock();
-        return time;
     }
     void second() {
         OncePerSecond();
@@ -109,30 +81,30 @@ protected:
     std::vector<std::pair<std::uint16_t, imagekit::Bytes>> blocks;
 };
 
-using PageCase = std::tuple<Place, std::uint16_t, int>; // block, first of six formats
-class PageClocks : public Clocks, public ::testing::WithParamInterface<PageCase> {};
-
-TEST_P(PageClocks, LeaveNothingBehindOverMidnightsAndEndsOfMonthAndYear) {
-    const auto [place, block, firstFormat] = GetParam();
-    for (int i = 0; i < 6; ++i) add(place, clock(4, 3 + 12 * i, firstFormat + i), block);
-    const QPoint at = show(place) + QPoint(4, 3);
-    for (const char* start : {"2025-12-31T23:59:57", "2024-02-28T23:59:57", "2023-02-28T23:59:57",
-                              "2026-04-30T19:59:57", "2026-11-18T09:05:02", "0999-01-01T00:00:00"}) {
-        const QDateTime time = setTime(start);
-        for (int i = 1; i < 6; ++i) {
-            second();
-            QImage expected = PageBackground;
-            for (int j = 0; j < 6; ++j)
-                lay(expected, textOf(firstFormat + j, time.addSecs(i), 1), at + QPoint(0, 12 * j), 20, true);
-            ASSERT_EQ(place == Place::List ? ListSurfaceA : FrameSurface, expected) << start << i;
-        }
+TEST_F(Clocks, OnAPageLeaveNothingBehindOverMidnightsAndEndsOfMonthAndYear) {
+    const char* const starts[] = {"2025-12-31T23:59:57", "2024-02-28T23:59:57", "2023-02-28T23:59:57",
+                                  "2026-04-30T19:59:57", "2026-11-18T09:05:02", "0999-01-01T00:00:00"};
+    constexpr QSize shown(140, 78);
+    const imagekit::ImageBuilder empty = image;
+    for (const int firstFormat : {0, 6}) {
+        Sheet sheet(shown, 10, 18);
+        for (const Place place : {Place::Page, Place::Popup, Place::List})
+            for (const char* start : starts)
+                for (const std::uint16_t block : {Inline, Block}) {
+                    image = empty;
+                    blocks.clear();
+                    for (int i = 0; i < 6; ++i) add(place, clock(4, 3 + 12 * i, firstFormat + i), block);
+                    const QPoint shift = show(place);
+                    setTime(start);
+                    for (int i = 0; i < 5; ++i) {
+                        second();
+                        sheet.add((place == Place::List ? ListSurfaceA : FrameSurface).copy({shift, shown}));
+                    }
+                }
+        EXPECT_TRUE(
+            EqualsGolden(sheet.picture(), QString("panel/golden/page-clocks-%1.png").arg(firstFormat)));
     }
 }
-
-const auto Places = ::testing::Values(Place::Page, Place::Popup, Place::List);
-INSTANTIATE_TEST_SUITE_P(Places, PageClocks,
-                         ::testing::Combine(Places, ::testing::Values(Inline, Block),
-                                            ::testing::Values(0, 6)));
 
 class GroupClocks : public Clocks, public ::testing::WithParamInterface<std::uint8_t> {
 protected:
@@ -148,18 +120,16 @@ TEST_P(GroupClocks, StandAsThePanelIsTurnedAndChangeEachSecond) {
     }
     boot(image);
     const QImage clear = WorkSurface;
-    for (const char* start : {"2026-11-18T09:05:03", "0987-10-28T23:59:48"})
+    Sheet sheet({170, 170}, 12, 8); // both ways up
+    for (const char* time : {"2026-11-18T09:05:03", "0987-10-28T23:59:48"})
         for (std::uint16_t i = 0; i < 24; ++i) {
-            const bool twice = i % 12 % 8 == 0 || i % 12 == 7; // on the WorkSurface, instead of the overlay
-            const QString text = textOf(i % 12, setTime(start), twice ? 1 : 4);
-            QImage work = clear, overlay = clear;
-            lay(work, text, {79, 63}, 14, false, GetParam());
-            lay(twice ? work : overlay, text, {79, 63}, 14, false, GetParam());
+            setTime(time);
             WorkSurface = OverlaySurface = clear;
             DrawGroupInRect(0, i, {11, 7, 5, 5});
-            ASSERT_EQ(WorkSurface, work) << text.toStdString();
-            ASSERT_EQ(OverlaySurface, overlay) << text.toStdString();
+            sheet.add(WorkSurface);
+            sheet.add(OverlaySurface);
         }
+    EXPECT_TRUE(EqualsGolden(sheet.picture(), QString("panel/golden/group-clocks-%1.png").arg(GetParam())));
     OncePerSecond();
     EXPECT_TRUE(GroupChanged(0, 3));
     cycles(1);
@@ -172,16 +142,14 @@ TEST_F(Clocks, TickOverTheCameraPicture) {
         imagekit::CameraView{.ControlAddress = Control, .X1 = 10, .Y1 = 20, .X2 = 99, .Y2 = 79, .Group = 4});
     for (int i = 0; i < 12; ++i) image.page(0).addToGroup(4 + i % 2, clock(15, 25 + 9 * i, i));
     boot(image);
-    const QDateTime time = setTime("2026-12-31T23:59:58");
+    setTime("2026-12-31T23:59:58");
     StoreWord(Control, 1);
     cycles(1);
     const QImage camera = pattern(120, 150);
-    for (int i = 0; i < 3; ++i, OncePerSecond()) { // the engine has not had its cycle
-        QImage expected = camera;
-        for (const int format : {2, 4, 6, 10})
-            lay(expected, textOf(format, time.addSecs(i), 4), {5, 5 + 9 * format}, 14, true);
-        ASSERT_EQ(DrawGroupClocksOnly(camera), expected) << i;
-    }
+    Sheet sheet(camera.size(), 3, 1);
+    for (int i = 0; i < 3; ++i, OncePerSecond()) // the engine has not had its cycle
+        sheet.add(DrawGroupClocksOnly(camera));
+    EXPECT_TRUE(EqualsGolden(sheet.picture(), "panel/golden/camera-clocks.png"));
     std::thread frames([&] {
         for (int i = 0; i < 200; ++i) DrawGroupClocksOnly(camera);
     });
@@ -196,11 +164,8 @@ TEST_F(Clocks, InAGroupGoByTheFirstPictureOfEachText) {
     boot(image);
     setTime("1999-11-18T22:33:44");
     Clock.Hour = 122; // as a host may set it in a year that the clock cannot count
-    QImage expected = WorkSurface;
-    lay(expected, "00811822", {5 + 14, 5}, 0, true);
-    lay(expected, "00811822", {5 + 14, 5}, 0, true);
     DrawGroupInRect(0, 4, {0, 0, 9, 9});
-    EXPECT_EQ(WorkSurface, expected);
+    EXPECT_TRUE(EqualsGolden(WorkSurface, "panel/golden/clock-without-digits.png"));
 }
 
 TEST_F(Clocks, BeyondTheTablesAreRefusedAndNoneDrawsIntoAnOpenEntry) {

@@ -245,9 +245,12 @@ TEST_F(EntryTest, ATextIsTypedWithShiftClearAndACapacity) {
     type("aBc!");
     EXPECT_EQ(TakeSentFrames(), (Payloads{{0x41, 1, 0, 'a', 'B', 'c', 0}})) << "whole words";
     open();
-    type("!");
+    type("#!");
     EXPECT_EQ(ReadWord(Value), 0);
     EXPECT_EQ(TakeSentFrames(), (Payloads{{0x41, 1, 0}}));
+    open();
+    type("a");
+    EXPECT_EQ(typed(), "A") << "Shift is still on";
 }
 
 TEST_F(EntryTest, ATextBeginsWithWhatTheVariableHolds) {

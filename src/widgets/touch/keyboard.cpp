@@ -122,7 +122,6 @@ void BeginEntry(const EntryField& field) {
     ClearEntry();
     CursorBlinks = field.Cursor ? 1 : 0;
     CursorTicks = 0;
-    EntryShift = 0;
     TouchBusy = 0;
 }
 

@@ -6,6 +6,7 @@
 #include "widgets/touch/text_entry.h"
 
 #include <limits>
+#include <sys/resource.h>
 
 namespace panel {
 namespace {
@@ -321,6 +322,18 @@ TEST_F(EntryTest, WhatRunsUnderAKeyboardStaysOutOfIt) {
     EXPECT_LT(ReadWord(0x41), 90) << "it counts all the same";
     type("?");
     EXPECT_TRUE(hasInk(keyboard));
+}
+
+TEST_F(EntryTest, AKeyboardOfAnySizeIsKeptAsFarAsItShows) {
+    auto entry = field<NumberEntry>();
+    entry.Keyboard.Page = image.addPage(Solid{30000, 30000, Qt::blue}).index();
+    image.page(FieldPage).add(entry);
+    start();
+    open();
+    EXPECT_EQ(NumberOpen, 1);
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    EXPECT_LT(usage.ru_maxrss, 1 << 20) << "KiB";
 }
 
 TEST_F(EntryTest, AKeyboardThatDoesNotExistOpensNothing) {

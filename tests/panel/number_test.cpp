@@ -1,6 +1,6 @@
 #include "widgets/display/number.h"
 
-#include "graphics/text.h"
+#include "golden.h"
 #include "panel_test.h"
 #include "readable_font.h"
 #include "widgets/display/group.h"
@@ -97,24 +97,18 @@ TEST_F(Numbers, AreInvisibleWhileTheirHideWordIsSet) {
     EXPECT_EQ(show(12, 12), "12");
 }
 
-TEST_F(Numbers, OutsideTheStoreAreNotDrawn) {
-    Number lost = Plain;
+TEST_F(Numbers, OutsideTheStoreAreNotDrawnAndBeyondTheMemoryStillAre) {
+    Number lost = Plain, wrapped = Plain;
     lost.ValueAddress = 0x70FF;
-    Number wrapped = Plain;
     wrapped.ValueAddress = Value + 0x8000; // byte addresses have 16 bits
     wrapped.Y = 30;
-    ImageBuilder image = panelWith({lost, wrapped});
-    image.setWord(Value, 8);
-    boot(image);
-    EXPECT_EQ(ReadText(FrameSurface, 20, 10, Ink), "");
-    EXPECT_EQ(ReadText(FrameSurface, 20, 30, Ink), "8");
-}
-
-TEST_F(Numbers, MoreThanThePageHoldsAreDrawnWithoutMemory) {
+    std::vector<imagekit::DisplayRecord> records(60, Encode(wrapped));
+    records.push_back(Encode(lost));
     ImageBuilder image = panelWith({});
-    image.page(0).setRawStream(imagekit::Stream::Display, RawStream(std::vector(60, Encode(Plain))));
+    image.page(0).setRawStream(imagekit::Stream::Display, RawStream(records));
     boot(image);
-    EXPECT_EQ(show(1, 20), "1");
+    EXPECT_EQ(show(8, 20, 10), "");
+    EXPECT_EQ(show(9, 20, 30), "9");
 }
 
 TEST_F(Numbers, FollowThePopup) {
@@ -128,54 +122,26 @@ TEST_F(Numbers, FollowThePopup) {
 
 // In groups.
 
-/// Draws the text where the table says and where the widget does. Turned by a quarter the measuring box is as
-/// wide as a line is high, and takes one character a line: 4 px.
 TEST_F(Numbers, InAGroupStandAsThePanelIsTurned) {
-    const struct {
-        std::uint8_t rotation;
-        Alignment alignment;
-        QPoint at;
-        QRect box; // on the panel, for a text of 3 characters
-    } cases[] = {{0, Alignment::Left, {20, 10}, {20, 10, 12, 6}},
-                 {0, Alignment::Left, {58, 10}, {58, 10, 6, 6}},
-                 {0, Alignment::Centre, {20, 10}, {14, 10, 12, 6}},
-                 {0, Alignment::Centre, {4, 10}, {0, 10, 12, 6}},
-                 {0, Alignment::Right, {20, 10}, {9, 10, 12, 6}},
-                 {0, Alignment::Right, {8, 10}, {0, 10, 8, 6}},
-                 {1, Alignment::Left, {20, 10}, {14, 10, 6, 4}},
-                 {1, Alignment::Centre, {20, 10}, {14, 9, 6, 4}},
-                 {1, Alignment::Right, {20, 10}, {14, 6, 6, 4}},
-                 {2, Alignment::Left, {20, 10}, {9, 5, 12, 6}},
-                 {2, Alignment::Left, {11, 10}, {0, 5, 12, 6}},
-                 {2, Alignment::Centre, {20, 10}, {15, 5, 12, 6}},
-                 {2, Alignment::Right, {20, 10}, {20, 5, 12, 6}},
-                 {3, Alignment::Left, {20, 10}, {20, 6, 6, 4}},
-                 {3, Alignment::Centre, {20, 10}, {20, 9, 6, 4}},
-                 {3, Alignment::Centre, {20, 0}, {20, 0, 6, 4}},
-                 {3, Alignment::Right, {20, 10}, {20, 10, 6, 4}},
-                 {0, static_cast<Alignment>(3), {20, 10}, {0, 0, 12, 6}}};
-    for (const auto& [rotation, alignment, at, box] : cases) {
-        SCOPED_TRACE(testing::Message() << int{rotation} << ' ' << int(alignment) << ' ' << at.x());
-        Number number = Plain;
-        number.Align = alignment;
-        number.X = static_cast<std::uint16_t>(at.x());
-        number.Y = static_cast<std::uint16_t>(at.y());
-        ImageBuilder image = panelWith({}, rotation);
-        image.page(0).addToGroup(7, number);
-        image.setWord(Value, 123);
-        boot(image);
-        WorkSurface.fill(PageColour);
-        DrawGroupInRect(0, 7, {2, 3, 40, 40});
-        const QImage drawn = WorkSurface;
-
-        WorkSurface.fill(PageColour);
-        TextFont font = TableFont(0);
-        font.encoding = Encoding::Ascii;
-        constexpr std::uint8_t text[] = {'1', '2', '3'};
-        DrawTextWork({.font = font, .anchor = static_cast<std::uint8_t>(alignment), .colour = Plain.Colour},
-                     box.translated(1 - 2, 1 - 3), text);
-        EXPECT_EQ(drawn, WorkSurface);
-    }
+    const QPoint places[] = {{20, 10}, {58, 10}, {4, 10}, {11, 0}};
+    Sheet sheet({64, 64}, 4 * int(std::size(places)), 4);
+    for (const std::uint8_t rotation : {0, 1, 2, 3})
+        for (const auto align :
+             {Alignment::Left, Alignment::Centre, Alignment::Right, static_cast<Alignment>(3)})
+            for (const QPoint at : places) {
+                Number number = Plain;
+                number.Align = align;
+                number.X = static_cast<std::uint16_t>(at.x());
+                number.Y = static_cast<std::uint16_t>(at.y());
+                ImageBuilder image = panelWith({}, rotation);
+                image.page(0).addToGroup(7, number);
+                image.setWord(Value, 123);
+                boot(image);
+                WorkSurface.fill(PageColour);
+                DrawGroupInRect(0, 7, {2, 3, 40, 40});
+                sheet.add(WorkSurface);
+            }
+    EXPECT_TRUE(EqualsGolden(sheet.picture(), "panel/golden/turned-texts-of-numbers.png"));
 }
 
 TEST_F(Numbers, InAGroupKeepTheirOwnRules) {

@@ -84,7 +84,7 @@ TEST_F(Numbers, ThatShrinkClearTheirWidestText) {
     EXPECT_EQ(FrameSurface.pixel(24, 12), Mark) << "a page change forgets the width";
 }
 
-TEST_F(Numbers, AreInvisibleWhileTheirHideWordIsSet) {
+TEST_F(Numbers, FollowThePopupAndAreInvisibleWhileTheirHideWordIsSet) {
     Number number = Plain;
     number.HideAddress = Hide;
     number.Align = Alignment::Right;
@@ -95,6 +95,8 @@ TEST_F(Numbers, AreInvisibleWhileTheirHideWordIsSet) {
     EXPECT_EQ(FrameSurface, PageBackground);
     StoreWord(Hide, 0);
     EXPECT_EQ(show(12, 12), "12");
+    openPopup(0, 10, 20);
+    EXPECT_EQ(ReadText(FrameSurface, 22, 30, Ink), "12");
 }
 
 TEST_F(Numbers, OutsideTheStoreAreNotDrawnAndBeyondTheMemoryStillAre) {
@@ -109,15 +111,6 @@ TEST_F(Numbers, OutsideTheStoreAreNotDrawnAndBeyondTheMemoryStillAre) {
     boot(image);
     EXPECT_EQ(show(8, 20, 10), "");
     EXPECT_EQ(show(9, 20, 30), "9");
-}
-
-TEST_F(Numbers, FollowThePopup) {
-    Number moving = Plain;
-    moving.X = 3;
-    moving.Y = 2;
-    boot(panelWith({moving}));
-    openPopup(0, 10, 20);
-    EXPECT_EQ(ReadText(FrameSurface, 13, 22, Ink), "0");
 }
 
 // In groups.

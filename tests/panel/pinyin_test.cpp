@@ -3,8 +3,6 @@
 #include "imagekit/entry_widgets.h"
 #include "touch_fixture.h"
 
-#include <map>
-
 namespace panel {
 namespace {
 
@@ -13,22 +11,9 @@ using namespace imagekit;
 constexpr std::uint16_t Value = 0x0100;
 constexpr QPoint At(10, 6);
 
-/// The keys from left to right. 'a' alone is another letter with Shift.
-const std::map<char, std::uint16_t> Keys{{'a', CharacterKey('a', 'A')},
-                                         {'b', 'b'},
-                                         {'g', 'g'},
-                                         {'h', 'h'},
-                                         {'n', 'n'},
-                                         {'o', 'o'},
-                                         {'z', 'z'},
-                                         {'1', '1'},
-                                         {'<', key_code::Backspace},
-                                         {'#', key_code::Shift},
-                                         {'@', key_code::LanguageSwitch},
-                                         {'+', key_code::NextCandidates},
-                                         {'-', key_code::PreviousCandidates},
-                                         {'!', key_code::Enter},
-                                         {'~', key_code::Clear}};
+/// Letters type themselves. '<' erases, '#' is Shift, '@' switches the language, '+' and '-' turn the pages,
+/// '!' enters, '~' clears.
+const std::string Keys = "abghnoz1<#@+-!~";
 
 class PinyinTest : public TouchTest {
 protected:
@@ -50,18 +35,32 @@ protected:
         entry.CandidatesY = 26;
         entry.Gap = 4;
         page.add(entry);
-        for (std::uint16_t x = 0; const auto& [key, code] : Keys) {
-            keyboard.add(
-                KeyboardKey{.Where = {x, 50, std::uint16_t(x + 9), 59}, .Code = code, .PressPicture = 2});
-            x = std::uint16_t(x + 12);
+        for (const char key : Keys) {
+            const QRect place = keyPlace(key).translated(-At);
+            keyboard.add(KeyboardKey{.Where = {std::uint16_t(place.left()), std::uint16_t(place.top()),
+                                               std::uint16_t(place.right()), std::uint16_t(place.bottom())},
+                                     .Code = codeOf(key),
+                                     .PressPicture = 2});
         }
     }
-    static QPoint centreOf(char key) {
-        const auto column = std::distance(Keys.begin(), Keys.find(key));
-        return At + QPoint(12 * static_cast<int>(column) + 5, 55);
+    static QRect keyPlace(char key) {
+        return QRect(At + QPoint(12 * static_cast<int>(Keys.find(key)), 50), QSize(10, 10));
+    }
+    static std::uint16_t codeOf(char key) {
+        namespace code = imagekit::key_code;
+        switch (key) {
+        case '<': return code::Backspace;
+        case '#': return code::Shift;
+        case '@': return code::LanguageSwitch;
+        case '+': return code::NextCandidates;
+        case '-': return code::PreviousCandidates;
+        case '!': return code::Enter;
+        case '~': return code::Clear;
+        default: return CharacterKey(key, key == 'a' ? 'A' : key);
+        }
     }
     void type(const std::string& keys) {
-        for (const char key : keys) tap(centreOf(key).x(), centreOf(key).y());
+        for (const char key : keys) tap(keyPlace(key).center().x(), keyPlace(key).center().y());
     }
     void pick(int cell) { tap(At.x() + 2 + 12 * cell + 5, At.y() + 26 + 4); }
     void open() { tap(5, 5); }
@@ -125,7 +124,7 @@ TEST_F(PinyinTest, LettersBringCandidatesToPick) {
 TEST_F(PinyinTest, TogglesStayDownAndTypePlainly) {
     start();
     open();
-    const QPoint shift = centreOf('#'), language = centreOf('@');
+    const QPoint shift = keyPlace('#').center(), language = keyPlace('@').center();
     type("#a");
     EXPECT_EQ(typed(), "A");
     EXPECT_EQ(pixel(shift.x(), shift.y()), 0xFFFF0000);

@@ -66,25 +66,25 @@ protected:
                            {.Width = 64, .Height = 48, .AutoBL = true, .BLON = 60, .BLSP = 5, .KPTM = 4}));
     }
 
+    int dimAfter(int milliseconds) {
+        run(milliseconds);
+        return DimValue;
+    }
+
     static constexpr int Bright = 255 - 4 * 60;
     static constexpr int Dimmed = 255 - 4 * 5;
 };
 
 TEST_F(BacklightTest, DimsAfterTheIdleTimeInHalfSecondsButNeverDuringAPress) {
-    run(1980);
-    EXPECT_EQ(DimValue, Bright);
-    run(20);
-    EXPECT_EQ(DimValue, Dimmed);
+    EXPECT_EQ(dimAfter(1980), Bright);
+    EXPECT_EQ(dimAfter(20), Dimmed);
     for (int press = 0; press < 2; ++press) { // one that wakes, and one that lasts
         PressPointer({5, 5});
-        run(5000);
-        EXPECT_EQ(DimValue, Bright);
+        EXPECT_EQ(dimAfter(5000), Bright);
         ReleasePointer();
     }
-    run(1980);
-    EXPECT_EQ(DimValue, Bright);
-    run(40);
-    EXPECT_EQ(DimValue, Dimmed);
+    EXPECT_EQ(dimAfter(1980), Bright);
+    EXPECT_EQ(dimAfter(40), Dimmed);
 }
 
 TEST_F(BacklightTest, ThePressThatWakesReachesNoWidget) {
@@ -117,13 +117,11 @@ TEST_F(BacklightTest, AKeyOnADimmedPanelOnlyWakesIt) {
 
 TEST_F(BacklightTest, SwitchingAutoDimmingOffStopsTheCount) {
     apply(word::AutoDimming, 0);
-    run(5000);
-    EXPECT_EQ(DimValue, Bright);
+    EXPECT_EQ(dimAfter(5000), Bright);
     apply(word::AutoDimming, 2);
     EXPECT_EQ(ScreenBright, 0) << "a value that means nothing does nothing";
     apply(word::AutoDimming, 1);
-    run(2000);
-    EXPECT_EQ(DimValue, Dimmed);
+    EXPECT_EQ(dimAfter(2000), Dimmed);
 }
 
 class HostCommandTest : public PanelTest {

@@ -51,8 +51,13 @@ protected:
             text += "0123456789:"[qRed(FrameSurface.pixel(x, y)) - 100];
         return text;
     }
-    void seconds(int count) {
+    static void seconds(int count) {
         for (int i = 0; i < count; ++i) OncePerSecond();
+    }
+    using State = std::pair<int, int>; // of the timer: its count and its control word
+    static State after(int count) {
+        seconds(count);
+        return {ReadWord(Timer), ReadWord(Control)};
     }
 };
 
@@ -93,18 +98,15 @@ TEST_F(UiTimers, CountDownShowsZeroForASecondBeforeItEnds) {
     timer.TargetValue = 0x1234;
     boot(pages({{timer}}));
     set(0, 2, 1);
-    seconds(2);
+    EXPECT_EQ(after(2), State(0, 1));
     cycles(1);
     EXPECT_EQ(shown(), "00:00:00");
-    EXPECT_EQ(ReadWord(Control), 1);
-    EXPECT_EQ(ReadWord(Target), 0);
-    EXPECT_TRUE(TakeSentFrames().empty());
-    seconds(1);
-    EXPECT_EQ(ReadWord(Control), 0);
+    EXPECT_EQ(TakeSentFrames(), Payloads());
+    EXPECT_EQ(after(1), State(0, 0));
     EXPECT_EQ(ReadWord(Target), 0x1234);
     EXPECT_EQ(TakeSentFrames(), (Payloads{{0x41, 0x01, 0x03, 0x12, 0x34}}));
     seconds(3);
-    EXPECT_TRUE(TakeSentFrames().empty());
+    EXPECT_EQ(TakeSentFrames(), Payloads());
 }
 
 TEST_F(UiTimers, CountUpEndsAtItsPreset) {
@@ -114,20 +116,13 @@ TEST_F(UiTimers, CountUpEndsAtItsPreset) {
     again.TargetValue = 1;
     boot(pages({{timer}, {again}}));
     set(3, 0, 1);
-    seconds(3);
-    EXPECT_EQ(ReadWord(Timer), 3);
-    EXPECT_EQ(ReadWord(Control), 1);
-    seconds(1);
-    EXPECT_EQ(ReadWord(Timer), 3);
-    EXPECT_EQ(ReadWord(Control), 0);
+    EXPECT_EQ(after(3), State(3, 1));
+    EXPECT_EQ(after(1), State(3, 0));
     set(0, 0, 1);
-    seconds(1);
-    EXPECT_EQ(ReadWord(Control), 0) << "without a preset it ends at once";
+    EXPECT_EQ(after(1), State(0, 0)) << "without a preset it ends at once";
     ShowPage(1);
     set(3, 3, 1);
-    seconds(1);
-    EXPECT_EQ(ReadWord(Timer), 4) << "one that starts itself again goes on in the same second";
-    EXPECT_EQ(ReadWord(Control), 1);
+    EXPECT_EQ(after(1), State(4, 1)) << "one that starts itself again goes on in the same second";
 }
 
 TEST_F(UiTimers, OnlyACommandOfOneCountsAndHidingTakesTheDigitsOffOnce) {

@@ -35,26 +35,28 @@ protected:
     }
 };
 
-TEST_F(Numbers, BeginWhereTheirAlignmentTells) {
-    const struct {
-        Alignment alignment;
-        std::uint16_t x;
-        int start;
-        const char* text;
-    } cases[] = {{Alignment::Left, 20, 20, "123"},  {Alignment::Left, 55, 55, "12"},
-                 {Alignment::Left, 70, 63, ""},     {Alignment::Centre, 20, 14, "123"},
-                 {Alignment::Centre, 60, 55, "12"}, {Alignment::Right, 20, 8, "123"},
-                 {Alignment::Right, 4, 0, "3"},     {static_cast<Alignment>(3), 20, 0, "123"}};
-    for (const auto& c : cases) {
-        Number number = Plain;
-        number.Align = c.alignment;
-        number.X = c.x;
-        ImageBuilder image = panelWith({number});
-        image.setWord(Value, 123);
-        boot(image);
-        EXPECT_EQ(ReadText(FrameSurface, c.start, 10, Ink), c.text) << c.x;
-        EXPECT_TRUE(c.start == 0 || FrameSurface.pixel(c.start - 1, 12) != Ink) << c.x;
-    }
+/// On the page, and in a group, which follows the turned panel.
+TEST_F(Numbers, StandWhereTheirAlignmentTells) {
+    const QPoint places[] = {{20, 10}, {58, 10}, {4, 10}, {11, 0}, {70, 10}};
+    Sheet sheet({64, 64}, 2 * int(std::size(places)), 4 * 4);
+    for (const std::uint8_t rotation : {0, 1, 2, 3})
+        for (const auto align :
+             {Alignment::Left, Alignment::Centre, Alignment::Right, static_cast<Alignment>(3)})
+            for (const QPoint at : places) {
+                Number number = Plain;
+                number.Align = align;
+                number.X = static_cast<std::uint16_t>(at.x());
+                number.Y = static_cast<std::uint16_t>(at.y());
+                ImageBuilder image = panelWith({number}, rotation);
+                image.page(0).addToGroup(7, number);
+                image.setWord(Value, 123);
+                boot(image);
+                sheet.add(FrameSurface);
+                WorkSurface.fill(PageColour);
+                DrawGroupInRect(0, 7, {2, 3, 40, 40});
+                sheet.add(WorkSurface);
+            }
+    EXPECT_TRUE(EqualsGolden(sheet.picture(), "panel/golden/aligned-numbers.png"));
 }
 
 TEST_F(Numbers, ThatShrinkClearTheirWidestText) {
@@ -111,30 +113,6 @@ TEST_F(Numbers, OutsideTheStoreAreNotDrawnAndBeyondTheMemoryStillAre) {
     boot(image);
     EXPECT_EQ(show(8, 20, 10), "");
     EXPECT_EQ(show(9, 20, 30), "9");
-}
-
-// In groups.
-
-TEST_F(Numbers, InAGroupStandAsThePanelIsTurned) {
-    const QPoint places[] = {{20, 10}, {58, 10}, {4, 10}, {11, 0}};
-    Sheet sheet({64, 64}, 4 * int(std::size(places)), 4);
-    for (const std::uint8_t rotation : {0, 1, 2, 3})
-        for (const auto align :
-             {Alignment::Left, Alignment::Centre, Alignment::Right, static_cast<Alignment>(3)})
-            for (const QPoint at : places) {
-                Number number = Plain;
-                number.Align = align;
-                number.X = static_cast<std::uint16_t>(at.x());
-                number.Y = static_cast<std::uint16_t>(at.y());
-                ImageBuilder image = panelWith({}, rotation);
-                image.page(0).addToGroup(7, number);
-                image.setWord(Value, 123);
-                boot(image);
-                WorkSurface.fill(PageColour);
-                DrawGroupInRect(0, 7, {2, 3, 40, 40});
-                sheet.add(WorkSurface);
-            }
-    EXPECT_TRUE(EqualsGolden(sheet.picture(), "panel/golden/turned-texts-of-numbers.png"));
 }
 
 TEST_F(Numbers, InAGroupKeepTheirOwnRules) {

@@ -10,12 +10,6 @@ using imagekit::RollerPicker;
 constexpr std::uint16_t Value = 0x0100;
 constexpr int Across = 7, Cells = 4, Cell = 6, Window = 17;
 
-/// A colour for each place of a strip; none where a keyed strip lets the page through.
-QRgb stripPixel(bool selected, int along, int across) {
-    if (across % 3 == 0) return qRgba(0, 0, 0, 0);
-    return qRgb(1 + along, 40 * across, selected ? 255 : 100);
-}
-
 /// A roller of the values 3, 7, 11 and 15 whose window is a little shorter than its strip.
 RollerPicker pickerAt(bool horizontal) {
     RollerPicker picker{.Notify = true, .Address = Value, .Horizontal = horizontal};
@@ -33,14 +27,15 @@ RollerPicker pickerAt(bool horizontal) {
 
 class RollerTest : public TouchTest {
 protected:
-    /// Pictures 0 and 1: the selected strips, tall and wide; 2 and 3: the normal ones.
+    /// Pictures 0 and 1: the selected strips, tall and wide; 2 and 3: the normal ones. A keyed strip lets the
+    /// page through at an edge.
     void addStrips(std::uint8_t selectedFormat = format::RGB565, int length = Cells * Cell) {
         for (const bool selected : {true, false})
             for (const bool wide : {false, true}) {
-                QImage strip(wide ? length : Across, wide ? Across : length, QImage::Format_ARGB32);
-                for (int y = 0; y < strip.height(); ++y)
-                    for (int x = 0; x < strip.width(); ++x)
-                        strip.setPixel(x, y, stripPixel(selected, wide ? x : y, wide ? y : x));
+                QImage strip = Pattern(wide ? length : Across, wide ? Across : length);
+                strip.convertTo(QImage::Format_ARGB32);
+                if (!selected) strip.invertPixels();
+                for (int i = 0; i < length; ++i) strip.setPixel(wide ? QPoint(i, 0) : QPoint(0, i), 0);
                 const std::uint8_t kind = selected ? selectedFormat : format::RGB565;
                 image.addPicture(kind == format::None ? imagekit::Picture() : imagekit::Pixels{strip, kind});
             }
@@ -49,7 +44,7 @@ protected:
     static Roller& roller() { return *Rollers.at(Rollers.size() - 1); }
     /// The place of the strip that the band begins with, on the screen.
     static int shownOffset() {
-        return qRed(roller().Horizontal ? FrameSurface.pixel(27, 11) : FrameSurface.pixel(21, 17)) - 1;
+        return roller().Horizontal ? qRed(FrameSurface.pixel(27, 11)) : qGreen(FrameSurface.pixel(21, 17));
     }
 };
 

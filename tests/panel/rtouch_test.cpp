@@ -62,14 +62,10 @@ TEST_F(RtouchTest, FollowsTheFingerToEveryPixelOfItsBand) {
                 const QPoint at(x, y), from = at - QPoint(Middle, Middle);
                 const int distance = QPoint::dotProduct(from, from), angle = plainAngle(from);
                 touch(at);
-                if (distance >= 24 * 24 && distance <= 36 * 36) {
-                    if (angle >= r.StartAngle && angle <= r.EndAngle)
-                        expected = (angle - r.StartAngle) * range / (r.EndAngle - r.StartAngle) + r.Lowest;
-                    else if (angle > r.EndAngle && angle <= r.EndAngle + 9)
-                        expected = r.Highest;
-                    else if (angle < r.StartAngle && angle >= r.StartAngle - 9)
-                        expected = r.Lowest;
-                }
+                const bool inBand = distance >= 24 * 24 && distance <= 36 * 36;
+                const bool inReach = angle >= r.StartAngle - 9 && angle <= r.EndAngle + 9;
+                const int passed = std::clamp<int>(angle, r.StartAngle, r.EndAngle) - r.StartAngle;
+                if (inBand && inReach) expected = passed * range / (r.EndAngle - r.StartAngle) + r.Lowest;
                 ASSERT_EQ(value(), expected) << page << ": " << x << ", " << y;
             }
         letGo();

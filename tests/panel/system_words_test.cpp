@@ -151,7 +151,7 @@ TEST_F(HostCommandTest, AppliesSystemWordsInOrder) {
     FrameSurface.fill(Qt::white);
     HostCommand(writeFrame(word::Redraw, {0x5A}));
     cycles(1);
-    EXPECT_EQ(pixel(0, 0), PageBackground.pixel(0, 0));
+    EXPECT_EQ(pixel(0, 0), qRgb(0, 255, 0)) << "the page of the word";
     EXPECT_EQ(ReadWord(word::Redraw), 0);
 }
 

@@ -1,6 +1,6 @@
 #include "widgets/display/number.h"
 
-#include "graphics/text.h"
+#include "golden.h"
 #include "panel_test.h"
 #include "readable_font.h"
 #include "widgets/display/group.h"
@@ -35,26 +35,28 @@ protected:
     }
 };
 
-TEST_F(Numbers, BeginWhereTheirAlignmentTells) {
-    const struct {
-        Alignment alignment;
-        std::uint16_t x;
-        int start;
-        const char* text;
-    } cases[] = {{Alignment::Left, 20, 20, "123"},  {Alignment::Left, 55, 55, "12"},
-                 {Alignment::Left, 70, 63, ""},     {Alignment::Centre, 20, 14, "123"},
-                 {Alignment::Centre, 60, 55, "12"}, {Alignment::Right, 20, 8, "123"},
-                 {Alignment::Right, 4, 0, "3"},     {static_cast<Alignment>(3), 20, 0, "123"}};
-    for (const auto& c : cases) {
-        Number number = Plain;
-        number.Align = c.alignment;
-        number.X = c.x;
-        ImageBuilder image = panelWith({number});
-        image.setWord(Value, 123);
-        boot(image);
-        EXPECT_EQ(ReadText(FrameSurface, c.start, 10, Ink), c.text) << c.x;
-        EXPECT_TRUE(c.start == 0 || FrameSurface.pixel(c.start - 1, 12) != Ink) << c.x;
-    }
+/// On the page, and in a group, which follows the turned panel.
+TEST_F(Numbers, StandWhereTheirAlignmentTells) {
+    const QPoint places[] = {{20, 10}, {58, 10}, {4, 10}, {11, 0}, {70, 10}};
+    Sheet sheet({64, 64}, 2 * int(std::size(places)), 4 * 4);
+    for (const std::uint8_t rotation : {0, 1, 2, 3})
+        for (const auto align :
+             {Alignment::Left, Alignment::Centre, Alignment::Right, static_cast<Alignment>(3)})
+            for (const QPoint at : places) {
+                Number number = Plain;
+                number.Align = align;
+                number.X = static_cast<std::uint16_t>(at.x());
+                number.Y = static_cast<std::uint16_t>(at.y());
+                ImageBuilder image = panelWith({number}, rotation);
+                image.page(0).addToGroup(7, number);
+                image.setWord(Value, 123);
+                boot(image);
+                sheet.add(FrameSurface);
+                WorkSurface.fill(PageColour);
+                DrawGroupInRect(0, 7, {2, 3, 40, 40});
+                sheet.add(WorkSurface);
+            }
+    EXPECT_TRUE(EqualsGolden(sheet.picture(), "panel/golden/aligned-numbers.png"));
 }
 
 TEST_F(Numbers, ThatShrinkClearTheirWidestText) {
@@ -84,7 +86,7 @@ TEST_F(Numbers, ThatShrinkClearTheirWidestText) {
     EXPECT_EQ(FrameSurface.pixel(24, 12), Mark) << "a page change forgets the width";
 }
 
-TEST_F(Numbers, AreInvisibleWhileTheirHideWordIsSet) {
+TEST_F(Numbers, FollowThePopupAndAreInvisibleWhileTheirHideWordIsSet) {
     Number number = Plain;
     number.HideAddress = Hide;
     number.Align = Alignment::Right;
@@ -95,87 +97,22 @@ TEST_F(Numbers, AreInvisibleWhileTheirHideWordIsSet) {
     EXPECT_EQ(FrameSurface, PageBackground);
     StoreWord(Hide, 0);
     EXPECT_EQ(show(12, 12), "12");
+    openPopup(0, 10, 20);
+    EXPECT_EQ(ReadText(FrameSurface, 22, 30, Ink), "12");
 }
 
-TEST_F(Numbers, OutsideTheStoreAreNotDrawn) {
-    Number lost = Plain;
+TEST_F(Numbers, OutsideTheStoreAreNotDrawnAndBeyondTheMemoryStillAre) {
+    Number lost = Plain, wrapped = Plain;
     lost.ValueAddress = 0x70FF;
-    Number wrapped = Plain;
     wrapped.ValueAddress = Value + 0x8000; // byte addresses have 16 bits
     wrapped.Y = 30;
-    ImageBuilder image = panelWith({lost, wrapped});
-    image.setWord(Value, 8);
-    boot(image);
-    EXPECT_EQ(ReadText(FrameSurface, 20, 10, Ink), "");
-    EXPECT_EQ(ReadText(FrameSurface, 20, 30, Ink), "8");
-}
-
-TEST_F(Numbers, MoreThanThePageHoldsAreDrawnWithoutMemory) {
+    std::vector<imagekit::DisplayRecord> records(60, Encode(wrapped));
+    records.push_back(Encode(lost));
     ImageBuilder image = panelWith({});
-    image.page(0).setRawStream(imagekit::Stream::Display, RawStream(std::vector(60, Encode(Plain))));
+    image.page(0).setRawStream(imagekit::Stream::Display, RawStream(records));
     boot(image);
-    EXPECT_EQ(show(1, 20), "1");
-}
-
-TEST_F(Numbers, FollowThePopup) {
-    Number moving = Plain;
-    moving.X = 3;
-    moving.Y = 2;
-    boot(panelWith({moving}));
-    openPopup(0, 10, 20);
-    EXPECT_EQ(ReadText(FrameSurface, 13, 22, Ink), "0");
-}
-
-// In groups.
-
-/// Draws the text where the table says and where the widget does. Turned by a quarter the measuring box is as
-/// wide as a line is high, and takes one character a line: 4 px.
-TEST_F(Numbers, InAGroupStandAsThePanelIsTurned) {
-    const struct {
-        std::uint8_t rotation;
-        Alignment alignment;
-        QPoint at;
-        QRect box; // on the panel, for a text of 3 characters
-    } cases[] = {{0, Alignment::Left, {20, 10}, {20, 10, 12, 6}},
-                 {0, Alignment::Left, {58, 10}, {58, 10, 6, 6}},
-                 {0, Alignment::Centre, {20, 10}, {14, 10, 12, 6}},
-                 {0, Alignment::Centre, {4, 10}, {0, 10, 12, 6}},
-                 {0, Alignment::Right, {20, 10}, {9, 10, 12, 6}},
-                 {0, Alignment::Right, {8, 10}, {0, 10, 8, 6}},
-                 {1, Alignment::Left, {20, 10}, {14, 10, 6, 4}},
-                 {1, Alignment::Centre, {20, 10}, {14, 9, 6, 4}},
-                 {1, Alignment::Right, {20, 10}, {14, 6, 6, 4}},
-                 {2, Alignment::Left, {20, 10}, {9, 5, 12, 6}},
-                 {2, Alignment::Left, {11, 10}, {0, 5, 12, 6}},
-                 {2, Alignment::Centre, {20, 10}, {15, 5, 12, 6}},
-                 {2, Alignment::Right, {20, 10}, {20, 5, 12, 6}},
-                 {3, Alignment::Left, {20, 10}, {20, 6, 6, 4}},
-                 {3, Alignment::Centre, {20, 10}, {20, 9, 6, 4}},
-                 {3, Alignment::Centre, {20, 0}, {20, 0, 6, 4}},
-                 {3, Alignment::Right, {20, 10}, {20, 10, 6, 4}},
-                 {0, static_cast<Alignment>(3), {20, 10}, {0, 0, 12, 6}}};
-    for (const auto& [rotation, alignment, at, box] : cases) {
-        SCOPED_TRACE(testing::Message() << int{rotation} << ' ' << int(alignment) << ' ' << at.x());
-        Number number = Plain;
-        number.Align = alignment;
-        number.X = static_cast<std::uint16_t>(at.x());
-        number.Y = static_cast<std::uint16_t>(at.y());
-        ImageBuilder image = panelWith({}, rotation);
-        image.page(0).addToGroup(7, number);
-        image.setWord(Value, 123);
-        boot(image);
-        WorkSurface.fill(PageColour);
-        DrawGroupInRect(0, 7, {2, 3, 40, 40});
-        const QImage drawn = WorkSurface;
-
-        WorkSurface.fill(PageColour);
-        TextFont font = TableFont(0);
-        font.encoding = Encoding::Ascii;
-        constexpr std::uint8_t text[] = {'1', '2', '3'};
-        DrawTextWork({.font = font, .anchor = static_cast<std::uint8_t>(alignment), .colour = Plain.Colour},
-                     box.translated(1 - 2, 1 - 3), text);
-        EXPECT_EQ(drawn, WorkSurface);
-    }
+    EXPECT_EQ(show(8, 20, 10), "");
+    EXPECT_EQ(show(9, 20, 30), "9");
 }
 
 TEST_F(Numbers, InAGroupKeepTheirOwnRules) {

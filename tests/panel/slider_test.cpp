@@ -1,9 +1,7 @@
 #include "widgets/touch/slider.h"
 
+#include "golden.h"
 #include "touch_fixture.h"
-#include "widgets/touch/sliding_list.h"
-
-#include <QPainter>
 
 namespace panel {
 namespace {
@@ -12,134 +10,76 @@ using namespace imagekit;
 
 constexpr std::uint16_t Value = 0x0100, Second = 0x0101;
 
-/// The pattern, apart from those of other seeds.
-QImage pattern(int width, int height, int seed, bool translucent = false) {
-    QImage picture = Pattern(width, height).convertToFormat(QImage::Format_ARGB32);
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x)
-            picture.setPixel(
-                x, y, qRgba(10 + 5 * x, 10 + 7 * y, seed * 40, translucent ? (x * 31 + y * 17) % 256 : 255));
-    return picture;
+/// Values are cut to whole ones, after the share of a single pixel was rounded.
+TEST(SliderTrack, MapsPlacesToValues) {
+    constexpr SliderRange percent{0, 100}, falling{9, 2}, wide{-32768, 32767};
+    const struct {
+        SliderRange range;
+        int place, lowEnd, highEnd, value;
+    } cases[] = {{percent, 10, 10, 60, 0},       {percent, 35, 10, 60, 50},    {percent, 59, 10, 60, 98},
+                 {percent, 3, 10, 60, 0},        {percent, 99, 10, 60, 100},   {percent, 59, 60, 10, 2},
+                 {percent, 3, 60, 10, 100},      {percent, 70, 60, 10, 0},     {percent, 20, 20, 20, 100},
+                 {{-300, 41}, 17, 10, 60, -252}, {{-300, 41}, 53, 10, 60, -6}, {falling, 30, 0, 100, 6},
+                 {wide, 1, 0, 700, -32674},      {wide, 699, 0, 700, 32673},   {{7, 8}, 599, 0, 600, 7},
+                 {{0, 84}, 15, 0, 20, 62}};
+    for (const auto& c : cases)
+        EXPECT_EQ(SliderValue(c.range, c.place, c.lowEnd, c.highEnd), c.value) << c.place;
 }
 
-TEST(SliderTrack, MapsEveryPlaceAndValue) {
-    for (const SliderRange range : {SliderRange{0, 100}, {-300, 41}, {-32768, 32767}, {7, 8}})
-        for (const auto& [low, high] : {std::pair{10, 60}, {60, 10}, {5, 6}, {0, 700}}) {
-            const int length = std::abs(high - low), toward = high > low ? 1 : -1;
-            for (int d = -3; d <= length + 3; ++d) {
-                const long double exact =
-                    range.lowest + d * (static_cast<long double>(range.span()) / length);
-                const auto expected = d <= 0        ? range.lowest
-                                      : d >= length ? range.highest
-                                                    : static_cast<std::int16_t>(exact);
-                ASSERT_EQ(SliderValue(range, low + toward * d, low, high), expected) << d;
-            }
-            for (int value = range.lowest - 2; value <= range.highest + 2; value += 1 + range.span() / 500) {
-                if (value != static_cast<std::int16_t>(value)) continue;
-                const int inside = std::clamp<int>(value, range.lowest, range.highest);
-                ASSERT_EQ(SliderPixels(range, static_cast<std::int16_t>(value), length),
-                          static_cast<std::int64_t>(inside - range.lowest) * length / range.span());
-            }
-        }
-    EXPECT_EQ(SliderPixels({5, 5}, 9, 100), 0);
-    for (const auto& [value, pixels] : {std::pair{12, 0}, {9, 0}, {7, 28}, {2, 100}, {-5, 100}})
-        EXPECT_EQ(SliderPixels({9, 2}, static_cast<std::int16_t>(value), 100), pixels) << "crossed limits";
-    EXPECT_EQ(SliderValue({9, 2}, 30, 0, 100), 6);
-    EXPECT_EQ(SliderValue({0, 50}, 20, 20, 20), 50);
+TEST(SliderTrack, MapsValuesToPixels) {
+    const struct {
+        SliderRange range;
+        std::int16_t value;
+        int length, pixels;
+    } cases[] = {{{0, 100}, 33, 30, 9},  {{0, 100}, -1, 30, 0},    {{0, 100}, 101, 30, 30},
+                 {{0, 100}, 50, -7, -3}, {{-300, 41}, 40, 99, 98}, {{-32768, 32767}, 32766, 70000, 69998},
+                 {{5, 5}, 9, 100, 0},    {{9, 2}, 12, 100, 0},     {{9, 2}, 7, 100, 28},
+                 {{9, 2}, -5, 100, 100}};
+    for (const auto& [range, value, length, pixels] : cases)
+        EXPECT_EQ(SliderPixels(range, value, length), pixels) << value;
 }
 
-struct Look {
-    SlideDirection direction;
-    QSize fill, thumb;
-    bool back;
-};
+Pixels pattern(QSize size) { return {Pattern(size.width(), size.height())}; }
 
-class SliderLooks : public TouchTest {
-protected:
-    /// What the slider is to look like, by the places of its parts alone.
-    static QImage expected(const Look& look, int value, const QImage& fill, const QImage& thumb,
-                           const QImage& back, QPoint fillAt, QPoint backAt) {
-        QImage frame(64, 48, QImage::Format_ARGB32_Premultiplied);
-        frame.fill(QColor(Qt::gray));
-        QPainter painter(&frame);
-        const bool vertical = look.direction >= SlideDirection::Down;
-        const bool reversed = look.direction == SlideDirection::Left || look.direction == SlideDirection::Up;
-        const int length = vertical ? fill.height() : fill.width();
-        const int shown = value * length / 100;
-        if (look.back) painter.drawImage(backAt, back);
-        QRect piece(QPoint(), fill.size());
-        if (vertical)
-            reversed ? piece.setTop(length - shown) : piece.setHeight(shown);
-        else
-            reversed ? piece.setLeft(length - shown) : piece.setWidth(shown);
-        if (shown > 0) painter.drawImage(fillAt + piece.topLeft(), fill, piece);
-        // The track is the fill's length, less half a thumb at each end.
-        const QRect area = look.back ? QRect(backAt, back.size()) : QRect(fillAt, fill.size());
-        const int half = (vertical ? thumb.height() : thumb.width()) / 2;
-        const int first = vertical ? area.y() : area.x(),
-                  last = first + (vertical ? area.height() : area.width());
-        const int from = std::max(vertical ? fillAt.y() : fillAt.x(), first + half), to = last - half;
-        const int middle = reversed ? to - value * (to - from) / 100 : from + value * (to - from) / 100;
-        painter.setClipRect(vertical ? area.adjusted(-9, 0, 9, 0)
-                                     : area.adjusted(0, -9, 0, 9)); // nothing beyond
-        const QPoint centred((fill.width() - thumb.width()) / 2, (fill.height() - thumb.height()) / 2);
-        painter.drawImage(vertical ? QPoint(fillAt.x() + centred.x(), middle - half)
-                                   : QPoint(middle - half, fillAt.y() + centred.y()),
-                          thumb);
-        return frame;
-    }
-};
-
-TEST_F(SliderLooks, AreFillThumbAndBackground) {
-    std::vector<Look> looks;
-    for (int direction = 0; direction < 4; ++direction)
-        for (const bool back : {false, true})
-            for (const QSize thumb : {QSize(6, 12), QSize(5, 4)}) {
-                const bool vertical = direction >= 2;
-                looks.push_back({static_cast<SlideDirection>(direction),
-                                 vertical ? QSize(8, 30) : QSize(30, 8),
-                                 vertical ? thumb.transposed() : thumb, back});
+TEST_F(TouchTest, SlidersAreFillThumbAndBackground) {
+    const std::uint16_t back = image.addPicture(pattern({42, 36}));
+    constexpr std::uint16_t pages = 4 * 2 * 2;
+    for (const auto direction :
+         {SlideDirection::Right, SlideDirection::Left, SlideDirection::Down, SlideDirection::Up})
+        for (const std::uint16_t backImage : {None, back})
+            for (const QSize size : {QSize(6, 12), QSize(5, 4)}) {
+                const bool vertical = direction >= SlideDirection::Down;
+                const auto turned = [vertical](QSize flat) { return vertical ? flat.transposed() : flat; };
+                Slider slider{.FillX = 14, .FillY = 12, .Address = Value, .Where = {14, 12, 44, 42}};
+                if (backImage != None) slider.Where = {10, 9, 52, 45};
+                slider.FillImage = image.addPicture(pattern(turned({30, 8})));
+                const QSize thumb = turned(size);
+                slider.ThumbImage = image.addPicture(
+                    Filled(thumb.width(), thumb.height(), QColor(255, 200, 0, 150), format::aRGB8888));
+                slider.Direction = direction;
+                slider.BackX = 10;
+                slider.BackY = 9;
+                slider.BackImage = backImage;
+                addPage().add(slider);
             }
-    const QPoint fillAt(14, 12), backAt(10, 9);
-    const QImage back = pattern(42, 36, 3);
-    const std::uint16_t backImage = image.addPicture(Pixels{back});
-    std::vector<std::pair<QImage, QImage>> pictures;
-    for (const Look& look : looks) {
-        auto& [fill, thumb] =
-            pictures.emplace_back(pattern(look.fill.width(), look.fill.height(), 1),
-                                  pattern(look.thumb.width(), look.thumb.height(), 2, true));
-        const bool vertical = look.direction >= SlideDirection::Down;
-        const QRect area = look.back ? QRect(backAt, back.size()) : QRect(fillAt, fill.size());
-        const auto u16 = [](int value) { return static_cast<std::uint16_t>(value); };
-        Slider slider{
-            .FillX = 14, .FillY = 12, .FillImage = image.addPicture(Pixels{fill}), .Address = Value};
-        slider.ThumbImage = image.addPicture(Pixels{thumb, format::aRGB8888});
-        slider.Direction = look.direction;
-        slider.Where = {u16(area.x()), u16(area.y()), u16(area.x() + (vertical ? 20 : area.width())),
-                        u16(area.y() + (vertical ? area.height() : 20))};
-        slider.BackX = 10;
-        slider.BackY = 9;
-        slider.BackImage = look.back ? backImage : None;
-        addPage().add(slider);
-    }
     start();
-    for (std::uint16_t page = 0; page < looks.size(); ++page) {
+    const std::uint16_t values[] = {0, 1, 33, 50, 99, 100};
+    Sheet sheet({64, 48}, 2 * int(std::size(values)), pages / 2);
+    for (std::uint16_t page = 0; page < pages; ++page) {
         ShowPage(page);
-        for (const std::uint16_t value : {0, 1, 33, 50, 99, 100}) {
+        for (const std::uint16_t value : values) {
             StoreWord(Value, value);
             run(300);
-            const QImage wanted = expected(looks[page], value, pictures[page].first, pictures[page].second,
-                                           back, fillAt, backAt);
-            ASSERT_EQ(outputs.frame.convertToFormat(wanted.format()), wanted)
-                << "page " << page << " value " << value;
+            sheet.add(outputs.frame);
         }
     }
+    EXPECT_TRUE(EqualsGolden(sheet.picture(), "panel/golden/sliders.png"));
 }
 
 class SliderDrags : public TouchTest {
 protected:
     void SetUp() override {
-        const std::uint16_t fill = image.addPicture(Pixels{pattern(40, 6, 1)});
+        const std::uint16_t fill = image.addPicture(pattern({40, 6}));
         auto& page = addPage();
         Slider slider{.Notify = true, .FillX = 10, .FillY = 4, .FillImage = fill, .Address = Value};
         slider.Where = {10, 2, 50, 12};
@@ -206,7 +146,7 @@ TEST_F(SliderDrags, KeepOffWhileAnotherWidgetHasThePress) {
 }
 
 TEST_F(TouchTest, ASliderOnAListMovesWithIt) {
-    const std::uint16_t fill = image.addPicture(Pixels{pattern(40, 6, 1)});
+    const std::uint16_t fill = image.addPicture(pattern({40, 6}));
     addPage();
     addPage().add(Slider{
         .InList = 1, .FillX = 5, .FillY = 50, .FillImage = fill, .Address = Value, .Where = {5, 50, 45, 56}});
@@ -216,14 +156,9 @@ TEST_F(TouchTest, ASliderOnAListMovesWithIt) {
     ListSurfaceB.fill(Qt::yellow);
     StoreWord(Value, 50);
     ShowPage(1);
-    EXPECT_EQ(ListSurfaceA.pixelColor(5, 50), QColor(10, 10, 40));
+    EXPECT_EQ(ListSurfaceA.pixelColor(5, 50), QColor(0, 0, 99));
     EXPECT_EQ(ListSurfaceA.pixelColor(25, 50), QColor(Qt::yellow)) << "what lies behind, beyond the value";
-    SlideListActive = 1;
-    ListWindow = {10, 0, 50, 40};
-    ListMode = list_mode::Vertical;
-    ListW = 60;
-    ListH = 90;
-    ListShown = 30;
+    showList({10, 0, 50, 40}, {60, 90}, list_mode::Vertical, 30);
     press(15 + 10, 23);
     EXPECT_EQ(ReadWord(Value), 25);
     EXPECT_EQ(ListSurfaceA.pixelColor(15, 50), QColor(Qt::yellow));
@@ -231,36 +166,30 @@ TEST_F(TouchTest, ASliderOnAListMovesWithIt) {
 }
 
 TEST_F(TouchTest, ADragOnAListGoesOnBeyondWindowAndSeam) {
-    const std::uint16_t fill = image.addPicture(Pixels{pattern(30, 6, 1)});
+    const std::uint16_t fill = image.addPicture(pattern({30, 6}));
     addPage().add(Slider{
         .InList = 1, .FillX = 60, .FillY = 4, .FillImage = fill, .Address = Value, .Where = {60, 2, 90, 12}});
     start();
-    SlideListActive = 1;
-    ListWindow = {10, 0, 40, 30};
-    ListW = 100;
-    ListH = 40;
     const auto valueAt = [this](int x, int y) {
         drag(x, y);
         return ReadWord(Value);
     };
-    ListMode = list_mode::Horizontal;
-    ListShown = 45;
+    showList({10, 0, 40, 30}, {100, 40}, list_mode::Horizontal, 45);
     press(40, 5); // place 75
     EXPECT_EQ(ReadWord(Value), 50);
     EXPECT_EQ(valueAt(63, 5), 100) << "right of the window";
     EXPECT_EQ(valueAt(2, 5), 0) << "left of it";
     EXPECT_EQ(valueAt(40, 31), 0) << "below it the finger is off the slider";
     letGo();
-    ListMode = list_mode::EndlessHorizontal;
-    ListShown = 80; // the seam at 30
-    press(15, 5);   // place 85
+    showList({10, 0, 40, 30}, {100, 40}, list_mode::EndlessHorizontal, 80); // the seam at 30
+    press(15, 5);                                                           // place 85
     EXPECT_EQ(ReadWord(Value), 83);
     for (const int x : {28, 35, 49}) EXPECT_EQ(valueAt(x, 5), 100) << "the list's start is still the right";
     EXPECT_EQ(valueAt(12, 5), 73);
 }
 
 TEST_F(TouchTest, WhatCannotBeDrawnOfASliderIsNotThere) {
-    const std::uint16_t fill = image.addPicture(Pixels{pattern(20, 6, 1)}), key = addPicture(Qt::red, 30, 30);
+    const std::uint16_t fill = image.addPicture(pattern({20, 6})), key = addPicture(Qt::red, 30, 30);
     const std::uint16_t unknown =
         image.addPicture(StoredPicture{.Width = 16, .Height = 16, .Extra = 5, .Format = 9});
     Slider slider{.FillX = 4, .FillY = 4, .FillImage = unknown, .Address = Value, .Where = {0, 0, 24, 9}};

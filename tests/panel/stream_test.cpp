@@ -1,3 +1,5 @@
+#include "imagekit/bar_widgets.h"
+#include "imagekit/chart_widgets.h"
 #include "imagekit/image_error.h"
 #include "pages/display_kinds.h"
 #include "pages/display_page.h"
@@ -9,9 +11,7 @@
 namespace panel {
 namespace {
 
-using imagekit::Bytes;
-using imagekit::DisplayRecord;
-using imagekit::ImageBuilder;
+using namespace imagekit;
 
 Bytes operator+(Bytes left, const Bytes& right) {
     left.insert(left.end(), right.begin(), right.end());
@@ -82,22 +82,6 @@ TEST(Parameters, ReadTheRecordOrTheStoreAndNothingBeyond) {
     EXPECT_EQ(Parameters(beyondStore).u32(7), 0u);
 }
 
-/// A block with little-endian words at record offsets.
-Bytes block(std::size_t length, std::initializer_list<std::pair<std::size_t, int>> words) {
-    Bytes bytes(length + 1, 0);
-    for (const auto& [offset, value] : words) {
-        bytes[offset - 5] = static_cast<std::uint8_t>(value);
-        bytes[offset - 4] = static_cast<std::uint8_t>(value >> 8);
-    }
-    bytes.resize(length);
-    return bytes;
-}
-
-const Bytes valueWord = block(12, {{5, 0x0100}});
-Bytes numberBlock(int type, int hideWord) { // two bytes of text before the hide word
-    return block(0x20, {{5, 0x0100}, {0x14, type | 2 << 8}, {0x18, hideWord}});
-}
-
 class DisplayStream : public PanelTest {
 protected:
     /// Every byte from word 0x0100 on differs, and no text ends before its seventh byte.
@@ -122,22 +106,31 @@ TEST_F(DisplayStream, BringsInLineWhatItsRecordsDependOn) {
         DisplayRecord record;
         std::vector<int> synced; // byte offsets from word 0x0100
     };
+    constexpr std::uint16_t value = 0x0100, hide = 0x0104;
+    PngNumber pngNumber{.ValueAddress = value, .IntegerDigits = 1};
+    pngNumber.HideAddress = hide;
     const Case cases[] = {
         {"label up to its zero word",
-         {1, 0, 0xFFFF, block(0x16, {{5, 0x0100}, {0x19, 9}})},
+         Encode(Label{.TextAddress = value, .TextLength = 9}),
          {0, 1, 2, 3, 4, 5, 6, 7}},
-        {"label without text", {1, 0, 0xFFFF, block(0x16, {{5, 0x0100}})}, {}},
-        {"number of one byte", {2, 0, 0xFFFF, numberBlock(0x80, 0xFFFF)}, {1}},
-        {"number of four bytes and hide word", {2, 0, 0xFFFF, numberBlock(0x02, 0x0104)}, {0, 1, 2, 3, 8, 9}},
-        {"PNG number", {4, 0, 0xFFFF, block(0x12, {{5, 0x0100}, {0x0F, 1}, {0x13, 0x0103}})}, {0, 1, 6, 7}},
-        {"flagged bit icon", {0x0F, 0x0300, 0xFFFF, valueWord}, {0, 1}},
-        {"QR text up to zeros", {7, 0, 0xFFFF, block(12, {{5, 0x0100}, {7, 9}})}, {0, 1, 2, 3, 4, 5, 6, 7}},
-        {"QR text by its length", {7, 0, 0xFFFF, block(12, {{5, 0x0100}, {7, 1}})}, {0, 1}},
-        {"rolling text", {9, 0, 0xFFFF, block(12, {{5, 0x0100}, {0x0F, 0xFF03}})}, {0, 1, 2, 3, 4, 5}},
-        {"curve", {0x0D, 0, 0xFFFF, valueWord}, {}},
+        {"label without text", Encode(Label{.TextAddress = value}), {}},
+        {"number of one byte",
+         Encode(Number{.ValueAddress = value, .Type = DataType::S8, .Unit = "kg"}),
+         {1}},
+        {"number and hide word",
+         Encode(Number{.ValueAddress = value, .Type = DataType::U32, .Unit = "kg", .HideAddress = hide}),
+         {0, 1, 2, 3, 8, 9}},
+        {"PNG number", Encode(pngNumber), {0, 1, 8, 9}},
+        {"flagged bit icon", {0x0F, 0x0300, 0xFFFF, {0x00, 0x01, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}}, {0, 1}},
+        {"QR text up to zeros",
+         Encode(QrCode{.TextAddress = value, .TextWords = 9}),
+         {0, 1, 2, 3, 4, 5, 6, 7}},
+        {"QR text by its length", Encode(QrCode{.TextAddress = value, .TextWords = 1}), {0, 1}},
+        {"rolling text", Encode(Textroll{.TextAddress = value, .TextWords = 0xFF03}), {0, 1, 2, 3, 4, 5}},
+        {"curve", Encode(Curve{}), {}},
         {"curve block in the store", {0x0D, 0, 0x0102, Bytes(3)}, {4, 5, 6}},
         {"music has no block", {0x0A, 0, 0x0102, Bytes(3)}, {}},
-        {"unknown kind", {0x1F, 0, 0xFFFF, valueWord}, {}}};
+        {"unknown kind", {0x1F, 0, 0xFFFF, {0x00, 0x01}}, {}}};
     for (const Case& row : cases) {
         ImageBuilder image({.Width = 64, .Height = 48, .InitVar = false});
         image.addPage().add(row.record);
@@ -154,9 +147,9 @@ TEST_F(DisplayStream, StreamsThatAreTooLongAreCut) {
     Bytes stream;
     while (stream.size() < 5000) stream = stream + label;
     image.addPage();
-    for (const auto kind : {imagekit::Stream::Display, imagekit::Stream::Touch, imagekit::Stream::Group})
+    for (const auto kind : {Stream::Display, Stream::Touch, Stream::Group})
         image.page(0).setRawStream(kind, stream);
-    image.addPage().setRawStream(imagekit::Stream::Display, {}, 0xFFFE); // more than the image has
+    image.addPage().setRawStream(Stream::Display, {}, 0xFFFE); // more than the image has
     EXPECT_EQ(boot(image), StartResult::Running);
     ShowPage(1);
     cycles(2);
@@ -165,14 +158,14 @@ TEST_F(DisplayStream, StreamsThatAreTooLongAreCut) {
 TEST(PageLimits, AreThoseOfTheTablesThatThePanelFills) {
     ImageBuilder image;
     const auto expectLimit = [&image](const auto& record, std::size_t limit) {
-        imagekit::Page& page = image.addPage();
+        Page& page = image.addPage();
         for (std::size_t i = 0; i < limit; ++i) page.add(record);
-        EXPECT_THROW(page.add(record), imagekit::ImageError) << page.index();
+        EXPECT_THROW(page.add(record), ImageError) << page.index();
     };
     for (const DisplayKind& kind : DisplayKinds())
         if (kind.capacity != 0) expectLimit(DisplayRecord{.Kind = kind.code}, kind.capacity);
     for (std::uint16_t code = 0x8000; const TouchFamily* family = FindTouchFamily(code); ++code)
-        expectLimit(imagekit::TouchRecord{.Family = code}, family->capacity);
+        expectLimit(TouchRecord{.Family = code}, family->capacity);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include "imagekit/touch_controls.h"
 #include "panel_test.h"
+#include "widgets/touch/sliding_list.h"
 
 namespace panel {
 
@@ -39,6 +40,15 @@ protected:
     void virtualKey(std::uint16_t code) {
         apply(word::VirtualKey, code);
         cycles(1);
+    }
+    /// What a list brings about that shows its picture in a window on the panel.
+    static void showList(QRect window, QSize picture, std::uint8_t mode, int shown) {
+        SlideListActive = 1;
+        ListWindow = window;
+        ListW = static_cast<std::uint16_t>(picture.width());
+        ListH = static_cast<std::uint16_t>(picture.height());
+        ListMode = mode;
+        ListShown = shown;
     }
 
     imagekit::ImageBuilder image;

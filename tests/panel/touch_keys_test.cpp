@@ -1,11 +1,8 @@
-#include "graphics/primitives.h"
 #include "touch_fixture.h"
 #include "widgets/touch/hit_test.h"
 #include "widgets/touch/popup_key.h"
 #include "widgets/touch/sliding_list.h"
 #include "widgets/touch/step_key.h"
-
-#include <QPainter>
 
 namespace panel {
 namespace {
@@ -63,8 +60,7 @@ TEST_F(TouchTest, AKeyShowsThePressAtOnceAndActsWhenLetGo) {
         EXPECT_EQ(TakeSentFrames(), Payloads{keys[page].second});
         // On a list a key never sends.
         ShowPage(static_cast<std::uint16_t>(page + keys.size()));
-        SlideListActive = 1;
-        ListWindow = {0, 0, 64, 48};
+        showList({0, 0, 64, 48}, {64, 48}, list_mode::Vertical, 0);
         tap(25, 5);
         SlideListActive = 0;
         EXPECT_EQ(TakeSentFrames(), Payloads());
@@ -114,29 +110,28 @@ TEST_F(TouchTest, AVirtualKeyWaitsForARowWithItsCode) {
 }
 
 TEST_F(TouchTest, RowsOnAListAreHitWhereTheListShowsThem) {
+    using namespace list_mode;
     addPage();
     start();
-    SlideListActive = 1;
-    ListWindow = QRect(10, 8, 20, 16);
-    ListW = 50;
-    ListH = 40;
-    std::mt19937 random(1);
-    const auto below = [&](unsigned bound) { return static_cast<std::uint16_t>(random() % bound); };
-    for (int run = 0; run < 20000; ++run) {
-        ListMode = std::array<std::uint8_t, 4>{0, 1, 0x80, 0x81}[run % 4u];
-        const bool vertical = (ListMode & 1) == 0, endless = (ListMode & 0x80) != 0;
-        const int length = vertical ? 40 : 50, view = vertical ? 16 : 20;
-        ListShown = below(endless ? length + 1 : length - view + 1);
-        const std::uint16_t x0 = below(50), y0 = below(40), x1 = x0 + below(40), y1 = y0 + below(40);
-        const QPoint at(5 + below(30), 4 + below(25));
+    const struct {
+        std::uint8_t mode;
+        int shown;
+        QPoint at, place; // of the finger on the panel, and on the picture of the list
+    } cases[] = {{Vertical, 24, {10, 8}, {0, 24}},         {Vertical, 24, {29, 23}, {19, 39}},
+                 {Horizontal, 30, {10, 8}, {30, 0}},       {Horizontal, 30, {29, 23}, {49, 15}},
+                 {EndlessVertical, 24, {12, 23}, {2, 39}}, {EndlessVertical, 30, {12, 17}, {2, 39}},
+                 {EndlessVertical, 30, {12, 18}, {2, 0}},  {EndlessHorizontal, 40, {19, 10}, {49, 2}},
+                 {EndlessHorizontal, 40, {20, 10}, {0, 2}}};
+    for (const auto& [mode, shown, at, place] : cases) {
+        showList({10, 8, 20, 16}, {50, 40}, mode, shown);
         MovePointer(at);
-        // What the window shows at a place: the picture, moved, with its start behind its end.
-        int along = (vertical ? at.y() - 8 : at.x() - 10) + ListShown;
-        if (endless && along >= length) along -= length;
-        const QPoint shown = vertical ? QPoint(at.x() - 10, along) : QPoint(along, at.y() - 8);
-        ASSERT_EQ(HitTest(x0, x1, y0, y1, 3),
-                  ListWindow.contains(at) && QRect(QPoint(x0, y0), QPoint(x1, y1)).contains(shown))
-            << run;
+        const auto x = std::uint16_t(place.x()), y = std::uint16_t(place.y());
+        EXPECT_TRUE(HitTest(x, x, y, y, 3)) << "the bounds belong to it";
+        EXPECT_FALSE(HitTest(x + 1, 63, 0, 63, 3) || HitTest(0, 63, y + 1, 63, 3));
+    }
+    for (const QPoint outside : {QPoint(9, 8), QPoint(30, 8), QPoint(10, 7), QPoint(10, 24)}) {
+        MovePointer(outside);
+        EXPECT_FALSE(HitTest(0, 63, 0, 47, 1)) << outside.x();
     }
     SlideListActive = 0;
     MovePointer({12, 10});
@@ -182,83 +177,69 @@ TEST_F(TouchTest, ACopyKeyCopiesWithinTheStore) {
     } cases[] = {{0x200, 0x100, 3, {1, 2, 3, 0}}, {0x101, 0x100, 3, {1, 1, 1}},
                  {0x100, 0x101, 3, {2, 3, 4, 4}}, {0x100, 0x102, 0, {1, 2}},
                  {0x100, 0x70FE, 2, {9, 2}},      {0x70FE, 0x102, 3, {3, 0}},
-                 {0x100, 0x70FF, 1, {1}},         {0x70FF, 0x100, 1, {0}}};
+                 {0x100, 0x70FF, 1, {1}},         {0x70FF, 0x100, 1, {0}},
+                 {word::Page, 0x100, 2, {1}}}; // a system word takes effect
     auto& page = addPage();
-    const auto addKey = [&page](std::uint16_t code, std::uint16_t to, std::uint16_t from,
-                                std::uint8_t count) {
-        CopyKey key{.Where = VirtualKeyOnly(code)};
-        key.Destination = to;
-        key.Source = from;
-        key.WordCount = count;
+    for (std::uint16_t code = 0; const auto& c : cases) {
+        CopyKey key{.Where = VirtualKeyOnly(code++)};
+        key.Destination = c.destination;
+        key.Source = c.source;
+        key.WordCount = c.count;
         page.add(key);
-    };
-    for (std::uint16_t i = 0; i < std::size(cases); ++i)
-        addKey(i, cases[i].destination, cases[i].source, cases[i].count);
-    addKey(99, word::Page, 0x110, 2);
+    }
     addPage();
     start();
-    for (std::uint16_t i = 0; i < std::size(cases); ++i) {
-        for (std::uint16_t k = 0; k < 4; ++k)
-            StoreWord(static_cast<std::uint16_t>(0x100 + k), static_cast<std::uint16_t>(k + 1));
+    for (std::uint16_t code = 0; const auto& c : cases) {
+        const std::uint16_t words[] = {1, 2, 3, 4};
+        for (std::uint16_t address = 0x100; const std::uint16_t value : words) StoreWord(address++, value);
         StoreWord(0x70FE, 9);
-        virtualKey(i);
-        std::uint16_t at = cases[i].destination;
-        for (const std::uint16_t expected : cases[i].words) EXPECT_EQ(ReadWord(at++), expected) << i;
+        virtualKey(code++);
+        for (std::uint16_t at = c.destination; const std::uint16_t expected : c.words)
+            EXPECT_EQ(ReadWord(at++), expected) << code;
     }
-    StoreWord(0x110, 1);
-    virtualKey(99);
-    EXPECT_EQ(CurrentPage, 1) << "a system word takes effect";
+    EXPECT_EQ(CurrentPage, 1);
 }
 
-/// What a step makes of a value, with room to spare.
-std::int64_t plainStep(std::int64_t value, const StepKeyRow& key) {
-    const bool beyond = key.Up ? value + key.Step > key.Highest : value - key.Step < key.Lowest;
-    const std::int64_t end = key.Up ? key.Highest : key.Lowest, opposite = key.Up ? key.Lowest : key.Highest;
-    const std::int64_t stepped =
-        beyond ? (key.Wraps ? opposite : end) : value + (key.Up ? key.Step : -key.Step);
-    return key.Up ? std::max<std::int64_t>(stepped, key.Lowest)
-                  : std::min<std::int64_t>(stepped, key.Highest);
-}
-
+/// The top bit of 32 unsigned ones does not count. Of 64 bits only the low word does, but a negative value
+/// lies below any limit.
 TEST_F(PanelTest, AStepKeepsEveryTypeWithinItsLimits) {
-    std::mt19937_64 random(3);
-    for (const std::uint8_t type : {0x00, 0x01, 0x02, 0x80, 0x81, 0x82, 0x83}) {
-        const bool isSigned = (type & 0x80) != 0;
-        const int bits = 8 << (type & 3);
-        for (int run = 0; run < 5000; ++run) {
-            const auto limit = [&] {
-                return isSigned ? std::int32_t{static_cast<std::int16_t>(random())}
-                                : std::int32_t{static_cast<std::uint16_t>(random())};
-            };
-            StepKeyRow key{.Address = Value,
-                           .DataType = type,
-                           .Up = random() % 2 == 0,
-                           .Wraps = random() % 2 == 0,
-                           .Step = static_cast<std::uint16_t>(random() >> random() % 16)};
-            std::tie(key.Lowest, key.Highest) = std::minmax({limit(), limit()});
-            if (bits == 8) { // limits that the byte can hold
-                key.Highest = isSigned ? 100 : 200;
-                key.Lowest = isSigned ? -100 : 20;
-            }
-            const int spread = std::min(bits, 31) - (isSigned ? 1 : 0); // within what the working value holds
-            std::int64_t value = static_cast<std::int64_t>(random() % (1ull << spread));
-            if (isSigned && bits < 64 && random() % 2) value = -value;
-            if (bits == 64) value &= 0xFFFF; // of a wider one only the low word counts
-            StoreWord(Value, 0xAB00);        // the high byte of a byte's word is not part of it
-            StoreNumeric(Value, type, value);
+    constexpr bool up = true, down = false;
+    const struct {
+        std::uint8_t type;
+        bool up;
+        std::uint16_t step;
+        std::int32_t lowest, highest;
+        std::int64_t from, stopped, wrapped;
+    } cases[] = {{0x00, up, 7, 20, 200, 193, 200, 200},
+                 {0x00, up, 7, 20, 200, 194, 200, 20},
+                 {0x00, up, 7, 20, 200, 3, 20, 20},
+                 {0x00, up, 7, 20, 200, 250, 200, 20},
+                 {0x00, down, 7, 20, 200, 27, 20, 20},
+                 {0x00, down, 7, 20, 200, 26, 20, 200},
+                 {0x01, up, 65535, 0, 65535, 65535, 65535, 0},
+                 {0x02, up, 5, 10, 6000, 300, 305, 305},
+                 {0x02, down, 5, 1, 99, 70000, 99, 99},
+                 {0x02, down, 1, 3, 99, 0xFFFF0001, 99, 99},
+                 {0x03, up, 1, 0, 9, 9, 9, 0},
+                 {0x80, down, 50, -100, 100, -80, -100, 100},
+                 {0x80, up, 50, -100, 100, -80, -30, -30},
+                 {0x81, up, 1, -300, 300, 300, 300, -300},
+                 {0x82, down, 9, -10, 10, -3, -10, 10},
+                 {0x82, up, 9, -10, 10, -70000, -10, -10},
+                 {0x83, down, 9, -10, 10, 0x50004, -5, -5},
+                 {0x83, up, 5, -7, 100, -1, -7, -7}};
+    for (const auto& c : cases)
+        for (const bool wraps : {false, true}) {
+            StoreWord(Value, 0xAB00); // the high byte of a byte's word is not part of it
+            StoreNumeric(Value, c.type, c.from);
+            StepKeyRow key{.Address = Value, .DataType = c.type, .Up = c.up, .Wraps = wraps, .Step = c.step};
+            key.Highest = c.highest;
+            key.Lowest = c.lowest;
             ApplyStep(key);
-            ASSERT_EQ(number(Value, static_cast<DataType>(type)), plainStep(value, key))
-                << int{type} << " from " << value << " by " << key.Step << " in " << key.Lowest << ".."
-                << key.Highest;
-            ASSERT_TRUE(bits > 8 || ReadWord(Value) >> 8 == 0xAB);
+            EXPECT_EQ(number(Value, static_cast<DataType>(c.type)), wraps ? c.wrapped : c.stopped)
+                << int{c.type} << " from " << c.from;
+            EXPECT_TRUE((c.type & 3) != 0 || ReadByte(2 * Value) == 0xAB);
         }
-    }
-    StoreNumeric(Value, 0x02, 0xFFFF0001); // too large for the working value: pulled down first
-    ApplyStep({.Address = Value, .DataType = 0x02, .Up = false, .Step = 1, .Highest = 0xFFFF, .Lowest = 3});
-    EXPECT_EQ(number(Value, DataType::U32), 0xFFFF);
-    StoreNumeric(Value, 0x83, -1);
-    ApplyStep({.Address = Value, .DataType = 0x83, .Up = true, .Step = 5, .Highest = 100, .Lowest = -7});
-    EXPECT_EQ(number(Value, DataType::S64), -7) << "a negative value of 64 bits lies below any limit";
 }
 
 TEST_F(TouchTest, AHeldStepKeyRepeats) {
@@ -321,17 +302,16 @@ TEST_F(TouchTest, APopupStandsOnADarkenedPage) {
     popup.add(PopupKey{.Where = {10, 2, 14, 5}, .Page = 2, .PopupX = 30, .PopupY = 14, .CleanOld = true});
     image.addPage(Filled(8, 8, Qt::cyan));
     start();
-    QImage dark = FrameSurface.copy();
-    QPainter(&dark).fillRect(dark.rect(), QColor(0, 0, 0, 125));
     tap(5, 5);
     EXPECT_EQ(CurrentPage, 1);
     EXPECT_EQ(pixel(20, 12), Blue);
-    EXPECT_EQ(pixel(5, 5), dark.pixel(5, 5)) << "the normal look of the key, darkened";
-    EXPECT_EQ(pixel(19, 12), dark.pixel(19, 12));
+    const QRgb dark = pixel(19, 12);
+    EXPECT_NEAR(qRed(dark), 200 * (255 - 125) / 255, 1);
+    EXPECT_EQ(pixel(5, 5), qRgb(0, (255 - 125), 0)) << "the normal look of the key, darkened";
     tap(32, 15); // by the pop-up's own place: another pop-up in its stead
     EXPECT_EQ(CurrentPage, 2);
     EXPECT_EQ(pixel(30, 14), Cyan);
-    EXPECT_EQ(pixel(21, 13), dark.pixel(21, 13)) << "the place of the old one is clean";
+    EXPECT_EQ(pixel(21, 13), dark) << "the place of the old one is clean";
     apply(word::Page, 0);
     tap(5, 5);
     tap(3, 3); // where the row stands in the record

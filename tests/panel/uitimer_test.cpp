@@ -51,8 +51,13 @@ protected:
             text += "0123456789:"[qRed(FrameSurface.pixel(x, y)) - 100];
         return text;
     }
-    void seconds(int count) {
+    static void seconds(int count) {
         for (int i = 0; i < count; ++i) OncePerSecond();
+    }
+    using State = std::pair<int, int>; // of the timer: its count and its control word
+    static State after(int count) {
+        seconds(count);
+        return {ReadWord(Timer), ReadWord(Control)};
     }
 };
 
@@ -93,18 +98,15 @@ TEST_F(UiTimers, CountDownShowsZeroForASecondBeforeItEnds) {
     timer.TargetValue = 0x1234;
     boot(pages({{timer}}));
     set(0, 2, 1);
-    seconds(2);
+    EXPECT_EQ(after(2), State(0, 1));
     cycles(1);
     EXPECT_EQ(shown(), "00:00:00");
-    EXPECT_EQ(ReadWord(Control), 1);
-    EXPECT_EQ(ReadWord(Target), 0);
-    EXPECT_TRUE(TakeSentFrames().empty());
-    seconds(1);
-    EXPECT_EQ(ReadWord(Control), 0);
+    EXPECT_EQ(TakeSentFrames(), Payloads());
+    EXPECT_EQ(after(1), State(0, 0));
     EXPECT_EQ(ReadWord(Target), 0x1234);
     EXPECT_EQ(TakeSentFrames(), (Payloads{{0x41, 0x01, 0x03, 0x12, 0x34}}));
     seconds(3);
-    EXPECT_TRUE(TakeSentFrames().empty());
+    EXPECT_EQ(TakeSentFrames(), Payloads());
 }
 
 TEST_F(UiTimers, CountUpEndsAtItsPreset) {
@@ -114,20 +116,13 @@ TEST_F(UiTimers, CountUpEndsAtItsPreset) {
     again.TargetValue = 1;
     boot(pages({{timer}, {again}}));
     set(3, 0, 1);
-    seconds(3);
-    EXPECT_EQ(ReadWord(Timer), 3);
-    EXPECT_EQ(ReadWord(Control), 1);
-    seconds(1);
-    EXPECT_EQ(ReadWord(Timer), 3);
-    EXPECT_EQ(ReadWord(Control), 0);
+    EXPECT_EQ(after(3), State(3, 1));
+    EXPECT_EQ(after(1), State(3, 0));
     set(0, 0, 1);
-    seconds(1);
-    EXPECT_EQ(ReadWord(Control), 0) << "without a preset it ends at once";
+    EXPECT_EQ(after(1), State(0, 0)) << "without a preset it ends at once";
     ShowPage(1);
     set(3, 3, 1);
-    seconds(1);
-    EXPECT_EQ(ReadWord(Timer), 4) << "one that starts itself again goes on in the same second";
-    EXPECT_EQ(ReadWord(Control), 1);
+    EXPECT_EQ(after(1), State(4, 1)) << "one that starts itself again goes on in the same second";
 }
 
 TEST_F(UiTimers, OnlyACommandOfOneCountsAndHidingTakesTheDigitsOffOnce) {
@@ -162,24 +157,6 @@ UiTimer inBackground(UiTimer timer) {
     return timer;
 }
 
-TEST_F(UiTimers, ABackgroundTimerEndsInTheVerySecondThatReachesZero) {
-    UiTimer timer = inBackground(Plain);
-    timer.TargetAddress = Target;
-    timer.TargetValue = 9;
-    timer.Notify = true;
-    boot(pages({{timer}}));
-    set(0, 2, 1);
-    ShowPage(1);
-    for (const int left : {1, 0}) {
-        EXPECT_EQ(RunningTimers.size(), 1u);
-        seconds(1);
-        EXPECT_EQ(ReadWord(Target), left ? 0 : 9);
-    }
-    EXPECT_EQ(ReadWord(Control), 1) << "a background timer does not stop itself";
-    EXPECT_TRUE(RunningTimers.empty());
-    EXPECT_EQ(TakeSentFrames(), (Payloads{{0x41, 0x01, 0x03, 0, 9}}));
-}
-
 TEST_F(UiTimers, ABackgroundTimerGoesOnFromWhereItWasAndComesBack) {
     UiTimer up = inBackground(Plain);
     up.Direction = TimerDirection::Up;
@@ -204,25 +181,34 @@ TEST_F(UiTimers, ABackgroundTimerGoesOnFromWhereItWasAndComesBack) {
     EXPECT_TRUE(RunningTimers.empty());
 }
 
-TEST_F(UiTimers, SeveralEndInOneSecond) {
+TEST_F(UiTimers, SeveralInTheBackgroundEndInTheVerySecondThatReachesZero) {
+    const struct {
+        std::uint16_t target, value, left;
+    } cases[] = {{0x0300, 9, 2}, {word::Page, 0, 2}, {0x0302, 1, 3}, {0x0303, 1, 2}};
     std::vector<UiTimer> timers;
-    for (std::uint16_t i = 0; i < 4; ++i) {
-        UiTimer timer = inBackground(timerAt(static_cast<std::uint16_t>(0x0200 + 4 * i)));
-        timer.TargetAddress = i == 1 ? word::Page : static_cast<std::uint16_t>(0x0300 + i);
-        timer.TargetValue = i == 1 ? 0 : 1;
+    for (std::uint16_t first = 0x0200; const auto& [target, value, left] : cases) {
+        UiTimer timer = inBackground(timerAt(first));
+        timer.Notify = target == 0x0300;
+        timer.TargetAddress = target;
+        timer.TargetValue = value;
         timers.push_back(timer);
+        first = static_cast<std::uint16_t>(first + 4);
     }
-    boot(pages({timers}));
-    for (std::uint16_t i = 0; i < 4; ++i) {
-        StoreWord(static_cast<std::uint16_t>(0x0201 + 4 * i), i == 2 ? 2 : 1);
-        StoreWord(static_cast<std::uint16_t>(0x0202 + 4 * i), 1);
-    }
+    ImageBuilder image = pages({timers});
+    for (std::size_t i = 0; i < timers.size(); ++i)
+        image.setWords(timers[i].PresetAddress, {0, cases[i].left, 1});
+    boot(image);
     ShowPage(1);
     seconds(1);
-    EXPECT_EQ(ReadWord(0x0300), 1);
+    EXPECT_EQ(RunningTimers.size(), 4u);
+    EXPECT_EQ(ReadWord(0x0300), 0);
+    seconds(1);
+    EXPECT_EQ(ReadWord(0x0300), 9);
     EXPECT_EQ(ReadWord(0x0303), 1);
     EXPECT_EQ(ReadWord(0x0302), 0) << "has a second more";
     EXPECT_EQ(RunningTimers.size(), 1u);
+    EXPECT_EQ(ReadWord(0x0202), 1) << "a background timer does not stop itself";
+    EXPECT_EQ(TakeSentFrames(), (Payloads{{0x41, 0x03, 0x00, 0, 9}}));
     EXPECT_EQ(CurrentPage, 1) << "the engine shows the page";
     cycles(1);
     EXPECT_EQ(CurrentPage, 0);
@@ -252,22 +238,17 @@ TEST_F(UiTimers, EverySecondCountsOnceWhilePagesChange) {
     EXPECT_EQ(ReadWord(Timer), 40000 - count);
 }
 
-TEST_F(UiTimers, WordsOutsideTheStoreLeaveTheWidgetOut) {
-    UiTimer lost[] = {Plain, Plain, Plain};
+TEST_F(UiTimers, LieWithinTheStoreAndReadTheirBlockAgainWhenItChanges) {
+    UiTimer pointed = Plain;
+    pointed.ParameterAddress = 0x0300;
+    UiTimer lost[] = {Plain, Plain, Plain}; // in words that are not there
     lost[0].PresetAddress = 0x70FF;
     lost[1].TimerAddress = 0xFFFF;
     lost[2].ControlAddress = 0x8000;
-    boot(pages({{lost[0], lost[1], lost[2], Plain}}));
-    EXPECT_EQ(UiTimerTable.size(), 1u);
-    EXPECT_EQ(shown(), "00:00:00");
-}
-
-TEST_F(UiTimers, ReadItsBlockAgainWhenThatChanges) {
-    UiTimer pointed = Plain;
-    pointed.ParameterAddress = 0x0300;
-    ImageBuilder image = pages({{pointed}});
+    ImageBuilder image = pages({{pointed, lost[0], lost[1], lost[2]}});
     image.setBytes(0x0300, Encode(Plain).Block);
     boot(image);
+    EXPECT_EQ(UiTimerTable.size(), 1u);
     StoreByte(2 * 0x0300 + 8, 26); // y
     StoreByte(2 * 0x0300 + 13, 1); // counts up
     RefreshPageWidgets(0);

@@ -12,7 +12,6 @@
 #include "pages/stream_walker.h"
 #include "store/curve_samples.h"
 #include "store/host_time.h"
-#include "widgets/display/media.h"
 #include "widgets/touch/touch_families.h"
 #include "widgets/touch/touch_row.h"
 
@@ -108,10 +107,8 @@ TEST_F(DemoProject, FitsIntoTheFlashOfAPanel) { EXPECT_LE(BuildProject(pages).bu
 TEST_F(DemoProject, OpensPopupsOverThePageWithTheirShadow) {
     for (const PageId id : {AwayPopup, BoostPopup, DatePopup, AlarmPopup}) {
         panel::ShowPage(HomePage);
-        panel::PopupActive = 1; // as the key leaves it that opens the pop-up
-        panel::PopupOriginX = static_cast<std::uint16_t>(layout::popup::Origin.x());
-        panel::PopupOriginY = static_cast<std::uint16_t>(layout::popup::Origin.y());
-        panel::OpenPopup(id, panel::PopupOriginX, panel::PopupOriginY);
+        openPopup(id, static_cast<std::uint16_t>(layout::popup::Origin.x()),
+                  static_cast<std::uint16_t>(layout::popup::Origin.y()));
         const QImage& popup = pages[id].image;
         const QRect window = layout::popup::Window.translated(layout::popup::Origin);
         EXPECT_EQ(qAlpha(popup.pixel(0, 0)), 0) << "the corner shows the page";
@@ -185,44 +182,6 @@ TEST_F(DemoProject, KeepsItsGaugesMovingByItself) {
     panel::AppendCurveSamples(0x0003, std::vector<std::uint16_t>(40, 400));
     run(100);
     EXPECT_NE(outputs.frame.copy(layout::gauges::TrendCard), before.copy(layout::gauges::TrendCard));
-}
-
-TEST_F(DemoProject, StartsAtHomeAndChangesScenesByPresets) {
-    EXPECT_EQ(panel::CurrentPage, HomePage);
-    EXPECT_EQ(panel::ReadWord(words::RoomTarget), 215);
-    for (const PageId from : {HomePage, AwayPopup}) {
-        panel::ShowPage(from);
-        apply(0x7014, words::Away + 1);
-        EXPECT_EQ(panel::ReadWord(words::Scene), words::Away);
-        EXPECT_EQ(panel::ReadWord(words::RoomTarget), 150);
-        EXPECT_EQ(panel::CurrentPage, HomePage);
-        panel::StoreWord(words::Scene, words::Comfort);
-        panel::StoreWord(words::RoomTarget, 0);
-    }
-}
-
-TEST_F(DemoProject, HasASecondOneThatPlaysFiles) {
-    const QTemporaryDir folder;
-    WriteMediaProject(folder.path());
-    QFile image(folder.filePath("media.bin"));
-    ASSERT_TRUE(image.open(QIODevice::ReadOnly));
-    panel::SetMediaDirectory(folder.path());
-    boot(image.readAll());
-    const auto tap = [this](QPoint at) {
-        run(100);
-        panel::PressPointer(at);
-        run(40);
-        panel::ReleasePointer();
-        run(40);
-    };
-    tap({400, 300});
-    EXPECT_EQ(panel::TakeReadySound().file, folder.filePath("Music/0001.wav"));
-    tap({100, 150});
-    EXPECT_EQ(panel::VideoToPlay().file, folder.filePath("Video/0001.avi"));
-    tap({60, 40});
-    tap({640, 150});
-    tap({460, 412});
-    EXPECT_EQ(media().back(), "camera");
 }
 
 } // namespace

@@ -49,14 +49,21 @@ protected:
         QTest::keyClick(&edit, Qt::Key_Delete);
         QTest::keyClicks(&edit, text);
     }
+    void writeByHand(const QString& value) const {
+        type("lineEdit_2", value);
+        click("pushButton_VarWrite");
+    }
     QString field(const char* name) const { return find<QLineEdit>(name).text(); }
     QString command() const { return field("lineEdit"); }
     void choose(const char* combo, const QString& item) const { find<QComboBox>(combo).setCurrentText(item); }
     QString chosen(const char* combo) const { return find<QComboBox>(combo).currentText(); }
     QString cell(int row, int column) const { return table().item(row, column)->text(); }
 
+    QPoint placeOf(int row, int column) const {
+        return table().visualItemRect(table().item(row, column)).center();
+    }
     void doubleClick(int row, int column) const {
-        const QPoint at = table().visualItemRect(table().item(row, column)).center();
+        const QPoint at = placeOf(row, column);
         QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, at);
         QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, at);
     }
@@ -79,18 +86,15 @@ TEST_F(InspectorTest, ReadsAndWritesAVariableByHand) {
     EXPECT_EQ(field("lineEdit_VarAddr"), "0x7000");
     EXPECT_EQ(chosen("comboBox_VarType") + '/' + chosen("comboBox_CodeType"), "Numerical/short");
     type("lineEdit_VarAddr", "0x1234");
-    type("lineEdit_2", "-1");
-    click("pushButton_VarWrite");
+    writeByHand("-1");
     EXPECT_EQ(panel::ReadWord(0x1234), 0xFFFF);
     EXPECT_EQ(command(), "5AA5 05 10 1234 FFFF");
     click("pushButton_VarRead");
     EXPECT_EQ(field("lineEdit_2"), "65535");
     EXPECT_EQ(command(), "5AA5 05 03 1234 0001");
-    type("lineEdit_2", "0x10");
-    click("pushButton_VarWrite");
+    writeByHand("0x10");
     EXPECT_EQ(panel::ReadWord(0x1234), 0x10);
-    type("lineEdit_2", "");
-    click("pushButton_VarWrite");
+    writeByHand("");
     EXPECT_EQ(panel::ReadWord(0x1234), 0x10);
     EXPECT_EQ(command(), "5AA5 05 10 1234 0010") << "an empty text leaves it";
 }
@@ -112,15 +116,13 @@ TEST_F(InspectorTest, ReadsAndWritesTextsInAllEncodings) {
 
 TEST_F(InspectorTest, SwitchesThePage) {
     load("h\n", "h\n3,number_1,speed,0x0300,,0xFFFF,,81\n");
-    type("lineEdit_2", "2");
-    click("pushButton_VarWrite");
+    writeByHand("2");
     EXPECT_TRUE(QTest::qWaitFor([] { return panel::CurrentPage == 2; }, 2000));
 
-    const QPoint pageCell = table().visualItemRect(table().item(0, Page)).center();
-    emit table().customContextMenuRequested(pageCell);
+    emit table().customContextMenuRequested(placeOf(0, Page));
     EXPECT_FALSE(QApplication::activePopupWidget()) << "a system word has no page";
     table().scrollToBottom();
-    const QPoint at = table().visualItemRect(table().item(16, Page)).center();
+    const QPoint at = placeOf(16, Page);
     QTest::mouseClick(table().viewport(), Qt::RightButton, {}, at);
     emit table().customContextMenuRequested(at);
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
@@ -137,8 +139,7 @@ TEST_F(InspectorTest, RowButtonsActOnTheSelectedRow) {
     clickRow(16, Read);
     EXPECT_EQ(command(), "") << "there is no current row yet";
     panel::StoreWord(0x0300, 1);
-    QTest::mouseClick(table().viewport(), Qt::LeftButton, {},
-                      table().visualItemRect(table().item(16, Data)).center());
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, placeOf(16, Data));
     clickRow(17, Read);
     EXPECT_EQ(cell(16, Data), "65536");
     EXPECT_TRUE(command().contains("03 0300 0002"));
@@ -201,8 +202,7 @@ TEST_F(InspectorTest, IsOutOfUseWithABrokenImage) {
     ASSERT_EQ(panel::IllegalImage, 1);
     EXPECT_EQ(table().rowCount(), 16);
     type("lineEdit_VarAddr", "0x1234");
-    type("lineEdit_2", "5");
-    click("pushButton_VarWrite");
+    writeByHand("5");
     click("pushButton_VarRead");
     table().setCurrentCell(0, Data);
     clickRow(0, Read);

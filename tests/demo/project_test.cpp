@@ -1,4 +1,5 @@
 #include "panel_test.h"
+#include "temporary_files.h"
 
 #include "demo/layout.h"
 #include "demo/media_project.h"
@@ -15,9 +16,7 @@
 #include "widgets/touch/touch_families.h"
 #include "widgets/touch/touch_row.h"
 
-#include <QFile>
 #include <QGuiApplication>
-#include <QTemporaryDir>
 
 #include <cstdlib>
 #include <set>
@@ -27,7 +26,7 @@ namespace {
 using namespace demo;
 
 /// The demo on a running panel. Painting it needs the toolkit's fonts.
-class DemoProject : public panel::PanelTest {
+class DemoProject : public panel::PanelTest, protected TemporaryFiles {
 protected:
     DemoProject() : pages(PaintPages()) {
         panel::SetHostTime(QDateTime({2026, 11, 23}, {10, 8})); // no minute ends during a test
@@ -89,11 +88,8 @@ private:
 TEST_F(DemoProject, HasEveryKindAndFamilyOnAPageOfItsImages) {
     Widgets widgets;
     widgets.addPages();
-    const QTemporaryDir folder;
-    WriteMediaProject(folder.path());
-    QFile image(folder.filePath("media.bin"));
-    ASSERT_TRUE(image.open(QIODevice::ReadOnly));
-    boot(image.readAll());
+    WriteMediaProject(directory_.path());
+    boot(readFile("media.bin"));
     widgets.addPages();
     for (const panel::DisplayKind& kind : panel::DisplayKinds())
         EXPECT_TRUE(widgets.kinds.contains(kind.code)) << kind.name;

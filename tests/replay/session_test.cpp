@@ -130,8 +130,7 @@ TEST_F(Session, TellsWhatIsToBePlayedAndWhere) {
 }
 
 TEST_F(Session, LoadsAnotherImage) {
-    auto other = colouredPages({.StartPage = 2, .Volume = 3});
-    writeImage(other, "other.bin");
+    writeImage(colouredPages({.StartPage = 2, .Volume = 3}), "other.bin");
     EXPECT_EQ(answersTo("write 0x10 1\nmedia\nload {}/other.bin\nmedia\npixel 0 0\nread 0x10"),
               "volume 48\nvolume 18\npixel 0 0 #ff0000ff\n0x0010: 0000\n");
 }

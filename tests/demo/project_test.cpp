@@ -66,36 +66,29 @@ TEST_F(DemoProject, HasEveryPageAsItWasPainted) {
     }
 }
 
-/// The kinds and families of the records on the pages of the images that were loaded.
-struct Widgets {
-    std::set<std::uint16_t> kinds, families;
-
-    void addPages() {
-        for (std::uint16_t page = 0; page < panel::Sections.PageCount; ++page) addPage(page);
-    }
-
-private:
-    void addPage(std::uint16_t page) {
+/// The kinds and families of the records on the pages of the loaded image.
+std::set<std::uint16_t> widgetsOfTheImage() {
+    std::set<std::uint16_t> found;
+    for (std::uint16_t page = 0; page < panel::Sections.PageCount; ++page) {
         panel::DisplayStream.load(panel::DisplayStreamPlace(page));
         panel::StreamWalker display(panel::DisplayStream.bytes(), panel::Framing::DisplayByKind);
-        while (const auto record = display.next()) kinds.insert(record->kind());
+        while (const auto record = display.next()) found.insert(record->kind());
         panel::TouchStream.load(panel::TouchStreamPlace(page));
         panel::StreamWalker touch(panel::TouchStream.bytes(), panel::Framing::Touch);
-        while (const auto record = touch.next()) families.insert(record->typeWord & panel::FamilyMask);
+        while (const auto record = touch.next()) found.insert(record->typeWord & panel::FamilyMask);
     }
-};
+    return found;
+}
 
 TEST_F(DemoProject, HasEveryKindAndFamilyOnAPageOfItsImages) {
-    Widgets widgets;
-    widgets.addPages();
+    std::set<std::uint16_t> widgets = widgetsOfTheImage();
     WriteMediaProject(directory_.path());
     boot(readFile("media.bin"));
-    widgets.addPages();
+    widgets.merge(widgetsOfTheImage());
     for (const panel::DisplayKind& kind : panel::DisplayKinds())
-        EXPECT_TRUE(widgets.kinds.contains(kind.code)) << kind.name;
+        EXPECT_TRUE(widgets.contains(kind.code)) << kind.name;
     for (std::uint16_t family = 0x8000; family <= 0x80FF; ++family)
-        EXPECT_EQ(widgets.families.contains(family), panel::FindTouchFamily(family) != nullptr)
-            << std::hex << family;
+        EXPECT_EQ(widgets.contains(family), panel::FindTouchFamily(family) != nullptr) << std::hex << family;
 }
 
 TEST_F(DemoProject, FitsIntoTheFlashOfAPanel) { EXPECT_LE(BuildProject(pages).build().size(), 16 << 20); }

@@ -9,13 +9,8 @@ using namespace inspector;
 
 /// A row as one text: cells, type index, encode index.
 QString textOf(const WidgetRow& row) {
-    return QStringList{row.page,
-                       row.widgetName,
-                       row.description,
-                       row.address,
-                       QString::number(row.typeIndex),
-                       QString::number(row.encodeIndex)}
-        .join(',');
+    const QString cells = QStringList({row.page, row.widgetName, row.description, row.address}).join(',');
+    return QString("%1,%2,%3").arg(cells).arg(row.typeIndex).arg(row.encodeIndex);
 }
 
 TEST(WidgetTables, BecomeRows) {

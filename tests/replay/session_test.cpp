@@ -44,8 +44,7 @@ TEST_F(Session, ChangesPagesForTheHostAtOnceAndForTheInspectorInACycle) {
 }
 
 TEST_F(Session, WritesWordsAsTheHostDoesWithAndWithoutCheckBytes) {
-    QString longest = "write 0x100";
-    for (int i = 0; i < 125; ++i) longest += " 1";
+    const QString longest = "write 0x100" + QString(" 1").repeated(125);
     for (const bool withoutCheck : {false, true}) {
         load(colouredPages({.NoCRC = withoutCheck}));
         EXPECT_EQ(answersTo("write 0x10 5 0x0a -1\nread 0x0f 5"), "0x000f: 0000 0005 000a ffff 0000\n");

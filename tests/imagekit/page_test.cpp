@@ -8,6 +8,14 @@ using namespace imagekit;
 
 namespace {
 
+TEST(Records, BeginWithTheirFlagsAndLength) {
+    const DisplayRecord flagged{
+        .Kind = 0x03, .Flags = 0x0100, .ParameterAddress = 0x1234, .Block = {4}, .LengthFlag = true};
+    EXPECT_EQ(EncodeRecord(flagged, ""), (Bytes{0x03, 1, 0x34, 0x12, 0x81, 4}));
+    const TouchRecord inList{.Family = 0x8001, .Notify = true, .InList = 3, .Body = {5, 6}};
+    EXPECT_EQ(EncodeRecord(inList, ""), (Bytes{0x01, 0xC3, 2, 5, 6}));
+}
+
 /// The message of the refusal, or what was done instead.
 template <class Record>
 std::string refusal(Page& page, const Record& record) {

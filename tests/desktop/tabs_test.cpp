@@ -46,7 +46,7 @@ protected:
             const QPoint at = from + (to - from) * i / steps;
             script += QString(" sleep 0.03 mousemove %1 %2").arg(at.x()).arg(at.y());
         }
-        act(script + " sleep 0.1 mouseup 1");
+        act(script + " sleep 0.5 mouseup 1"); // by then even a busy machine has begun the drag
     }
     void pullOut() {
         drag(tab(1), OutsideTheBar);
@@ -77,8 +77,8 @@ TEST_F(TabsTest, ATabPulledOutLivesInAWindowUntilThatIsClosed) {
 
 TEST_F(TabsTest, AReleaseOverTheBarLeavesTheTabAndAFixedOneNeverLeaves) {
     const QPoint below = tab(1) + QPoint(0, 60);
-    act(QString("mousemove %1 %2 mousedown 1 sleep 0.1 mousemove %3 %4 sleep 0.1 mousemove %3 %5 sleep 0.2 "
-                "mousemove %1 %2 sleep 0.1 mouseup 1")
+    act(QString("mousemove %1 %2 mousedown 1 sleep 0.1 mousemove %3 %4 sleep 0.1 mousemove %3 %5 sleep 0.5 "
+                "mousemove %1 %2 sleep 0.5 mouseup 1")
             .arg(tab(1).x())
             .arg(tab(1).y())
             .arg(below.x())

@@ -161,7 +161,7 @@ TEST_F(Text, LooksAsItDid) {
     constexpr int boxed = 36, composed = 20;
     Sheet sheet(Screen + QSize(0, 1), boxed + composed, 21);
     for (int row = 0; row < 21; ++row) {
-        const FontShape shape = shapeOf(static_cast<FontKind>(row / 3), 1 << row % 3);
+        const FontShape shape = shapeOf(static_cast<FontKind>(row / 3), 1 << row % 3, 7 + row % 5 * 3);
         bootWithFont(shape, SyntheticFont(shape), row % 2);
         for (int i = 0; i < boxed + composed; ++i) {
             FrameSurface = ListSurfaceA = WorkSurface = ground(3).convertToFormat(FrameSurface.format());

@@ -1,6 +1,6 @@
 #include "imagekit/clock_widgets.h"
 
-#include "graphics/shapes.h"
+#include "golden.h"
 #include "imagekit/media_widgets.h"
 #include "panel_test.h"
 #include "store/clock.h"
@@ -12,9 +12,7 @@
 #include "widgets/touch/open_entry.h"
 
 #include <QDateTime>
-#include <QPainter>
 
-#include <cmath>
 #include <thread>
 
 namespace panel {
@@ -24,16 +22,6 @@ using imagekit::AnalogClock, imagekit::Inline, imagekit::Pixels, imagekit::PngCl
 
 constexpr std::uint16_t Digit0 = 2, Block = 0x0200, Control = 0x0100;
 
-/// The formats; "_" is the gap, Y the year, W the weekday, and the marks are those of the glyph run.
-const char* const Formats[] = {"Y.MM-dd_hh:mm:ss",  "Y.MM-dd",  "Y.MM",  "MM-dd",
-                               "hh:mm:ss",          "hh:mm",    "mm:ss", "W",
-                               "Y.MM-dd|_hh:mm:ss", "Y.MM-dd|", "Y.MM-", "MM-dd|"};
-
-QString textOf(int format, const QDateTime& time, int yearDigits) {
-    const QString year = QString("%1").arg(time.date().year(), yearDigits, 10, QChar('0'));
-    return time.toString(Formats[format]).replace('W', QChar('a' + Clock.Weekday)).replace("Y", year);
-}
-
 /// Glyphs of all widths, and of all heights or one. The pixel (1, 1) lets half of what is behind through.
 QImage glyph(QChar character, bool even) {
     const int code = QString("0123456789:.-|abcdefg").indexOf(character);
@@ -41,21 +29,6 @@ QImage glyph(QChar character, bool even) {
         Filled(code < 14 ? 3 + code % 4 : 8, even ? 6 : 5 + code % 3, qRgb(90 + 5 * code, 40, 0)).Image;
     picture.setPixel(1, 1, qRgba(0, 0, 0, 128));
     return picture;
-}
-
-/// A clock's text in plain words.
-void lay(QImage& target, const QString& text, QPoint at, int gap, bool even, int rotation = 0) {
-    int pen = -gap;
-    for (const QString& part : text.split('_')) {
-        pen += gap;
-        for (const QChar character : part) {
-            const QImage picture = glyph(character, even);
-            const int w = picture.width(), h = picture.height(), firstWidth = glyph(part[0], even).width();
-            const QPoint corners[] = {{pen, 0}, {-firstWidth, pen}, {-pen - w, -h}, {0, -h - pen}};
-            QPainter(&target).drawImage(at + corners[rotation], picture);
-            pen += rotation % 2 ? h : w;
-        }
-    }
 }
 
 QImage pattern(int width, int height) {
@@ -95,11 +68,9 @@ protected:
         FrameSurface = PageBackground;
         return PopupActive ? QPoint(7, 5) : QPoint();
     }
-    static QDateTime setTime(const char* text) {
-        const QDateTime time = QDateTime::fromString(text, Qt::ISODate);
-        SetHostTime(time);
+    static void setTime(const char* text) {
+        SetHostTime(QDateTime::fromString(text, Qt::ISODate));
         InitClock();
-        return time;
     }
     void second() {
         OncePerSecond();
@@ -110,30 +81,30 @@ protected:
     std::vector<std::pair<std::uint16_t, imagekit::Bytes>> blocks;
 };
 
-using PageCase = std::tuple<Place, std::uint16_t, int>; // block, first of six formats
-class PageClocks : public Clocks, public ::testing::WithParamInterface<PageCase> {};
-
-TEST_P(PageClocks, LeaveNothingBehindOverMidnightsAndEndsOfMonthAndYear) {
-    const auto [place, block, firstFormat] = GetParam();
-    for (int i = 0; i < 6; ++i) add(place, clock(4, 3 + 12 * i, firstFormat + i), block);
-    const QPoint at = show(place) + QPoint(4, 3);
-    for (const char* start : {"2025-12-31T23:59:57", "2024-02-28T23:59:57", "2023-02-28T23:59:57",
-                              "2026-04-30T19:59:57", "2026-11-18T09:05:02", "0999-01-01T00:00:00"}) {
-        const QDateTime time = setTime(start);
-        for (int i = 1; i < 6; ++i) {
-            second();
-            QImage expected = PageBackground;
-            for (int j = 0; j < 6; ++j)
-                lay(expected, textOf(firstFormat + j, time.addSecs(i), 1), at + QPoint(0, 12 * j), 20, true);
-            ASSERT_EQ(place == Place::List ? ListSurfaceA : FrameSurface, expected) << start << i;
-        }
+TEST_F(Clocks, OnAPageLeaveNothingBehindOverMidnightsAndEndsOfMonthAndYear) {
+    const char* const starts[] = {"2025-12-31T23:59:57", "2024-02-28T23:59:57", "2023-02-28T23:59:57",
+                                  "2026-04-30T19:59:57", "2026-11-18T09:05:02", "0999-01-01T00:00:00"};
+    constexpr QSize shown(140, 78);
+    const imagekit::ImageBuilder empty = image;
+    for (const int firstFormat : {0, 6}) {
+        Sheet sheet(shown, 10, 18);
+        for (const Place place : {Place::Page, Place::Popup, Place::List})
+            for (const char* start : starts)
+                for (const std::uint16_t block : {Inline, Block}) {
+                    image = empty;
+                    blocks.clear();
+                    for (int i = 0; i < 6; ++i) add(place, clock(4, 3 + 12 * i, firstFormat + i), block);
+                    const QPoint shift = show(place);
+                    setTime(start);
+                    for (int i = 0; i < 5; ++i) {
+                        second();
+                        sheet.add((place == Place::List ? ListSurfaceA : FrameSurface).copy({shift, shown}));
+                    }
+                }
+        EXPECT_TRUE(
+            EqualsGolden(sheet.picture(), QString("panel/golden/page-clocks-%1.png").arg(firstFormat)));
     }
 }
-
-const auto Places = ::testing::Values(Place::Page, Place::Popup, Place::List);
-INSTANTIATE_TEST_SUITE_P(Places, PageClocks,
-                         ::testing::Combine(Places, ::testing::Values(Inline, Block),
-                                            ::testing::Values(0, 6)));
 
 class GroupClocks : public Clocks, public ::testing::WithParamInterface<std::uint8_t> {
 protected:
@@ -149,18 +120,16 @@ TEST_P(GroupClocks, StandAsThePanelIsTurnedAndChangeEachSecond) {
     }
     boot(image);
     const QImage clear = WorkSurface;
-    for (const char* start : {"2026-11-18T09:05:03", "0987-10-28T23:59:48"})
+    Sheet sheet({170, 170}, 12, 8); // both ways up
+    for (const char* time : {"2026-11-18T09:05:03", "0987-10-28T23:59:48"})
         for (std::uint16_t i = 0; i < 24; ++i) {
-            const bool twice = i % 12 % 8 == 0 || i % 12 == 7; // on the WorkSurface, instead of the overlay
-            const QString text = textOf(i % 12, setTime(start), twice ? 1 : 4);
-            QImage work = clear, overlay = clear;
-            lay(work, text, {79, 63}, 14, false, GetParam());
-            lay(twice ? work : overlay, text, {79, 63}, 14, false, GetParam());
+            setTime(time);
             WorkSurface = OverlaySurface = clear;
             DrawGroupInRect(0, i, {11, 7, 5, 5});
-            ASSERT_EQ(WorkSurface, work) << text.toStdString();
-            ASSERT_EQ(OverlaySurface, overlay) << text.toStdString();
+            sheet.add(WorkSurface);
+            sheet.add(OverlaySurface);
         }
+    EXPECT_TRUE(EqualsGolden(sheet.picture(), QString("panel/golden/group-clocks-%1.png").arg(GetParam())));
     OncePerSecond();
     EXPECT_TRUE(GroupChanged(0, 3));
     cycles(1);
@@ -173,16 +142,14 @@ TEST_F(Clocks, TickOverTheCameraPicture) {
         imagekit::CameraView{.ControlAddress = Control, .X1 = 10, .Y1 = 20, .X2 = 99, .Y2 = 79, .Group = 4});
     for (int i = 0; i < 12; ++i) image.page(0).addToGroup(4 + i % 2, clock(15, 25 + 9 * i, i));
     boot(image);
-    const QDateTime time = setTime("2026-12-31T23:59:58");
+    setTime("2026-12-31T23:59:58");
     StoreWord(Control, 1);
     cycles(1);
     const QImage camera = pattern(120, 150);
-    for (int i = 0; i < 3; ++i, OncePerSecond()) { // the engine has not had its cycle
-        QImage expected = camera;
-        for (const int format : {2, 4, 6, 10})
-            lay(expected, textOf(format, time.addSecs(i), 4), {5, 5 + 9 * format}, 14, true);
-        ASSERT_EQ(DrawGroupClocksOnly(camera), expected) << i;
-    }
+    Sheet sheet(camera.size(), 3, 1);
+    for (int i = 0; i < 3; ++i, OncePerSecond()) // the engine has not had its cycle
+        sheet.add(DrawGroupClocksOnly(camera));
+    EXPECT_TRUE(EqualsGolden(sheet.picture(), "panel/golden/camera-clocks.png"));
     std::thread frames([&] {
         for (int i = 0; i < 200; ++i) DrawGroupClocksOnly(camera);
     });
@@ -197,11 +164,8 @@ TEST_F(Clocks, InAGroupGoByTheFirstPictureOfEachText) {
     boot(image);
     setTime("1999-11-18T22:33:44");
     Clock.Hour = 122; // as a host may set it in a year that the clock cannot count
-    QImage expected = WorkSurface;
-    lay(expected, "00811822", {5 + 14, 5}, 0, true);
-    lay(expected, "00811822", {5 + 14, 5}, 0, true);
     DrawGroupInRect(0, 4, {0, 0, 9, 9});
-    EXPECT_EQ(WorkSurface, expected);
+    EXPECT_TRUE(EqualsGolden(WorkSurface, "panel/golden/clock-without-digits.png"));
 }
 
 TEST_F(Clocks, BeyondTheTablesAreRefusedAndNoneDrawsIntoAnOpenEntry) {
@@ -231,50 +195,32 @@ TEST_F(Clocks, BeyondTheTablesAreRefusedAndNoneDrawsIntoAnOpenEntry) {
         }
 }
 
-void strokePlainly(const imagekit::ClockHand& hand, QPoint centre, int degrees) {
-    const auto rounded = [](double value) { return static_cast<float>(std::round(value * 1e6) / 1e6); };
-    const double angle = degrees * 3.14159265358979323846 / 180;
-    const float sine = rounded(std::sin(angle)), cosine = rounded(std::cos(angle));
-    const auto x = static_cast<float>(centre.x()), y = static_cast<float>(centre.y());
-    DrawCapsule(x + hand.Ahead * sine, y - hand.Ahead * cosine, x - hand.Behind * sine,
-                y + hand.Behind * cosine, static_cast<float>(hand.Width / 2), hand.Colour);
-}
-
-class Dials : public Clocks, public ::testing::WithParamInterface<std::tuple<Place, std::uint16_t>> {};
-
-TEST_P(Dials, PointToEveryMinuteOfTheDay) {
-    const auto [place, block] = GetParam();
-    QImage faces[] = {pattern(40, 36), QImage(33, 31, QImage::Format_ARGB32)};
-    faces[1].fill(qRgba(0, 0, 0, 128));
-    const std::uint16_t face = image.addPicture(Pixels{faces[0]}), cap = Digit0 + 1;
-    const std::uint16_t clear = image.addPicture(Pixels{faces[1], format::aRGB8888});
+TEST_F(Clocks, DialsPointToTheTimeOfDay) {
+    const std::uint16_t face = image.addPicture(Pixels{pattern(40, 36)}), cap = Digit0 + 1;
+    const std::uint16_t clear = image.addPicture(Filled(33, 31, QColor(0, 0, 0, 128), format::aRGB8888));
     const AnalogClock dials[] = {
         {Inline, false, 3, 4, face, {9, 2, 5, 0x102030}, {14, 0, 3, 0x405060}, {19, 6, 1, 0xFF0000}, cap},
         {Inline, false, 60, 50, clear, {6, 0, 2, 0xFFFFFF}, {30, 30, 4, 0x00FF00}}};
-    for (const AnalogClock& dial : dials) add(place, dial, block);
-    const QPoint shift = show(place);
-    RefreshPageWidgets(CurrentPage);
-    QImage expected = PageBackground; // and that of the list, as there is no pop-up on one
-    for (int minute = 0; minute < 24 * 60; minute += minute < 720 ? 1 : 37) {
-        SetClock(2026, 11, 18, minute / 60, minute % 60, minute * 7 % 60);
-        SecondTick = 1;
-        AnalogClockTick();
-        for (const AnalogClock& dial : dials) {
-            const QPoint at = shift + QPoint(dial.X, dial.Y);
-            const QRect area = faces[dial.Face - face].rect();
-            const QPoint centre(area.width() / 2, area.height() / 2);
-            WorkSurface = PageBackground.copy(QRect(at, WorkSurface.size()));
-            QPainter(&WorkSurface).drawImage(0, 0, faces[dial.Face - face]);
-            strokePlainly(dial.Hours, centre, minute / 60 % 12 * 30 + minute % 60 / 2);
-            strokePlainly(dial.Minutes, centre, minute % 60 * 6 + minute * 7 % 60 / 10);
-            strokePlainly(dial.Seconds, centre, minute * 7 % 60 * 6);
-            if (dial.Cap == cap) QPainter(&WorkSurface).drawImage(centre - QPoint(2, 3), glyph('1', true));
-            QPainter(&expected).drawImage(at, WorkSurface, area);
+    const imagekit::ImageBuilder empty = image;
+    constexpr QSize shown(100, 85);
+    Sheet sheet(shown, 12, 6);
+    for (const Place place : {Place::Page, Place::Popup, Place::List})
+        for (const std::uint16_t block : {Inline, Block}) {
+            image = empty;
+            blocks.clear();
+            for (const AnalogClock& dial : dials) add(place, dial, block);
+            const QPoint shift = show(place);
+            RefreshPageWidgets(CurrentPage);
+            for (int i = 0; i < 12; ++i) {
+                const int minute = 131 * i;
+                SetClock(2026, 11, 18, minute / 60, minute % 60, minute * 7 % 60);
+                SecondTick = 1;
+                AnalogClockTick();
+                sheet.add((place == Place::List ? ListSurfaceA : FrameSurface).copy({shift, shown}));
+            }
         }
-        ASSERT_EQ(place == Place::List ? ListSurfaceA : FrameSurface, expected) << minute;
-    }
+    EXPECT_TRUE(EqualsGolden(sheet.picture(), "panel/golden/dials.png", 40));
 }
-INSTANTIATE_TEST_SUITE_P(Places, Dials, ::testing::Combine(Places, ::testing::Values(Inline, Block)));
 
 } // namespace
 } // namespace panel

@@ -5,7 +5,6 @@
 #include "host/work_thread.h"
 #include "panel_test.h"
 #include "store/backlight.h"
-#include "widgets/touch/encoder.h"
 
 #include <QCoreApplication>
 
@@ -48,83 +47,6 @@ TEST_F(EngineLoop, APanelThatCannotBeEndsInAFrameOfOneColour) {
         EXPECT_EQ(outputs.frame.size(), row.size);
         EXPECT_EQ(pixel(row.size.width() - 1, row.size.height() - 1), row.colour);
         EXPECT_TRUE(media().empty());
-    }
-}
-
-TEST_F(EngineLoop, RandomBytesDoNoHarm) {
-    std::mt19937 random(20261122);
-    for (int round = 0; round < 300; ++round) {
-        QByteArray image(static_cast<int>(random() % 20000), '\0');
-        for (char& byte : image) byte = static_cast<char>(random());
-        if (image.size() > 0x200) { // a panel size that can be, so that the rest of the head comes into play
-            const char size[] = {0x40, 0x00, 0x30, 0x00};
-            image.replace(static_cast<int>(ConfigBlockAddress) + 16, 4, size, 4);
-            image[static_cast<int>(ConfigBlockAddress) + 7] = static_cast<char>(random() & 1);
-        }
-        if (boot(image) != StartResult::Running) continue;
-        run(400);
-        ASSERT_EQ(outputs.frame.size(), QSize(DisplayWidth, DisplayHeight));
-    }
-}
-
-/// Pages of records of all kinds whose fields are chance, over variables, pictures and fonts that are chance
-/// as well, with a finger and the knob at work.
-TEST_F(EngineLoop, PagesOfNonsenseDoNoHarm) {
-    std::mt19937 random(20261122);
-    const auto u8 = [&random] { return static_cast<std::uint8_t>(random()); };
-    // Words as a mistaken tool would write them: none, the largest, the most negative, usual ones, or any.
-    const auto bytes = [&random](std::size_t count) {
-        imagekit::Bytes result(count);
-        for (std::size_t i = 0; i + 1 < count; i += 2) {
-            const std::mt19937::result_type words[] = {0,       0xFFFF, 0x8000, random() % 64, random() % 64,
-                                                       random()};
-            const auto word = words[random() % std::size(words)];
-            result[i] = static_cast<std::uint8_t>(word);
-            result[i + 1] = static_cast<std::uint8_t>(word >> 8);
-        }
-        return result;
-    };
-    const auto record = [&]() -> imagekit::DisplayRecord {
-        return {.Kind = static_cast<std::uint16_t>(random() % 0x23),
-                .Flags = static_cast<std::uint16_t>(random() % 8 == 0 ? 0x100 : 0),
-                .ParameterAddress = static_cast<std::uint16_t>(random() % 3 == 0 ? random() : 0xFFFF),
-                .Block = bytes(random() % 90),
-                .LengthFlag = random() % 2 == 0};
-    };
-    for (int round = 0; round < 100; ++round) {
-        PanelConfig config{.Width = 64, .Height = 48};
-        config.ColourMode = u8() % 2;
-        config.ICType = u8() % 7;
-        config.Rotate = u8() % 4;
-        ImageBuilder image(config);
-        image.addFont({imagekit::FontKind::Ascii, bytes(300)});
-        for (const std::uint8_t format : {0, 3, 6, 10, 7, 0})
-            image.addPicture(imagekit::StoredPicture{40, 30, 0x48, format, bytes(400)});
-        for (int page = 0; page < 2; ++page) {
-            auto& streams = image.addPage();
-            std::vector<imagekit::DisplayRecord> display;
-            std::vector<imagekit::TouchRecord> touch;
-            for (int i = 0; i < 40; ++i) {
-                display.push_back(record());
-                streams.addToGroup(static_cast<std::uint16_t>(random() % 4), record());
-                const auto family = static_cast<std::uint16_t>(0x8000 + random() % 16);
-                touch.push_back({family, true, static_cast<std::uint8_t>(u8() % 2), bytes(u8() % 70)});
-            }
-            streams.setRawStream(imagekit::Stream::Display, RawStream(display));
-            streams.setRawStream(imagekit::Stream::Touch, RawStream(touch));
-        }
-        image.setBytes(0, bytes(4000));
-        ASSERT_EQ(boot(image), StartResult::Running);
-        for (int cycle = 0; cycle < 60; ++cycle) {
-            ticks(8);
-            StoreByte(random() % 6000, u8() % 4);
-            cycle % 4 == 3 ? ReleasePointer() : MovePointer({u8() % 70, u8() % 50});
-            if (cycle % 8 == 0) PressKey(static_cast<EncoderKey>(u8() % 5));
-            cycles(1);
-            if (cycle % 20 == 0) ShowPage(u8() % 2);
-            RefreshAfterTouch(CurrentPage);
-        }
-        ASSERT_EQ(outputs.frame.size(), FrameSurface.size());
     }
 }
 

@@ -6,6 +6,7 @@
 #include "widgets/touch/text_entry.h"
 
 #include <limits>
+#include <sys/resource.h>
 
 namespace panel {
 namespace {
@@ -245,9 +246,12 @@ TEST_F(EntryTest, ATextIsTypedWithShiftClearAndACapacity) {
     type("aBc!");
     EXPECT_EQ(TakeSentFrames(), (Payloads{{0x41, 1, 0, 'a', 'B', 'c', 0}})) << "whole words";
     open();
-    type("!");
+    type("#!");
     EXPECT_EQ(ReadWord(Value), 0);
     EXPECT_EQ(TakeSentFrames(), (Payloads{{0x41, 1, 0}}));
+    open();
+    type("a");
+    EXPECT_EQ(typed(), "A") << "Shift is still on";
 }
 
 TEST_F(EntryTest, ATextBeginsWithWhatTheVariableHolds) {
@@ -318,6 +322,18 @@ TEST_F(EntryTest, WhatRunsUnderAKeyboardStaysOutOfIt) {
     EXPECT_LT(ReadWord(0x41), 90) << "it counts all the same";
     type("?");
     EXPECT_TRUE(hasInk(keyboard));
+}
+
+TEST_F(EntryTest, AKeyboardOfAnySizeIsKeptAsFarAsItShows) {
+    auto entry = field<NumberEntry>();
+    entry.Keyboard.Page = image.addPage(Solid{30000, 30000, Qt::blue}).index();
+    image.page(FieldPage).add(entry);
+    start();
+    open();
+    EXPECT_EQ(NumberOpen, 1);
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    EXPECT_LT(usage.ru_maxrss, 1 << 20) << "KiB";
 }
 
 TEST_F(EntryTest, AKeyboardThatDoesNotExistOpensNothing) {

@@ -1,3 +1,4 @@
+#include "golden.h"
 #include "panel_test.h"
 #include "widgets/display/image_animation.h"
 #include "widgets/touch/encoder.h"
@@ -47,44 +48,30 @@ protected:
     QImage page;
 };
 
-/// The block or None, whether on a pop-up, the group.
-using RangeCase = std::tuple<std::uint16_t, bool, std::uint16_t>;
-class IconRange : public Icons, public ::testing::WithParamInterface<RangeCase> {};
-
-TEST_P(IconRange, ShowsThePictureOfAValueAndErasesOutside) {
-    const auto [block, popup, group] = GetParam();
-    const ValueIcon icon{block, false, Value, 8, 6, Red, 5, 7, 0, group};
-    auto& host = popup ? image.addPage(pattern(30, 20)) : image.page(0);
-    host.add(icon);
-    host.addToGroup(Group, BitIcon{.ValueAddress = Bits, .X = 10, .Y = 7, .ClearImage = Blue});
-    host.addToGroup(Group, ValueIcon{.ValueAddress = Bits, .X = 12, .Y = 8, .FirstImage = Green});
-    image.setBytes(Block, Encode(icon).Block);
-    start();
-    QRect place(QPoint(8, 6), Size);
-    if (popup) {
-        place.translate(20, 10);
-        openPopup(1, 20, 10);
-        page = PageBackground;
-    }
-    const auto members = [group = group, place](const QImage& under) {
-        if (group == None) return under;
-        const QImage first = with(under, place & place.translated(2, 1), Colours[Blue]);
-        return ReadWord(Bits) > 1 ? first : with(first, place & place.translated(4, 2), Colours[Green]);
-    };
-    for (const std::uint16_t value : {5, 4, 7, 0, 6, 8, 5, 6, 0xFFFF}) {
-        const bool inside = value >= 5 && value <= 7;
-        EXPECT_EQ(shown(Value, value), members(inside ? with(page, place, Colours[value - 5]) : page));
-    }
-    const QImage oneMember = shown(Bits, 2);
-    EXPECT_EQ(oneMember, members(page));
-    if (block == None) return;
-    StoreByte(2 * Block + 10, 6); // the minimum
-    EXPECT_EQ(shown(Value, 6), members(with(page, place, Colours[Red])));
+TEST_F(Icons, ShowThePictureOfAValueAndEraseOutside) {
+    const imagekit::ImageBuilder empty = image;
+    Sheet sheet({64, 48}, 11, 8);
+    for (const bool popup : {false, true})
+        for (const std::uint16_t group : {None, Group})
+            for (const std::uint16_t block : {None, Block}) {
+                image = empty;
+                const ValueIcon icon{block, false, Value, 8, 6, Red, 5, 7, 0, group};
+                auto& host = popup ? image.addPage(pattern(30, 20)) : image.page(0);
+                host.add(icon);
+                host.addToGroup(Group, BitIcon{.ValueAddress = Bits, .X = 10, .Y = 7, .ClearImage = Blue});
+                host.addToGroup(Group, ValueIcon{.ValueAddress = Bits, .X = 12, .Y = 8, .FirstImage = Green});
+                image.setBytes(Block, Encode(icon).Block);
+                boot(image);
+                if (popup) openPopup(1, 20, 10);
+                StoreWord(Bits, 0);
+                for (const std::uint16_t value : {5, 4, 7, 0, 6, 8, 5, 6, 0xFFFF})
+                    sheet.add(shown(Value, value));
+                sheet.add(shown(Bits, 2));    // for one of the members there is no picture
+                StoreByte(2 * Block + 10, 6); // the minimum
+                sheet.add(shown(Value, 6));
+            }
+    EXPECT_TRUE(EqualsGolden(sheet.picture(), "panel/golden/icons.png"));
 }
-
-INSTANTIATE_TEST_SUITE_P(Forms, IconRange,
-                         ::testing::Combine(::testing::Values(None, Block), ::testing::Bool(),
-                                            ::testing::Values(None, Group)));
 
 TEST_F(Icons, OfABitLookAtTheirOwnBit) {
     constexpr std::uint8_t bits[] = {0, 1, 8, 15, 16, 31};

@@ -1,4 +1,5 @@
 #include "touch_fixture.h"
+#include "widgets/touch/roller_picker.h"
 #include "widgets/touch/slider.h"
 #include "widgets/touch/sliding_list.h"
 #include "widgets/touch/swipe_gesture.h"
@@ -163,6 +164,35 @@ TEST_F(ListTest, ItsKeysMoveWithItAndADragTakesTheirPress) {
     press(x, y);
     endDrag();
     EXPECT_EQ(CurrentPage, 2);
+}
+
+TEST_F(ListTest, ADragLeavesNothingOfThePressThatItTakes) {
+    constexpr std::uint16_t clicked = 0x0200, stepped = 0x0201;
+    listOf(imagekit::ListMode::Vertical, 30, 101);
+    auto& page = image.page(0);
+    MultiKey key{.Where = {60, 80, 69, 89}};
+    key.Click = {.Enabled = true, .Address = clicked, .Value = 1};
+    key.DoubleClick.Enabled = true;
+    page.add(key);
+    page.add(StepKey{.Where = {70, 80, 79, 89}, .Address = stepped, .Highest = 99, .Repeat = true});
+    page.add(StepKey{.Where = {0, 0, 9, 9}, .Address = stepped, .Highest = 99});
+    page.add(
+        RollerPicker{.Window = {80, 80, 89, 89}, .SelectedStrip = addPicture(Qt::red, 10, 27), .Highest = 2});
+    start();
+    for (const int x : {65, 75, 85}) {
+        press(x, 88);
+        drag(x, 62);
+        ASSERT_EQ(ListDragging, 1);
+        endDrag();
+    }
+    run(700);
+    EXPECT_EQ(ReadWord(clicked), 0);
+    press(5, 5);
+    run(700);
+    EXPECT_EQ(ReadWord(stepped), 0) << "no repeat that another key has begun";
+    drag(5, 15);
+    letGo();
+    EXPECT_EQ(Rollers.at(0)->Offset, 0);
 }
 
 TEST_F(ListTest, TheBarGoesAlongAndShowsTheDrag) {

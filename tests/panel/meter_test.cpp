@@ -1,8 +1,7 @@
 #include "imagekit/meter_widgets.h"
 
-#include "graphics/image_blit.h"
+#include "golden.h"
 #include "graphics/primitives.h"
-#include "graphics/shapes.h"
 #include "panel_test.h"
 #include "widgets/display/needle_meter.h"
 #include "widgets/display/sector.h"
@@ -15,57 +14,23 @@ using namespace imagekit;
 
 constexpr std::uint16_t Value = 0x0100, Number = 0x0110;
 
-/// The sector in plain words: whole blocks, and of an eighth each pixel by itself.
-void blitSectorPlainly(const ImageRow& image, int angle) {
-    const int w = image.Width, h = image.Height, half = w / 2;
-    const int r = w % 2 ? half + 1 : half, c = r - 1;
-    const auto tr = [r](int degrees) { return TanDeg(degrees) * static_cast<float>(r); };
-    const auto block = [&image](int x, int y, int width, int height) {
-        BlitImage(WorkSurface, {x, y}, image, {x, y, width, height}, image.Width);
-    };
-    const auto cut = [](float position) { return static_cast<std::int16_t>(position); };
-    const auto eighth = [&](int left, int top, int right, int bottom, int ex, int ey) {
-        for (int y = top; y <= bottom; ++y)
-            for (int x = left; x <= right; ++x)
-                if (!SideOfLine(c, c, ex, ey, x, y)) block(x, y, 1, 1);
-    };
-    if (angle > 90 && angle <= 180) block(0, c + 1, half, h / 2);
-    if (angle > 180 && angle < 360) block(0, 0, half, h);
-    if (angle >= 270 && angle < 360) block(c + 1, 0, r, r);
-    if (angle == 90) return block(0, c, r, h / 2);
-    if (angle == 360) return block(0, 0, w, h);
-    if (angle == 270) return;
-    const float radius = static_cast<float>(r);
-    if (angle <= 45) return eighth(0, c, r - 1, h - 1, cut(radius - tr(angle)), 2 * r - 1);
-    if (angle < 90) return eighth(0, c, r - 1, h - 1, 0, cut(radius + tr(90 - angle) - 1));
-    if (angle <= 135) return eighth(0, 0, r - 1, r - 1, 0, cut(radius - tr(angle - 90)));
-    if (angle <= 180) return eighth(0, 0, r - 1, r - 1, cut(radius - tr(180 - angle)), 0);
-    if (angle <= 225) return eighth(c, 0, w - 1, r - 1, cut(radius + tr(angle - 180)), 0);
-    if (angle < 270) return eighth(c, 0, w - 1, r - 1, 2 * r - 1, cut(radius - tr(270 - angle)));
-    if (angle <= 315) return eighth(c + 1, c, w - 1, h - 1, 2 * r - 1, cut(radius + tr(angle - 270)));
-    eighth(c + 1, c, w - 1, h - 1, cut(radius + tr(360 - angle)), 2 * r - 1);
-}
-
-TEST_F(PanelTest, ASectorEqualsItsDefinitionAtEveryDegree) {
+TEST_F(PanelTest, ASectorIsCutOutOfItsPicture) {
     ImageBuilder image({.Width = 64, .Height = 48});
     image.addPage();
     std::uint16_t count = 0;
     for (const QSize size : {QSize(40, 40), QSize(41, 41), QSize(30, 21)})
         for (const std::uint8_t pixelFormat : {0, 6, 10, 7, 3})
-            count = image.addPicture(Pixels{Noise(size.width(), size.height()), pixelFormat}) + 1;
+            count = image.addPicture(Pixels{Pattern(size.width(), size.height()), pixelFormat}) + 1;
     boot(image);
+    constexpr int columns = 42; // the last one beyond the full turn
+    Sheet sheet({44, 44}, columns, count);
     for (std::uint16_t index = 0; index < count; ++index)
-        for (int angle = 0; angle <= 360; ++angle) {
+        for (int i = 0; i < columns; ++i) {
             WorkSurface.fill(QColor(10, 200, 90));
-            blitSectorPlainly(TableImageRow(index), angle);
-            const QImage expected = WorkSurface.copy();
-            WorkSurface.fill(QColor(10, 200, 90));
-            BlitSector(TableImageRow(index), angle);
-            ASSERT_EQ(WorkSurface, expected) << "picture " << index << ", " << angle << " degrees";
+            BlitSector(TableImageRow(index), 9 * i + index % 2);
+            sheet.add(WorkSurface);
         }
-    const QImage before = WorkSurface.copy();
-    BlitSector(TableImageRow(1), 361);
-    EXPECT_EQ(WorkSurface, before);
+    EXPECT_TRUE(EqualsGolden(sheet.picture(), "panel/golden/sectors.png", 40));
 }
 
 /// Pictures in one colour each, in the order of digits, point and minus; a digit is as wide as its figure
@@ -133,7 +98,7 @@ TEST_F(MeterTest, ARingGaugeMapsItsValueAndReadsItOut) {
         run(300);
         EXPECT_EQ(glyphsFrom(22, 22), cases[i].readout);
         CopySurfaceRect(PageBackground, {20, 10, 30, 30}, WorkSurface, {0, 0});
-        blitSectorPlainly(TableImageRow(ring), cases[i].angle);
+        BlitSector(TableImageRow(ring), cases[i].angle);
         EXPECT_EQ(outputs.frame.copy(20, 10, 30, 10), WorkSurface.copy(0, 0, 30, 10)) << i;
         EXPECT_EQ(outputs.frame.copy(20, 27, 30, 13), WorkSurface.copy(0, 17, 30, 13)) << i;
     }
@@ -166,33 +131,9 @@ NeedleMeter meterOf(Needle kind) {
     return meter;
 }
 
-/// The needle in plain words, on a WorkSurface that has the dial.
-void drawNeedlePlainly(Needle kind, int angle) {
-    const auto at = [](int degrees, int radius) {
-        return QPointF(int(20 + SinDeg(degrees) * float(radius)), int(20 - CosDeg(degrees) * float(radius)));
-    };
-    const QPointF tip = at(angle, 17), tail = at(angle + 180, 6), a = at(angle + 270, 3),
-                  b = at(angle + 90, 3);
-    const auto triangle = [&](QPointF side, std::uint32_t colour) {
-        FillTriangle(int(side.x()), int(side.y()), int(tip.x()), int(tip.y()), int(tail.x()), int(tail.y()),
-                     colour);
-    };
-    const auto capsule = [](QPointF from, QPointF to, float radius, std::uint32_t colour) {
-        DrawCapsule(float(from.x()), float(from.y()), float(to.x()), float(to.y()), radius, colour);
-    };
-    if (kind == Needle::Stroke) return capsule(tip, tail, 3, 0xFF0000);
-    triangle(a, 0x0000FF);
-    triangle(b, 0xFF0000);
-    if (kind == Needle::Triangles) return;
-    capsule(a, tip, 1, 0x0000FF);
-    capsule(a, tail, 1, 0x0000FF);
-    capsule(tip, b, 1, 0xFF0000);
-    capsule(b, tail, 1, 0xFF0000);
-}
-
 TEST_F(MeterTest, NeedlesPointToTheirAngle) {
     ImageBuilder image(Small);
-    const std::uint16_t dial = image.addPicture(Pixels{Noise(40, 40), format::RGB565Key});
+    const std::uint16_t dial = image.addPicture(Pixels{Pattern(40, 40), format::RGB565Key});
     const Needle kinds[] = {Needle::Triangles, Needle::SmoothTriangles, Needle::Stroke};
     for (const Needle kind : kinds) {
         NeedleMeter meter = meterOf(kind);
@@ -200,17 +141,15 @@ TEST_F(MeterTest, NeedlesPointToTheirAngle) {
         image.addPage(PlainPage(Small, Qt::darkGray)).add(meter);
     }
     boot(image);
+    Sheet sheet({44, 44}, 19, 3);
     for (std::uint16_t page = 0; page < std::size(kinds); ++page)
-        for (int angle = 0; angle <= 270; angle += 9) {
-            StoreWord(Value, static_cast<std::uint16_t>(angle));
+        for (std::uint16_t angle = 0; angle <= 270; angle += 15) {
+            StoreWord(Value, angle);
             ShowPage(page);
             cycles(1);
-            CopySurfaceRect(PageBackground, {8, 4, 40, 40}, WorkSurface, {0, 0});
-            BlitImage(WorkSurface, {0, 0}, TableImageRow(dial), {0, 0, 40, 40}, 40);
-            drawNeedlePlainly(kinds[page], angle);
-            ASSERT_EQ(outputs.frame.copy(8, 4, 40, 40), WorkSurface.copy(0, 0, 40, 40))
-                << page << ' ' << angle;
+            sheet.add(outputs.frame.copy(6, 2, 44, 44));
         }
+    EXPECT_TRUE(EqualsGolden(sheet.picture(), "panel/golden/needles.png", 40));
 }
 
 TEST_F(MeterTest, ANeedleWalksAndKeepsItsVariableWithinTheLimits) {

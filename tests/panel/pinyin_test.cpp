@@ -138,16 +138,23 @@ TEST_F(PinyinTest, TogglesStayDownAndTypePlainly) {
 }
 
 TEST_F(PinyinTest, SevenLettersAndLettersBehindTheIndexChangeNothing) {
-    image.setPinyin({{"aaaaaa", "啊"}, {"b", "不"}});
+    image.setPinyin({{"aaaaaa", "好号毫豪耗浩郝皓昊"}, {"b", "不"}});
     start();
     open();
-    type("aaaaaaa");
+    type("aaaaaa+");
+    EXPECT_EQ(PageBytes, 2);
+    type("a");
     EXPECT_EQ(letters(), "aaaaaa");
-    EXPECT_EQ(Candidates.count, 1);
+    EXPECT_EQ(PageBytes, 16) << "but the first page is back";
     type("<<<<<<b");
     EXPECT_EQ(Candidates.count, 1);
     type("<z");
     EXPECT_EQ(Candidates.count, 0);
+    type("<b!");
+    open();
+    const QImage empty = strip();
+    type("z");
+    EXPECT_NE(strip(), empty) << "no candidates, in the room of a page that another entry has shown";
 }
 
 TEST(PinyinTable, IsReadWithinTheImageOnly) {

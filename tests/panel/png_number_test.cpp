@@ -1,11 +1,10 @@
 #include "widgets/display/png_number.h"
 
+#include "golden.h"
 #include "host/config_block.h"
 #include "panel_test.h"
 #include "widgets/display/group.h"
 #include "widgets/display/image_animation.h"
-
-#include <cmath>
 
 namespace panel {
 namespace {
@@ -29,50 +28,6 @@ QImage pictureOf(int code) {
 }
 constexpr int Missing = 7; // takes its room, and has no picture
 
-/// Copies what is opaque of a picture.
-void lay(QImage& target, QPoint at, const QImage& picture) {
-    for (int y = 0; y < picture.height(); ++y)
-        for (int x = 0; x < picture.width(); ++x)
-            if (const QPoint to = at + QPoint(x, y);
-                target.valid(to) && picture.valid(x, y) && qAlpha(picture.pixel(x, y)))
-                target.setPixel(to, picture.pixel(x, y));
-}
-
-std::vector<int> codesOf(const QString& text) {
-    std::vector<int> codes;
-    for (const QChar character : text) codes.push_back(QString("0123456789.-").indexOf(character));
-    return codes;
-}
-
-/// The widget in plain words.
-struct Model {
-    PngNumber number;
-    int lastWidth = 0;
-
-    QString text(int value) const {
-        const int shown = std::abs(value) % 10000;
-        const bool minus = value < 0 && number.LastImage - number.FirstImage > 10;
-        const QString digits =
-            QString("%1.%2").arg(shown / 10, number.LeadingZeros ? 3 : 1, 10, QChar('0')).arg(shown % 10);
-        return minus ? '-' + digits : digits;
-    }
-    void draw(QImage& target, const QImage& behind, QPoint at, int value, bool hidden) {
-        const std::vector<int> codes = codesOf(text(value));
-        int width = 0;
-        for (const int code : codes) width += sizeOf(code).width();
-        const int span = std::max(width, std::exchange(lastWidth, width));
-        const bool centred = number.Align == Alignment::Centre, right = number.Align == Alignment::Right;
-        const int left = centred ? at.x() - span / 2 : right ? at.x() + 1 - span : at.x();
-        int offset = centred ? (span - width) / 2 : right ? span - width : 0;
-        QImage work = behind.copy({left, at.y(), span, sizeOf(codes.back()).height()});
-        for (const int code : codes) {
-            if (!hidden && code != Missing) lay(work, {offset, 0}, pictureOf(code));
-            offset += sizeOf(code).width();
-        }
-        lay(target, {left, at.y()}, work);
-    }
-};
-
 const PngNumber Signed{None, false, Value,         24,  3, Digits, Digits + 11, false, Alignment::Left,
                        3,    1,     DataType::S16, Hide};
 
@@ -93,16 +48,16 @@ protected:
     }
     static imagekit::Pixels pattern(int width, int height) { return {Pattern(width, height)}; }
 
+    enum class Place { Page, Popup, List };
+    std::vector<QImage> framesOf(Place place, Alignment alignment, std::uint16_t block);
+
     imagekit::ImageBuilder image{Small};
 };
 
-enum class Place { Page, Popup, List };
-using ModelCase = std::tuple<Place, Alignment, std::uint16_t>;
-class PngNumberModel : public PngNumbers, public ::testing::WithParamInterface<ModelCase> {};
-
 /// Two numbers, so that each needs its own memory, through values of all widths while one comes and goes.
-TEST_P(PngNumberModel, HoldsThroughAllRefreshes) {
-    const auto [place, alignment, block] = GetParam();
+std::vector<QImage> PngNumbers::framesOf(Place place, Alignment alignment, std::uint16_t block) {
+    image = imagekit::ImageBuilder(Small);
+    addPictures(image);
     PngNumber plain = Signed;
     plain.InList = place == Place::List;
     plain.Align = alignment;
@@ -120,49 +75,35 @@ TEST_P(PngNumberModel, HoldsThroughAllRefreshes) {
     image.page(page).add(second);
     image.setBytes(Block, Encode(plain).Block);
     boot(image);
-    if (place == Place::List)
-        ListSurfaceA = ListSurfaceB = pattern(70, 60).Image.convertToFormat(FrameSurface.format());
+    if (place == Place::List) ListSurfaceA = ListSurfaceB = PageBackground;
     if (place == Place::Popup) openPopup(1, 7, 5);
-    const QPoint shift = place == Place::Popup ? QPoint(7, 5) : QPoint();
-    const QImage& behind = place == Place::List ? ListSurfaceB : PageBackground;
     const QImage& target = place == Place::List ? ListSurfaceA : FrameSurface;
-    Model models[] = {{plain}, {second}};
-    QImage expected = behind;
-    const auto draw = [&](Model& model, std::uint16_t address, bool hidden) {
-        const QPoint at = shift + QPoint(model.number.X, model.number.Y);
-        model.draw(expected, behind, at, static_cast<std::int16_t>(ReadWord(address)), hidden);
-    };
-    draw(models[0], Value, false);
-    draw(models[1], Second, false);
-    if (place == Place::List) expected = behind; // there was no list when the page came up
-    ASSERT_EQ(target, expected);
-    std::mt19937 random(3);
-    for (int step = 0; step < 80; ++step) {
-        const auto anyWord = [&] { return static_cast<std::uint16_t>((random() & 0x3FFF) >> random() % 14); };
-        const bool negative = random() % 3 == 0;
-        const auto value = static_cast<std::uint16_t>(negative ? -anyWord() : anyWord());
-        const std::uint16_t address = random() % 2 ? Value : Second;
-        if (random() % 5 == 0) {
-            StoreWord(Hide, ReadWord(Hide) == 0);
-            draw(models[0], Value, ReadWord(Hide) != 0);
-        } else if (value != ReadWord(address)) {
-            StoreWord(address, value);
-            address == Value ? draw(models[0], Value, ReadWord(Hide) != 0) : draw(models[1], Second, false);
-        }
+    std::vector<QImage> frames{target};
+    const std::pair<std::uint16_t, int> steps[] = {
+        {Value, 5},     {Second, 12}, {Value, -1234}, {Hide, 1},     {Value, 8}, {Hide, 0},
+        {Second, 9999}, {Value, -70}, {Second, -123}, {Value, 4007}, {Hide, 1},  {Hide, 0}};
+    for (const auto& [address, value] : steps) {
+        StoreWord(address, static_cast<std::uint16_t>(value));
         // After a touch, what lies on a list is drawn and still counts as changed.
-        const bool full = place == Place::List || random() % 2;
+        const bool full = place == Place::List || frames.size() % 2;
         (full ? RefreshPageWidgets : RefreshAfterTouch)(page);
-        ASSERT_EQ(target, expected) << step;
+        frames.push_back(target);
     }
     ShowPage(place == Place::Popup ? 0 : 1);
     EXPECT_EQ(PngNumberWidthMemory[0], 0);
+    return frames;
 }
 
-INSTANTIATE_TEST_SUITE_P(Places, PngNumberModel,
-                         ::testing::Combine(::testing::Values(Place::Page, Place::Popup, Place::List),
-                                            ::testing::Values(Alignment::Left, Alignment::Centre,
-                                                              Alignment::Right, Aside),
-                                            ::testing::Values(None, Block)));
+TEST_F(PngNumbers, KeepTheirRoomThroughAllRefreshes) {
+    Sheet sheet({64, 48}, 13, 12);
+    for (const Place place : {Place::Page, Place::Popup, Place::List})
+        for (const Alignment align : {Alignment::Left, Alignment::Centre, Alignment::Right, Aside}) {
+            const std::vector<QImage> frames = framesOf(place, align, None);
+            for (const QImage& frame : frames) sheet.add(frame);
+            EXPECT_EQ(framesOf(place, align, Block), frames) << "with parameters in the store";
+        }
+    EXPECT_TRUE(EqualsGolden(sheet.picture(), "panel/golden/picture-numbers.png"));
+}
 
 /// More digits than 64 bits have, up to more than a text holds, and pictures that are not there.
 TEST_F(PngNumbers, WiderThanThePanelLeaveNoHoleInIt) {
@@ -216,65 +157,33 @@ TEST_F(PngNumbers, OverAnAnimationStandOnItsFrame) {
     EXPECT_EQ(FrameSurface.pixel(20 + 1 - sizeOf(3).width() + 1, 1), Mark);
 }
 
-// In groups.
-
-using GroupCase = std::tuple<int, Alignment, const char*>;
-class PngNumbersInGroups : public PngNumbers, public ::testing::WithParamInterface<GroupCase> {};
-
-TEST_P(PngNumbersInGroups, StandAsThePanelIsTurned) {
-    const auto [rotation, alignment, text] = GetParam();
-    const imagekit::PanelConfig config{
-        .Width = 120, .Height = 96, .ColourMode = 1, .Rotate = static_cast<std::uint8_t>(rotation)};
-    imagekit::ImageBuilder turned(config);
-    addPictures(turned);
-    PngNumber member = Signed;
-    member.X = 60;
-    member.Y = 50;
-    member.LastImage = Digits; // the minus is there all the same
-    member.Align = alignment;
-    turned.addPage(PlainPage(config, Qt::gray)).addToGroup(3, member);
-    turned.setWord(Value, static_cast<std::uint16_t>(std::lround(std::stod(text) * 10)));
-    boot(turned);
-    const QPoint corner(6, 4);
-    QImage expected = WorkSurface;
-    expected.fill(Mark);
-
-    int length = 0;
-    for (const int code : codesOf(text))
-        length += rotation % 2 ? sizeOf(code).height() : sizeOf(code).width();
-    length += length % 2;
-    const int column = static_cast<int>(alignment) > 2 ? 3 : static_cast<int>(alignment);
-    const int half = length / 2, width = sizeOf(0).width(), height = sizeOf(0).height();
-    const QPoint starts[4][4] = {
-        {{0, 0}, {-half, 0}, {1 - length, 0}, {0, 0}},
-        {{-width, 0}, {-width, -half}, {-width, -length}, {-width, 0}},
-        {{-length, -height}, {-half, -height}, {0, -height}, {0, -height}},
-        {{0, -length}, {0, -half}, {0, 0}, {0, 0}},
-    };
-    QPoint at = starts[rotation][column] + QPoint(60, 50) - corner;
-    for (const int code : codesOf(text)) {
-        lay(expected, at, code == Missing ? QImage() : pictureOf(code));
-        const QPoint steps[] = {{sizeOf(code).width(), 0},
-                                {0, sizeOf(code).height()},
-                                {-sizeOf(code).width(), 0},
-                                {0, -sizeOf(code).height()}};
-        at += steps[rotation];
-    }
-    WorkSurface.fill(Mark);
-    DrawGroupInRect(0, 3, {corner, QSize(40, 40)});
-    EXPECT_EQ(WorkSurface, expected);
-
-    StoreWord(Hide, 1);
-    DrawGroupInRect(0, 3, {0, 0, 40, 40});
-    EXPECT_EQ(WorkSurface, expected);
-    EXPECT_EQ(PngNumberWidthMemory[0], 0);
+TEST_F(PngNumbers, InAGroupStandAsThePanelIsTurned) {
+    Sheet sheet({104, 88}, 12, 4);
+    for (std::uint8_t rotation = 0; rotation < 4; ++rotation)
+        for (const Alignment align : {Alignment::Left, Alignment::Centre, Alignment::Right, Aside})
+            for (const int value : {-128, 4, 3751}) {
+                const imagekit::PanelConfig config{
+                    .Width = 120, .Height = 96, .ColourMode = 1, .Rotate = rotation};
+                image = imagekit::ImageBuilder(config);
+                addPictures(image);
+                PngNumber member = Signed;
+                member.X = member.Y = 50;
+                member.LastImage = Digits; // the minus is there all the same
+                member.Align = align;
+                image.addPage(PlainPage(config, Qt::gray)).addToGroup(3, member);
+                image.setWord(Value, static_cast<std::uint16_t>(value));
+                boot(image);
+                WorkSurface.fill(Mark);
+                DrawGroupInRect(0, 3, {2, 4, 40, 40});
+                sheet.add(WorkSurface);
+                const QImage shown = WorkSurface.copy();
+                StoreWord(Hide, 1);
+                DrawGroupInRect(0, 3, {0, 0, 40, 40});
+                EXPECT_EQ(WorkSurface, shown) << "a hidden one is left out";
+                EXPECT_EQ(PngNumberWidthMemory[0], 0);
+            }
+    EXPECT_TRUE(EqualsGolden(sheet.picture(), "panel/golden/turned-numbers.png"));
 }
-
-INSTANTIATE_TEST_SUITE_P(Turns, PngNumbersInGroups,
-                         ::testing::Combine(::testing::Range(0, 4),
-                                            ::testing::Values(Alignment::Left, Alignment::Centre,
-                                                              Alignment::Right, Aside),
-                                            ::testing::Values("-12.8", "0.4", "375.1")));
 
 } // namespace
 } // namespace panel

@@ -183,7 +183,9 @@ TEST_F(SliderDrags, FollowTheFingerAlongTheTrack) {
     EXPECT_EQ(outputs.frame, before);
     letGo();
     EXPECT_EQ(TakeSentFrames(), (Payloads{{0x41, 1, 0, 0, 10}}));
-    tap(31, 6); // the same place again
+    tap(31, 6);
+    EXPECT_EQ(ReadWord(Value), 10) << "the same place again is no move";
+    tap(31, 7);
     EXPECT_EQ(ReadWord(Value), 52);
     for (const int y : {20, 34, 44}) tap(40, y);
     EXPECT_EQ(ReadWord(Second), 25);

@@ -499,6 +499,7 @@ private:
         addEntry(TextEntry{.Where = areaAt(112, 8, 90, 30), .Address = Text, .Font = font});
         addEntry(PinyinEntry{.Where = areaAt(216, 8, 90, 30),
                              .Address = Name,
+                             .Prefilled = true,
                              .Font = gbk,
                              .GlyphWidth = 8,
                              .GlyphHeight = 12,
@@ -560,6 +561,13 @@ private:
         value.InList = true;
         page.add(value);
         page.add(PngClock{.InList = true, .X = 60, .Y = 22, .FirstImage = timeDigits});
+        page.add(ImageAnimation{.InList = true,
+                                .ControlAddress = Control,
+                                .X = 100,
+                                .Y = 134,
+                                .Width = 48,
+                                .Height = 32,
+                                .Delay = 10});
     }
 
     void addSlides() {

@@ -178,42 +178,35 @@ void moveInMenu(bool up) {
     RefreshAfterTouch(CurrentPage);
 }
 
-/// Each of these gives whether the event was of use.
-
-bool turnInMenu(bool up) {
-    if (!AdjustMode) {
-        moveInMenu(up);
-        return true;
-    }
+void turnInMenu(bool up) {
+    if (!AdjustMode) return moveInMenu(up);
     const std::optional<Block> entry = currentEntry();
-    if (!entry || sortOf(*entry) != Sort::Value) return false;
-    adjust(*entry, up, (kindOf(*entry) & NotifyBit) != 0);
-    return true;
+    if (entry && sortOf(*entry) == Sort::Value) adjust(*entry, up, (kindOf(*entry) & NotifyBit) != 0);
 }
 
-bool turnSingleEntry(bool up) {
-    if (!AdjustMode && !(record().u8(single::Enabled) & KnobBit)) return false;
+void turnSingleEntry(bool up) {
+    if (!AdjustMode && !(record().u8(single::Enabled) & KnobBit)) return;
     adjust({single::Value}, up, (record().u8(single::Notify) & (up ? KnobBit : NotifyBit)) != 0);
-    return true;
 }
 
-bool turnPages(bool up) {
-    if (AdjustMode) return false;
+void turnPages(bool up) {
+    if (AdjustMode) return;
     const std::uint16_t page = record().u16(up ? pages::Clockwise : pages::CounterClockwise);
     if (record().u8(pages::Notify) == 1) SendActionCode(page);
     ShowPage(page);
+}
+
+/// Always of use, even where it changes nothing.
+bool turn(bool up) {
+    switch (EncoderState) {
+    case Menu: turnInMenu(up); break;
+    case SingleEntry: turnSingleEntry(up); break;
+    default: turnPages(up);
+    }
     return true;
 }
 
-bool turn(bool up) {
-    switch (EncoderState) {
-    case Menu: return turnInMenu(up);
-    case SingleEntry: return turnSingleEntry(up);
-    default: return turnPages(up);
-    }
-}
-
-// The keys, from 0.
+// The keys, from 0. Each of these gives whether the key was of use.
 
 bool pressOnEntry(const Block& entry, int key) {
     if (sortOf(entry) == Sort::Action) {
@@ -296,7 +289,7 @@ void PrepareBackgroundSwitcher(std::span<const std::uint8_t> bytes) {
     }
 }
 
-/// An event without a use waits on, until a key takes its place.
+/// A key without a use waits on, until another one takes its place.
 void EncoderTick() {
     if (EncoderState == 0) return;
     const std::uint8_t event = EncoderEvent.exchange(NoEncoderEvent);

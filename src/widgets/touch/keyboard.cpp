@@ -24,8 +24,10 @@ constexpr std::size_t PressPicture = 13;
 
 constexpr std::uint8_t CursorGlyph = '|';
 
-/// The keyboard as it came onto the screen, to take clean pieces from. Its place is that of the open field.
+/// The keyboard as it came onto the screen, to take clean pieces from, and where on the panel that is: an
+/// image may give it a size that no panel has.
 QImage CleanKeyboard;
+QRect CleanPlace;
 ImageRow KeyboardPicture;
 
 QRect keyRect(const KeyboardKeyRow& key) {
@@ -112,7 +114,9 @@ void DrawKeyboard(const EntryField& field) {
     KeyboardPicture = PageImageRow(field.KeyboardPage);
     if (KeyboardPicture.hasPicture())
         DrawImage(FrameSurface, field.Keyboard, KeyboardPicture, Backdrop::Frame);
-    CleanKeyboard = FrameSurface.copy({field.Keyboard, QSize(KeyboardPicture.Width, KeyboardPicture.Height)});
+    const QRect whole(field.Keyboard, QSize(KeyboardPicture.Width, KeyboardPicture.Height));
+    CleanPlace = whole & FrameSurface.rect();
+    CleanKeyboard = CleanPlace.isEmpty() ? QImage() : FrameSurface.copy(CleanPlace);
 }
 
 void BeginEntry(const EntryField& field) {
@@ -122,7 +126,6 @@ void BeginEntry(const EntryField& field) {
     ClearEntry();
     CursorBlinks = field.Cursor ? 1 : 0;
     CursorTicks = 0;
-    EntryShift = 0;
     TouchBusy = 0;
 }
 
@@ -158,8 +161,8 @@ void DrawEntryText(TextBox box, TextMode mode) {
 }
 
 void RestoreKeyboard(QRect rect) {
-    const QRect place = rect & KeyboardRect();
-    CopySurfaceRect(CleanKeyboard, place.translated(-OpenField->Keyboard), FrameSurface, place.topLeft());
+    const QRect place = rect & CleanPlace;
+    CopySurfaceRect(CleanKeyboard, place.translated(-CleanPlace.topLeft()), FrameSurface, place.topLeft());
 }
 
 QPoint CursorPlace() {

@@ -67,10 +67,10 @@ inline std::array<std::uint8_t, 300> EntryBuffer{}; // zero behind the text
 inline std::uint16_t EntryLength = 0;               // bytes
 inline std::uint8_t KeyActive = 0;                  // 1 while a key is down, 2 while a candidate is
 inline std::uint8_t KeyRow = 0;                     // and which one
-inline std::uint8_t EntryShift = 0;
-inline std::uint16_t TextWidth = 0;   // px, of the text on the screen
-inline std::uint8_t CursorWidth = 0;  // px
-inline std::uint8_t CursorHidden = 0; // the phase of the blink
+inline std::uint8_t EntryShift = 0;                 // outlives a keyboard of single bytes
+inline std::uint16_t TextWidth = 0;                 // px, of the text on the screen
+inline std::uint8_t CursorWidth = 0;                // px
+inline std::uint8_t CursorHidden = 0;               // the phase of the blink
 /// Ticks of the phase. The tick counts, the engine sets.
 inline Shared<std::uint16_t> CursorTicks{0};
 inline std::uint16_t PreviousPage = 0; // to go back to

@@ -140,7 +140,9 @@ void ShowMultiKeyAtRest() {
 }
 
 void DropMultiKeyPress() {
-    if (LongState == LongPressState::Timing) LongState = LongPressState::Idle;
+    if (!MultiKeyActive) return; // a first click may be waiting that has nothing to do with this press
+    DoubleState = DoubleClickState::Idle;
+    LongState = LongPressState::Idle;
 }
 
 void ResetMultiKeys() {

@@ -45,7 +45,7 @@ inline Shared<std::uint16_t> MultiKeyTicks{0};
 
 /// The key that owns the press looks as if it did not.
 void ShowMultiKeyAtRest();
-/// The press does not become a long one.
+/// The press that is followed becomes neither a click nor a long one.
 void DropMultiKeyPress();
 /// Forgets the rows. A long press that has fired still holds the press until it is let go.
 void ResetMultiKeys();

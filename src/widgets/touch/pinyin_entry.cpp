@@ -98,12 +98,13 @@ void showCandidates() {
         showCandidatePage();
 }
 
+/// A letter that is dropped leads back to the first page all the same.
 void addLetter(std::uint8_t letter) {
     CandidatePage = 0;
     if (letter == 0) return;
-    const bool taken = LetterCount == 0 || (LetterCount < MostLetters && Candidates.count != 0);
-    if (taken) Letters[LetterCount++] = letter;
-    if (taken) showCandidates();
+    if (LetterCount == 0 || (LetterCount < MostLetters && Candidates.count != 0))
+        Letters[LetterCount++] = letter;
+    showCandidates();
 }
 
 void turnPage(int step) {
@@ -209,11 +210,9 @@ void open(const PinyinEntryRow& row) {
     BuildTouchTables(field.KeyboardPage);
     BeginEntry(field);
     PinyinOpen = 1;
+    EntryShift = 0;
     DirectMode = 0;
     forgetLetters();
-    Candidates = {};
-    CandidatePage = 0;
-    PageBytes = 0;
     if (Open.Variable.Prefilled) {
         PrefillText(Open.Variable, TextBytesTaken::All);
         DrawTextLine();

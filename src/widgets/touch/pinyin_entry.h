@@ -30,6 +30,7 @@ inline std::uint8_t PinyinOpen = 0;   // 1 while the keyboard of a field is up
 
 inline std::array<std::uint8_t, MostLetters> Letters{}; // the composition, zero behind its end
 inline std::uint8_t LetterCount = 0;
+// What was shown last stays until letters are typed, also when a field opens anew.
 inline PinyinCandidates Candidates{};
 inline std::uint8_t CandidatePage = 0; // on show, from 0
 inline std::uint8_t PageBytes = 0;     // of its candidates

@@ -98,7 +98,6 @@ void takePress() {
         rollers, [](const Roller& roller) { return roller.turns() && isHit(roller.head); });
     if (hit == rollers.end()) return;
     RollerRow = static_cast<std::uint8_t>(hit - rollers.begin());
-    RollerDragging = 1;
     RollerActive = 1;
     RollerAdjust = 0;
     RingLastX = TouchX;
@@ -134,7 +133,6 @@ void takeValue(Roller& roller) {
 
 void letGo() {
     if (!RollerActive) return;
-    RollerDragging = 0;
     if (Roller* roller = Rollers.at(RollerRow)) takeValue(*roller);
     RollerActive = 0;
     TouchBusy = 0;
@@ -192,7 +190,6 @@ bool isUnderFinger(const Roller& roller) { return RollerActive && &roller == Rol
 void ResetRollers() {
     Rollers.clear();
     RollerActive = 0;
-    RollerDragging = 0;
     RollerRow = 0;
 }
 
@@ -218,8 +215,8 @@ void AddRoller(const Parameters& p) {
 
 void TouchRollerPickers() {
     if (!TouchPressed) return letGo();
-    if (!RollerDragging) takePress();
-    if (RollerDragging) drag();
+    if (!RollerActive) takePress();
+    if (RollerActive) drag();
 }
 
 void SetRollerPosition(const Roller& roller) {

@@ -29,10 +29,9 @@ struct Roller {
 };
 inline RowTable<Roller, 64> Rollers;
 
-inline std::uint8_t RollerActive = 0;   // 1 while a roller owns the press
-inline std::uint8_t RollerDragging = 0; // 1 while the strip follows the finger
-inline std::uint8_t RollerRow = 0;      // which roller that is
-inline std::uint8_t RollerAdjust = 0;   // days that the month lacks, for a roller of the day
+inline std::uint8_t RollerActive = 0; // 1 while a roller owns the press, and its strip follows the finger
+inline std::uint8_t RollerRow = 0;    // which roller that is
+inline std::uint8_t RollerAdjust = 0; // days that the month lacks, for a roller of the day
 
 // Of the roller that was looked at last, px along its axis and across.
 inline std::uint16_t StripLength = 0;

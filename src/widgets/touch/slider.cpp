@@ -162,23 +162,22 @@ bool reaches(const SliderRecord& row) {
 }
 
 std::uint16_t& lastPlace(SliderRecord& row) { return isVertical(row) ? row.ThumbY : row.ThumbX; }
-bool pressIsNew(const SliderRecord& row) { return row.LastX == NoPosition; }
 
 /// The place of the pointer along the axis. A finger that crosses the seam of an endless list is still on the
 /// same side of the track.
-int placeOfPointer(SliderRecord& row) {
+int placeOfPointer(SliderRecord& row, bool pressIsNew) {
     const int place = alongAxis(row, PointerPlace(row.head.inList())).x();
     const bool seamAcross = ListIsEndless() && ListIsVertical() == isVertical(row);
-    if (!row.head.inList() || !seamAcross || pressIsNew(row)) return place;
+    if (!row.head.inList() || !seamAcross || pressIsNew) return place;
     const int length = ListIsVertical() ? ListH : ListW;
     const int moved = place - lastPlace(row);
     if (moved > length / 2) return place - length;
     return moved < -length / 2 ? place + length : place;
 }
 
-void writeValue(SliderRecord& row) {
+void writeValue(SliderRecord& row, bool pressIsNew) {
     const int start = trackStart(row), end = trackEnd(row);
-    const int place = std::min(std::max(placeOfPointer(row), start), end);
+    const int place = std::min(std::max(placeOfPointer(row, pressIsNew), start), end);
     lastPlace(row) = coordinate(place);
     if (row.Range.span() == 0) return;
     const std::int16_t value = isReversed(row) ? SliderValue(row.Range, place, end, start)
@@ -193,8 +192,8 @@ void rememberPointer(SliderRecord& row) {
     row.LastY = y;
 }
 
-void follow(SliderRecord& row) {
-    writeValue(row);
+void follow(SliderRecord& row, bool pressIsNew) {
+    writeValue(row, pressIsNew);
     rememberPointer(row);
     if (!SliderChanged) return;
     PassOnInput(row.Address);
@@ -203,17 +202,17 @@ void follow(SliderRecord& row) {
     SliderChanged = 0;
 }
 
+/// A press on the pixel where the last one ended is no move either.
 bool moved(const SliderRecord& row) { return row.LastX != TouchX || row.LastY != TouchY; }
 
 /// Whether the row may have the press: it has it, or nobody has.
 bool mayFollow(const SliderRecord& row) { return SliderActive ? isDragged(row) : !TouchBusy; }
 
 void letGo() {
-    SliderRecord* row = Sliders.at(SliderRow);
+    const SliderRecord* row = Sliders.at(SliderRow);
     if (!SliderActive || !row) return;
     SliderActive = 0;
     TouchBusy = 0;
-    row->LastX = row->LastY = NoPosition; // a second press on the same pixel counts
     if (row->head.notifies() && IsStoreWord(row->Address)) SendVariable(row->Address);
 }
 
@@ -271,10 +270,11 @@ void TouchSlider() {
     if (!TouchPressed) return letGo();
     for (SliderRecord& row : Sliders.rows()) {
         if (!row.Touchable || !moved(row) || !reaches(row) || !mayFollow(row)) continue;
-        if (!SliderActive) OwnPress();
+        const bool pressIsNew = !SliderActive;
+        if (pressIsNew) OwnPress();
         SliderActive = 1;
         SliderRow = static_cast<std::uint8_t>(&row - Sliders.rows().data());
-        follow(row);
+        follow(row, pressIsNew);
         if (!SliderActive) return;
     }
 }

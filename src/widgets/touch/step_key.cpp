@@ -98,9 +98,11 @@ std::int32_t stepDown(const StepKeyRow& row, std::int64_t value) {
     return static_cast<std::int32_t>(std::min<std::int64_t>(value, row.Highest));
 }
 
+/// The press before may not have ended by being let go.
 void press(const StepKeyRow& row) {
     ShowPressed(row.head, row.Looks);
-    if (row.Repeats) RepeatState = Repeat::Armed;
+    RepeatState = row.Repeats ? Repeat::Armed : Repeat::None;
+    RepeatTicks = 0;
 }
 
 void stepAndNotify(const StepKeyRow& row) {
@@ -108,16 +110,6 @@ void stepAndNotify(const StepKeyRow& row) {
     if (IsStoreWord(row.Address) && row.head.notifies())
         SendVariable(row.Address, ValueFrameBytes(row.DataType));
     ShowNormal(row.head, row.Looks);
-}
-
-void stopRepeat() {
-    RepeatState = Repeat::None;
-    RepeatTicks = 0;
-}
-
-void letGo(const StepKeyRow& row) {
-    stepAndNotify(row);
-    stopRepeat();
 }
 
 void showStep(const StepKeyRow& row) {
@@ -133,7 +125,7 @@ constexpr KeyFamily<StepKeyRow, StepKeys.Capacity> Family{.rows = StepKeys,
                                                           .active = StepActive,
                                                           .activeRow = StepRow,
                                                           .press = press,
-                                                          .letGo = letGo,
+                                                          .letGo = stepAndNotify,
                                                           .act = showStep,
                                                           .virtualKey = virtualKey};
 
@@ -164,10 +156,7 @@ void repeatStep() {
 
 void ShowStepKeyAtRest() { WithPressedRow<StepKeyRow>(Family, ShowRowAtRest); }
 
-void ResetStepKeys() {
-    ResetKeys(Family);
-    stopRepeat();
-}
+void ResetStepKeys() { ResetKeys(Family); }
 
 void AddStepKey(const Parameters& p) {
     StepKeyRow* row = StepKeys.append();

@@ -1,4 +1,5 @@
 #include "panel_test.h"
+#include "temporary_files.h"
 
 #include "demo/layout.h"
 #include "demo/media_project.h"
@@ -12,13 +13,10 @@
 #include "pages/stream_walker.h"
 #include "store/curve_samples.h"
 #include "store/host_time.h"
-#include "widgets/display/media.h"
 #include "widgets/touch/touch_families.h"
 #include "widgets/touch/touch_row.h"
 
-#include <QFile>
 #include <QGuiApplication>
-#include <QTemporaryDir>
 
 #include <cstdlib>
 #include <set>
@@ -28,7 +26,7 @@ namespace {
 using namespace demo;
 
 /// The demo on a running panel. Painting it needs the toolkit's fonts.
-class DemoProject : public panel::PanelTest {
+class DemoProject : public panel::PanelTest, protected TemporaryFiles {
 protected:
     DemoProject() : pages(PaintPages()) {
         panel::SetHostTime(QDateTime({2026, 11, 23}, {10, 8})); // no minute ends during a test
@@ -68,39 +66,29 @@ TEST_F(DemoProject, HasEveryPageAsItWasPainted) {
     }
 }
 
-/// The kinds and families of the records on the pages of the images that were loaded.
-struct Widgets {
-    std::set<std::uint16_t> kinds, families;
-
-    void addPages() {
-        for (std::uint16_t page = 0; page < panel::Sections.PageCount; ++page) addPage(page);
-    }
-
-private:
-    void addPage(std::uint16_t page) {
+/// The kinds and families of the records on the pages of the loaded image.
+std::set<std::uint16_t> widgetsOfTheImage() {
+    std::set<std::uint16_t> found;
+    for (std::uint16_t page = 0; page < panel::Sections.PageCount; ++page) {
         panel::DisplayStream.load(panel::DisplayStreamPlace(page));
         panel::StreamWalker display(panel::DisplayStream.bytes(), panel::Framing::DisplayByKind);
-        while (const auto record = display.next()) kinds.insert(record->kind());
+        while (const auto record = display.next()) found.insert(record->kind());
         panel::TouchStream.load(panel::TouchStreamPlace(page));
         panel::StreamWalker touch(panel::TouchStream.bytes(), panel::Framing::Touch);
-        while (const auto record = touch.next()) families.insert(record->typeWord & panel::FamilyMask);
+        while (const auto record = touch.next()) found.insert(record->typeWord & panel::FamilyMask);
     }
-};
+    return found;
+}
 
 TEST_F(DemoProject, HasEveryKindAndFamilyOnAPageOfItsImages) {
-    Widgets widgets;
-    widgets.addPages();
-    const QTemporaryDir folder;
-    WriteMediaProject(folder.path());
-    QFile image(folder.filePath("media.bin"));
-    ASSERT_TRUE(image.open(QIODevice::ReadOnly));
-    boot(image.readAll());
-    widgets.addPages();
+    std::set<std::uint16_t> widgets = widgetsOfTheImage();
+    WriteMediaProject(directory_.path());
+    boot(readFile("media.bin"));
+    widgets.merge(widgetsOfTheImage());
     for (const panel::DisplayKind& kind : panel::DisplayKinds())
-        EXPECT_TRUE(widgets.kinds.contains(kind.code)) << kind.name;
+        EXPECT_TRUE(widgets.contains(kind.code)) << kind.name;
     for (std::uint16_t family = 0x8000; family <= 0x80FF; ++family)
-        EXPECT_EQ(widgets.families.contains(family), panel::FindTouchFamily(family) != nullptr)
-            << std::hex << family;
+        EXPECT_EQ(widgets.contains(family), panel::FindTouchFamily(family) != nullptr) << std::hex << family;
 }
 
 TEST_F(DemoProject, FitsIntoTheFlashOfAPanel) { EXPECT_LE(BuildProject(pages).build().size(), 16 << 20); }
@@ -108,10 +96,8 @@ TEST_F(DemoProject, FitsIntoTheFlashOfAPanel) { EXPECT_LE(BuildProject(pages).bu
 TEST_F(DemoProject, OpensPopupsOverThePageWithTheirShadow) {
     for (const PageId id : {AwayPopup, BoostPopup, DatePopup, AlarmPopup}) {
         panel::ShowPage(HomePage);
-        panel::PopupActive = 1; // as the key leaves it that opens the pop-up
-        panel::PopupOriginX = static_cast<std::uint16_t>(layout::popup::Origin.x());
-        panel::PopupOriginY = static_cast<std::uint16_t>(layout::popup::Origin.y());
-        panel::OpenPopup(id, panel::PopupOriginX, panel::PopupOriginY);
+        openPopup(id, static_cast<std::uint16_t>(layout::popup::Origin.x()),
+                  static_cast<std::uint16_t>(layout::popup::Origin.y()));
         const QImage& popup = pages[id].image;
         const QRect window = layout::popup::Window.translated(layout::popup::Origin);
         EXPECT_EQ(qAlpha(popup.pixel(0, 0)), 0) << "the corner shows the page";
@@ -185,44 +171,6 @@ TEST_F(DemoProject, KeepsItsGaugesMovingByItself) {
     panel::AppendCurveSamples(0x0003, std::vector<std::uint16_t>(40, 400));
     run(100);
     EXPECT_NE(outputs.frame.copy(layout::gauges::TrendCard), before.copy(layout::gauges::TrendCard));
-}
-
-TEST_F(DemoProject, StartsAtHomeAndChangesScenesByPresets) {
-    EXPECT_EQ(panel::CurrentPage, HomePage);
-    EXPECT_EQ(panel::ReadWord(words::RoomTarget), 215);
-    for (const PageId from : {HomePage, AwayPopup}) {
-        panel::ShowPage(from);
-        apply(0x7014, words::Away + 1);
-        EXPECT_EQ(panel::ReadWord(words::Scene), words::Away);
-        EXPECT_EQ(panel::ReadWord(words::RoomTarget), 150);
-        EXPECT_EQ(panel::CurrentPage, HomePage);
-        panel::StoreWord(words::Scene, words::Comfort);
-        panel::StoreWord(words::RoomTarget, 0);
-    }
-}
-
-TEST_F(DemoProject, HasASecondOneThatPlaysFiles) {
-    const QTemporaryDir folder;
-    WriteMediaProject(folder.path());
-    QFile image(folder.filePath("media.bin"));
-    ASSERT_TRUE(image.open(QIODevice::ReadOnly));
-    panel::SetMediaDirectory(folder.path());
-    boot(image.readAll());
-    const auto tap = [this](QPoint at) {
-        run(100);
-        panel::PressPointer(at);
-        run(40);
-        panel::ReleasePointer();
-        run(40);
-    };
-    tap({400, 300});
-    EXPECT_EQ(panel::TakeReadySound().file, folder.filePath("Music/0001.wav"));
-    tap({100, 150});
-    EXPECT_EQ(panel::VideoToPlay().file, folder.filePath("Video/0001.avi"));
-    tap({60, 40});
-    tap({640, 150});
-    tap({460, 412});
-    EXPECT_EQ(media().back(), "camera");
 }
 
 } // namespace

@@ -3,9 +3,9 @@
 
 #include "graphics/image_blit.h"
 #include "host/memory_image.h"
+#include "imagekit/byte_writer.h"
 
 #include <QBuffer>
-#include <QByteArray>
 #include <QImage>
 
 #include <array>
@@ -14,17 +14,14 @@
 
 namespace panel {
 
-struct Bytes : std::vector<std::uint8_t> {
-    using std::vector<std::uint8_t>::vector;
+using imagekit::Bytes;
 
-    /// Appends and gives the offset of what was appended.
-    std::uint32_t operator<<(const Bytes& more) {
-        const auto at = static_cast<std::uint32_t>(size());
-        insert(end(), more.begin(), more.end());
-        return at;
-    }
-    Bytes first(std::size_t count) const { return {begin(), begin() + static_cast<std::ptrdiff_t>(count)}; }
-};
+/// Gives the offset of what was appended.
+inline std::uint32_t Append(Bytes& flash, const Bytes& more) {
+    const auto at = static_cast<std::uint32_t>(flash.size());
+    flash.insert(flash.end(), more.begin(), more.end());
+    return at;
+}
 
 /// Makes the bytes the loaded image.
 inline void LoadBytes(const Bytes& bytes) {
@@ -45,30 +42,24 @@ struct ZipBytes {
     std::vector<ZipSegment> Segments = {};
 
     Bytes build() const {
-        Bytes bytes{'Z', 'R'};
-        const auto number = [&bytes](std::size_t value, int count) {
-            for (int i = 0; i < count; ++i) bytes.push_back(static_cast<std::uint8_t>(value >> 8 * i));
-        };
-        number(static_cast<std::size_t>(Size.width()), 2);
-        number(static_cast<std::size_t>(Size.height()), 2);
-        number(Segments.size(), 1);
-        number(static_cast<std::size_t>(0xA0 | Mode), 1);
-        number(0, 4);
+        imagekit::ByteWriter bytes;
+        const auto number = [](auto value) { return static_cast<std::uint32_t>(value); };
+        bytes.text("ZR").u16(number(Size.width())).u16(number(Size.height()));
+        bytes.u8(number(Segments.size())).u8(0xA0 | number(Mode)).zeros(4);
         for (const ZipSegment& segment : Segments) {
-            number(segment.Length ? segment.Length : segment.Data.size(), 3);
-            number(static_cast<std::size_t>(segment.Coding), 1);
-            for (const std::uint16_t word : segment.Palette) number(word, 2);
+            bytes.u24(segment.Length ? segment.Length : number(segment.Data.size()));
+            bytes.u8(number(segment.Coding));
+            for (const std::uint16_t word : segment.Palette) bytes.u16(word);
         }
-        for (const ZipSegment& segment : Segments) bytes << segment.Data;
-        return bytes;
+        for (const ZipSegment& segment : Segments) bytes.bytes(segment.Data);
+        return bytes.take();
     }
 };
 
-inline QByteArray PngBytes(const QImage& picture) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
+inline Bytes PngBytes(const QImage& picture) {
+    QBuffer buffer;
     picture.save(&buffer, "PNG");
-    return bytes;
+    return {buffer.data().begin(), buffer.data().end()};
 }
 
 } // namespace panel

@@ -97,9 +97,9 @@ TEST_F(HostilePictures, AnythingCanBeAPicture) {
 }
 
 TEST_F(HostilePictures, APngThatCannotBeLoadedIsBlackOrLeavesTheBackdrop) {
-    QByteArray png = PngBytes(QImage(1, 1, QImage::Format_RGB32));
+    Bytes png = PngBytes(QImage(1, 1, QImage::Format_RGB32));
     png[16] = 0x7F; // a width of two thousand million pixels
-    LoadBytes(Bytes(png.begin(), png.end()));
+    LoadBytes(png);
     blit(format::PngAlpha, static_cast<std::uint32_t>(png.size()));
     EXPECT_TRUE(shows(WorkSurface, {3, 2}, Qt::white));
     blit(format::PngOpaque, static_cast<std::uint32_t>(png.size()));

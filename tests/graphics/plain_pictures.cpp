@@ -18,7 +18,9 @@ using namespace panel;
 /// Columns and rows further on cannot be seen in the tests.
 int widestSurface() { return ListSurfaceA.width() + 25; }
 
+/// No colour at all for a format that the panel does not know.
 QColor readPixel(std::uint32_t address, std::uint32_t index, int format) {
+    if (format == 1) format = 0;
     const auto byte = [&](std::uint32_t size, std::uint32_t at) {
         return int{ReadU8(address + size * index + at)};
     };
@@ -78,22 +80,17 @@ QImage loadPng(const ImageRow& image) {
 
 int limited(int w, int h) { return ICType < 3 && w > 0 && 2 * w * h > 80000 ? 40000 / w : h; }
 
-bool isOpaqueFormat(int format) { return format == 0 || format == 7 || format == 16 || format == 0xFF; }
-
-bool isDefined(const ImageRow& image) {
-    return readPixel(0, 0, image.Format == 1 ? 0 : image.Format).isValid();
-}
+bool isDefined(const ImageRow& image) { return readPixel(0, 0, image.Format).isValid(); }
 
 using Paint = std::function<void(QImage&, int, int, const QColor&)>;
 
 void readRaw(QImage& picture, const ImageRow& image, QRect source, int stride, const Paint& paint) {
     if (NandFlash && stride % 4 != 0) stride = stride / 4 * 4 + 4;
     for (int y = 0; y < std::min(source.height(), widestSurface()); ++y)
-        for (int x = 0; x < std::min(source.width(), widestSurface()); ++x)
-            paint(picture, x, y,
-                  readPixel(image.Address,
-                            static_cast<std::uint32_t>((source.y() + y) * stride + source.x() + x),
-                            image.Format == 1 ? 0 : image.Format));
+        for (int x = 0; x < std::min(source.width(), widestSurface()); ++x) {
+            const int index = (source.y() + y) * stride + source.x() + x;
+            paint(picture, x, y, readPixel(image.Address, static_cast<std::uint32_t>(index), image.Format));
+        }
 }
 
 void landRaw(QImage& target, QPoint at, const ImageRow& image, QRect source, int stride) {
@@ -103,9 +100,13 @@ void landRaw(QImage& target, QPoint at, const ImageRow& image, QRect source, int
     land(target, at, picture);
 }
 
+void copyRect(QImage& target, QPoint at, const QImage& source, QRect rect) {
+    land(target, at, cut(source, rect));
+}
+
 void landPng(QImage& target, QPoint at, const ImageRow& image, QRect source) {
     fill(target, at, source.size(), Qt::black);
-    land(target, at, cut(loadPng(image), source));
+    copyRect(target, at, loadPng(image), source);
 }
 
 /// Formats 1, 2, 6, 8, 10 and 11 over a backdrop.
@@ -181,13 +182,9 @@ void drawZip(QPoint at, const ImageRow& image, const QImage& behind) {
     if (head.mode == 3)
         fill(WorkSurface, {0, 0}, size, Qt::black);
     else
-        land(WorkSurface, {0, 0}, cut(behind, {at, size}));
+        copyRect(WorkSurface, {0, 0}, behind, {at, size});
     decodeZip(image.Address, WorkSurface, blend);
-    panel::CopyToFrame(WorkSurface, {{0, 0}, size}, at);
-}
-
-void copyRect(QImage& target, QPoint at, const QImage& source, QRect rect) {
-    land(target, at, cut(source, rect));
+    CopyToFrame(WorkSurface, {{0, 0}, size}, at);
 }
 
 bool isZip(int format) { return format >= 3 && format <= 5; }
@@ -197,26 +194,23 @@ bool isZip(int format) { return format >= 3 && format <= 5; }
 BlitResult BlitImage(QImage& target, QPoint at, ImageRow image, QRect source, int stride) {
     if (source.width() == 0) return BlitResult::Nothing;
     source.setHeight(limited(source.width(), source.height()));
-    const bool isPage = image.Address == PageImage.Address;
     if (isZip(image.Format)) return blitZip(target, at, image.Address, source);
-    if (image.Format == 0 && isPage && PopupActive == 1) {
+    const bool isPage = image.Address == PageImage.Address, standsForPage = isPage && image.Format == 0;
+    const int pageFormat = PageImage.Format;
+    if (standsForPage && (PopupActive == 1 || pageFormat == 3))
         copyRect(target, at, PageBackground, source);
-        return BlitResult::Done;
-    }
-    if (image.Format == 0 && isPage && PageImage.Format == 3) {
-        copyRect(target, at, PageBackground, source);
-    } else if ((image.Format == 0 && isPage && PageImage.Format == 16) || (image.Format == 16 && isPage)) {
+    else if ((standsForPage && pageFormat == 16) || (isPage && image.Format == 16))
         fill(target, at, source.size(), ExpandColour(PageImage.Extra, ColourKind::Opaque));
-    } else if (image.Format == 0 && isPage && (PageImage.Format == 7 || PageImage.Format == 10)) {
+    else if (standsForPage && (pageFormat == 7 || pageFormat == 10))
         landPng(target, at, PageImage, source);
-    } else if (image.Format == 0) {
-        const bool alpha = isPage && (PageImage.Format == 2 || PageImage.Format == 6);
-        landRaw(target, at, alpha ? PageImage : image, source, stride);
-    } else if (image.Format == 7) {
+    else if (standsForPage && (pageFormat == 2 || pageFormat == 6))
+        landRaw(target, at, PageImage, source, stride);
+    else if (image.Format == 0)
+        landRaw(target, at, image, source, stride);
+    else if (image.Format == 7)
         landPng(target, at, image, source);
-    } else if (!isOpaqueFormat(image.Format)) {
+    else
         landOver(target, at, image, source, stride, cut(target, {at, source.size()}));
-    }
     return BlitResult::Done;
 }
 
@@ -232,17 +226,15 @@ void DrawImage(QImage& target, QPoint at, ImageRow image, int selector) {
     if (image.Format == 1 || image.Format == 2 || image.Format == 8)
         whole.setHeight(limited(whole.width(), whole.height()));
     if (image.Format == 2 && ReadU32(image.Address) == 0x474E5089) image.Format = 10;
-    if (image.Format == 16) {
+    const bool fillsDisplay = image.Width == DisplayWidth && image.Height == DisplayHeight;
+    if (image.Format == 16)
         fill(target, at, whole.size(), ExpandColour(image.Extra, ColourKind::Opaque));
-    } else if (image.Format == 0) {
+    else if (image.Format == 0 || (image.Format == 6 && fillsDisplay))
         landRaw(target, at, image, whole, stride);
-    } else if (image.Format == 7) {
+    else if (image.Format == 7)
         land(target, at, loadPng(image));
-    } else if (image.Format == 6 && image.Width == DisplayWidth && image.Height == DisplayHeight) {
-        landRaw(target, at, image, whole, stride);
-    } else if (!isOpaqueFormat(image.Format) && image.Format != 11 && !behind.isNull()) {
+    else if (image.Format != 11 && !behind.isNull())
         landOver(target, at, image, whole, stride, cut(behind, {at, whole.size()}));
-    }
 }
 
 void RestoreFrameRect(QPoint at, ImageRow image, QRect source, int stride) {
@@ -260,7 +252,7 @@ void RestoreFrameRect(QPoint at, ImageRow image, QRect source, int stride) {
         landRaw(FrameSurface, at, image, source, stride);
     else if (image.Format == 7)
         landPng(FrameSurface, at, image, source);
-    else if (!isOpaqueFormat(image.Format) && image.Format != 11)
+    else if (image.Format != 11)
         landOver(FrameSurface, at, image, source, stride, cut(PageBackground, source));
 }
 

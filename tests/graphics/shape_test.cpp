@@ -1,4 +1,4 @@
-// Lines, triangles, capsules and the degree tables, against plain models.
+// Lines, capsules and the degree tables, against plain models.
 #include "graphics/shapes.h"
 
 #include "graphics/colour.h"
@@ -81,17 +81,6 @@ TEST_F(Shapes, LinesOfAnyLengthEndSoon) {
     DrawLine(-Most, 0, Most, Most, 0xFFFF);
     DrawCapsule(-1e30F, 5, 1e30F, 5, 3, 0xFFFF);
     DrawCapsule(NAN, 5, INFINITY, 5, 3, 0xFFFF);
-}
-
-TEST_F(Shapes, TrianglesAreFilledToTheirEdges) {
-    FillTriangle(10, 5, 30, 5, 10, 25, 0xFFFF);
-    for (int y = 0; y < 40; ++y)
-        for (int x = 0; x < 50; ++x) {
-            const int beyond = std::max({10 - x, 5 - y, x + y - 35});
-            if (beyond == 1) continue; // the edge is the pen's
-            ASSERT_EQ(WorkSurface.pixelColor(x, y), QColor(beyond < 1 ? Qt::white : Qt::darkGray))
-                << x << ' ' << y;
-        }
 }
 
 TEST_F(Shapes, CapsulesCoverByDistance) {

@@ -21,27 +21,6 @@ FontShape sparse(std::vector<std::uint16_t> codes) {
     return {.Kind = FontKind::Sparse, .Width = 9, .Height = 4, .Codes = std::move(codes)};
 }
 
-TEST(Fonts, HaveTheSizeThatTheirKindAsksFor) {
-    const auto size = [](FontKind kind) {
-        return SyntheticFont({.Kind = kind, .Width = 9, .Height = 4}).Data.size();
-    };
-    const std::size_t glyph = 8, ascii = 0x68 + 95 * glyph;
-    EXPECT_EQ(size(FontKind::Ascii), ascii);
-    EXPECT_EQ(size(FontKind::Gb2312), ascii + 94 * 94 * glyph);
-    EXPECT_EQ(size(FontKind::Gbk), ascii + 126 * 190 * glyph);
-    EXPECT_EQ(size(FontKind::Big5), ascii + 95 * 160 * glyph);
-    EXPECT_EQ(size(FontKind::Proportional), ascii + 1 + glyph) << "the range 0..0";
-    EXPECT_EQ(SyntheticFont(sparse({5, 6, 7})).Data.size(), 9 + 3 * (2 + 1 + glyph));
-}
-
-TEST(Fonts, PixelsBeginWithTheHighestBits) {
-    const StoredFont font = EncodeFont(wide(0x100, 0x100), [](std::uint16_t code) {
-        return Glyph{7, code == 0x100 ? Bytes{3, 2, 1, 0, 1, 2} : Bytes{}};
-    });
-    EXPECT_EQ(Bytes(font.Data.end() - 2, font.Data.end()), (Bytes{0b11100100, 0b00011000}));
-    EXPECT_EQ(Bytes(font.Data.begin() + 2, font.Data.begin() + 10), (Bytes{3, 2, 0, 1, 0, 1, 1, 7}));
-}
-
 TEST(Fonts, WhatTheFormatCannotHoldIsRefused) {
     const std::vector<FontShape> impossible = {
         {.Width = 0}, {.Height = 0},      {.Depth = 3},

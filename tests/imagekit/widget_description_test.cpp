@@ -2,16 +2,15 @@
 #include "imagekit/image_error.h"
 #include "imagekit/value_widgets.h"
 
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
+#include "temporary_files.h"
 
 namespace {
 
 using namespace imagekit;
 
-TEST(WidgetTables, ListWhatIsDescribedPageByPage) {
+class WidgetTables : public ::testing::Test, protected TemporaryFiles {};
+
+TEST_F(WidgetTables, ListWhatIsDescribedPageByPage) {
     ImageBuilder image;
     const std::uint8_t ascii = image.addFont(SyntheticFont({.Kind = FontKind::Ascii}));
     const std::uint8_t sparse = image.addFont(SyntheticFont({.Kind = FontKind::Sparse, .Codes = {0x4E2D}}));
@@ -34,16 +33,13 @@ TEST(WidgetTables, ListWhatIsDescribedPageByPage) {
     EXPECT_EQ(EncodeWidgetTable(image, WidgetTable::Touch),
               "Page,WidgetName,Description,Var_Addr\n0,slider_7,level,0x0050\n");
 
-    const QTemporaryDir directory;
-    WriteWidgetTables(image, directory.path());
-    QFile written(directory.filePath("TouchWidget.csv"));
-    ASSERT_TRUE(written.open(QIODevice::ReadOnly));
-    EXPECT_EQ(written.readAll(), EncodeWidgetTable(image, WidgetTable::Touch));
-    EXPECT_TRUE(QFile::exists(directory.filePath("DisplayWidget.csv")));
-    EXPECT_THROW(WriteWidgetTables(image, directory.filePath("none")), ImageError);
+    WriteWidgetTables(image, directory_.path());
+    EXPECT_EQ(readFile("TouchWidget.csv"), EncodeWidgetTable(image, WidgetTable::Touch));
+    EXPECT_EQ(readFile("DisplayWidget.csv"), EncodeWidgetTable(image, WidgetTable::Display));
+    EXPECT_THROW(WriteWidgetTables(image, path("none")), ImageError);
 }
 
-TEST(WidgetTables, RefuseWhatACellCannotHold) {
+TEST_F(WidgetTables, RefuseWhatACellCannotHold) {
     for (const char* text : {"a,b", "a\nb", "a\rb"}) {
         ImageBuilder image;
         image.addPage().add(Number{}, text);

@@ -8,24 +8,12 @@
 #include "store/variable_value.h"
 
 #include <gtest/gtest.h>
-#include <ostream>
-#include <string>
 
 namespace {
 
 inspector::VariableWriter Store;
 
 using namespace inspector;
-
-/// CRC-16 of Modbus by its polynomial, low byte first.
-QString crcOf(const QByteArray& bytes) {
-    unsigned crc = 0xFFFF;
-    for (const char byte : bytes) {
-        crc ^= static_cast<std::uint8_t>(byte);
-        for (int bit = 0; bit < 8; ++bit) crc = (crc & 1) != 0 ? crc >> 1 ^ 0xA001 : crc >> 1;
-    }
-    return QString("%1").arg((crc & 0xFF) << 8 | crc >> 8, 4, 16, QChar('0')).toUpper();
-}
 
 TEST(Crc, IsThatOfModbus) {
     EXPECT_EQ(CommandCrc("313233343536373839"), "374B"); // 0x4B37, low byte first
@@ -35,61 +23,48 @@ TEST(Crc, IsThatOfModbus) {
     EXPECT_EQ(CommandCrc("g1"), CommandCrc("01"));
 }
 
-struct CommandCase {
-    const char* name;
-    Variable variable;
-    const char* typed; // UTF-8
-    HexDigits hexDigits;
-    const char* body; // what the check bytes cover, as the items of the command
-};
-std::ostream& operator<<(std::ostream& out, const CommandCase& row) { return out << row.name; }
-
-class WriteCommands : public ::testing::TestWithParam<CommandCase> {};
-
-TEST_P(WriteCommands, ShowWhatWouldDoTheSame) {
-    const QString body = GetParam().body;
-    const QString digits = QString(body).remove(' ');
-    const int bytes = digits.size() / 2;
-    PreviewHeader = "5AA5";
-    const auto command =
-        WriteTyped(GetParam().variable, QString::fromUtf8(GetParam().typed), GetParam().hexDigits, Store);
-    const QString crc = crcOf(QByteArray::fromHex(digits.toLatin1()));
-    const auto length = [](int count) {
-        const QString text = QString::number(count, 16);
-        return text.size() == 1 ? "0" + text.toUpper() : text;
-    };
-    EXPECT_EQ(command.value_or("none").toStdString(),
-              QString("5AA5 %1 %2 %3").arg(length(bytes + 2), body, crc).toStdString());
-    PreviewNoCrc = 1;
-    EXPECT_EQ(
-        WriteTyped(GetParam().variable, QString::fromUtf8(GetParam().typed), GetParam().hexDigits, Store),
-        QString("5AA5 %1 %2").arg(length(bytes), body));
-}
-
 constexpr int Text = panel::value_type::String;
 
-INSTANTIATE_TEST_SUITE_P(
-    Writes, WriteCommands,
-    ::testing::Values(
-        CommandCase{"Short", {"0x1000", 1, 0}, "258", HexDigits::FilledUp, "10 1000 0102"},
-        CommandCase{"NegativeShort", {"0x1000", 1, 0}, "-1", HexDigits::FilledUp, "10 1000 FFFF"},
-        CommandCase{"LongLong", {"0x0ABC", 6, 0}, "-2", HexDigits::FilledUp, "10 0ABC FFFFFFFFFFFFFFFE"},
-        CommandCase{"AddressAsTyped", {"0xab1c", 3, 0}, "255", HexDigits::FilledUp, "10 ab1c 00FF"},
-        CommandCase{"HexInThePanel", {"0x1000", 1, 0}, "0x10", HexDigits::FilledUp, "10 1000 0010"},
-        CommandCase{"HexInARow", {"0x1000", 1, 0}, "0X1 0", HexDigits::AsTyped, "10 1000 10"},
-        CommandCase{"ThreeBytesOfGbk", {"0x1000", Text, 1}, "a中", HexDigits::FilledUp, "10 1000 61D6D000"},
-        CommandCase{
-            "FourBytesOfGb2312", {"0x1000", Text, 0}, "abcd", HexDigits::FilledUp, "10 1000 616263640000"},
-        CommandCase{"Big5TravelsAsGbk", {"0x1000", Text, 2}, "中", HexDigits::FilledUp, "10 1000 D6D00000"},
-        CommandCase{"Unicode", {"0x1000", Text, 3}, "a中", HexDigits::FilledUp, "10 1000 00614E2D0000"},
-        CommandCase{"Utf8", {"0x1000", Text, 4}, "中", HexDigits::FilledUp, "10 1000 E4B8AD00"},
-        CommandCase{"TextAsHex", {"0x1000", Text, 1}, "0xD6D0", HexDigits::FilledUp, "10 1000 D6D00000"},
-        CommandCase{"LongText",
-                    {"0x1000", Text, 4},
-                    "0123456789abcdefghijk",
-                    HexDigits::FilledUp,
-                    "10 1000 303132333435363738396162636465666768696A6B00"}),
-    [](const auto& row) { return std::string(row.param.name); });
+TEST(WriteCommands, ShowWhatWouldDoTheSame) {
+    const struct {
+        const char* name;
+        Variable variable;
+        const char* typed; // UTF-8
+        const char *length, *lengthWithCrc;
+        const char* items;
+        HexDigits hexDigits = HexDigits::FilledUp;
+    } cases[] = {
+        {"short", {"0x1000", 1, 0}, "258", "05", "07", "10 1000 0102"},
+        {"negative short", {"0x1000", 1, 0}, "-1", "05", "07", "10 1000 FFFF"},
+        {"longlong", {"0x0ABC", 6, 0}, "-2", "0B", "0D", "10 0ABC FFFFFFFFFFFFFFFE"},
+        {"address as typed", {"0xab1c", 3, 0}, "255", "05", "07", "10 ab1c 00FF"},
+        {"hex in the panel", {"0x1000", 1, 0}, "0x10", "05", "07", "10 1000 0010"},
+        {"hex in a row", {"0x1000", 1, 0}, "0X1 0", "04", "06", "10 1000 10", HexDigits::AsTyped},
+        {"three bytes of GBK", {"0x1000", Text, 1}, "a中", "07", "09", "10 1000 61D6D000"},
+        {"four bytes of GB2312", {"0x1000", Text, 0}, "abcd", "09", "0B", "10 1000 616263640000"},
+        {"Big5 travels as GBK", {"0x1000", Text, 2}, "中", "07", "09", "10 1000 D6D00000"},
+        {"Unicode", {"0x1000", Text, 3}, "a中", "09", "0B", "10 1000 00614E2D0000"},
+        {"UTF-8", {"0x1000", Text, 4}, "中", "07", "09", "10 1000 E4B8AD00"},
+        {"text as hex", {"0x1000", Text, 1}, "0xD6D0", "07", "09", "10 1000 D6D00000"},
+        {"long text",
+         {"0x1000", Text, 4},
+         "0123456789abcdefghijk",
+         "19",
+         "1b",
+         "10 1000 303132333435363738396162636465666768696A6B00"},
+    };
+    PreviewHeader = "5AA5";
+    for (const auto& test : cases) {
+        const auto command = [&] {
+            return WriteTyped(test.variable, QString::fromUtf8(test.typed), test.hexDigits, Store);
+        };
+        const QString items = test.items, crc = CommandCrc(QString(items).remove(' '));
+        PreviewNoCrc = 0;
+        EXPECT_EQ(command(), QString("5AA5 %1 %2 %3").arg(test.lengthWithCrc, items, crc)) << test.name;
+        PreviewNoCrc = 1;
+        EXPECT_EQ(command(), QString("5AA5 %1 %2").arg(test.length, items)) << test.name;
+    }
+}
 
 TEST(ReadCommand, CountsWords) {
     PreviewNoCrc = 1;
@@ -104,9 +79,8 @@ TEST(ReadCommand, CountsWords) {
     EXPECT_EQ(command("", Text, 4), "05 03 1000 0001");
     PreviewNoCrc = 0;
     PreviewHeader = "AA55";
-    EXPECT_EQ(ReadCommandText("0", {"0x7000", 1, 0}),
-              "AA55 07 03 7000 0001 " + crcOf(QByteArray::fromHex("0370000001")));
-    EXPECT_EQ(ReadCommandText("0", {"0", 1, 0}), "AA55 05 03 0001 " + crcOf(QByteArray::fromHex("030001")));
+    EXPECT_EQ(ReadCommandText("0", {"0x7000", 1, 0}), "AA55 07 03 7000 0001 " + CommandCrc("0370000001"));
+    EXPECT_EQ(ReadCommandText("0", {"0", 1, 0}), "AA55 05 03 0001 " + CommandCrc("030001"));
 }
 
 TEST(TypedData, IsWrittenInEveryForm) {

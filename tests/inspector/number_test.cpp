@@ -14,20 +14,25 @@ namespace {
 using namespace panel;
 using namespace inspector;
 
-struct NumberCase {
-    const char* name;
+const struct NumberType {
     int type;
     int bytes;
-    int digits;
+    int digits;    // in a command
     bool isSigned; // in a command
-};
-void PrintTo(const NumberCase& row, std::ostream* out) { *out << row.name; }
-class Numbers : public ::testing::TestWithParam<NumberCase> {};
+} Types[] = {{0, 1, 4, true},  {1, 2, 4, true},  {2, 4, 8, true}, {3, 1, 4, false},
+             {4, 2, 4, false}, {5, 4, 8, false}, {6, 8, 16, true}};
+
+void PrintTo(const NumberType& row, std::ostream* out) { *out << "type " << row.type; }
+
+/// A case for each type of numbers.
+class Numbers : public ::testing::TestWithParam<NumberType> {};
+INSTANTIATE_TEST_SUITE_P(Types, Numbers, ::testing::ValuesIn(Types),
+                         [](const auto& row) { return "Type" + std::to_string(row.param.type); });
 
 std::uint64_t mask(int bytes) { return bytes == 8 ? ~std::uint64_t{0} : (std::uint64_t{1} << 8 * bytes) - 1; }
 
 TEST_P(Numbers, LieInTheStoreHighByteFirst) {
-    const auto& [name, type, bytes, digits, isSigned] = GetParam();
+    const auto& [type, bytes, digits, isSigned] = GetParam();
     const int first = bytes == 1 ? 1 : 0;
     std::mt19937_64 random(1);
     for (int i = 0; i < 200; ++i) {
@@ -46,7 +51,7 @@ TEST_P(Numbers, LieInTheStoreHighByteFirst) {
 }
 
 TEST_P(Numbers, ReachToTheLastWordByHand) {
-    const auto& [name, type, bytes, digits, isSigned] = GetParam();
+    const auto& [type, bytes, digits, isSigned] = GetParam();
     const std::uint32_t last = 0x6000 - static_cast<std::uint32_t>(std::max(bytes, 2) / 2);
     WriteVar(last, "5", type, 0);
     EXPECT_EQ(ReadWord(0x5FFF), 5);
@@ -66,7 +71,7 @@ TEST_P(Numbers, ReachToTheLastWordByHand) {
 }
 
 TEST_P(Numbers, StandInCommandsWithAllTheirDigits) {
-    const auto& [name, type, bytes, digits, isSigned] = GetParam();
+    const auto& [type, bytes, digits, isSigned] = GetParam();
     std::mt19937_64 random(2);
     for (int i = 0; i < 200; ++i) {
         const std::uint64_t bits = random() & mask(bytes);
@@ -81,14 +86,6 @@ TEST_P(Numbers, StandInCommandsWithAllTheirDigits) {
         ASSERT_EQ(HexToValueList(bytesText, type), list);
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Types, Numbers,
-    ::testing::Values(NumberCase{"Char", 0, 1, 4, true}, NumberCase{"Short", 1, 2, 4, true},
-                      NumberCase{"Int", 2, 4, 8, true}, NumberCase{"UChar", 3, 1, 4, false},
-                      NumberCase{"UShort", 4, 2, 4, false}, NumberCase{"UInt", 5, 4, 8, false},
-                      NumberCase{"LongLong", 6, 8, 16, true}),
-    [](const auto& row) { return std::string(row.param.name); });
 
 TEST(Number, ThatATypeCannotHoldIsZeroInACommand) {
     EXPECT_EQ(ValueToHexBytes("-129,128,-128", 0), "00 00 00 00 00 80");

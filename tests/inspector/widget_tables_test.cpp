@@ -1,7 +1,6 @@
 #include "inspector/widget_tables.h"
 
 #include <gtest/gtest.h>
-#include <ostream>
 #include <string>
 
 namespace {
@@ -10,71 +9,50 @@ using namespace inspector;
 
 /// A row as one text: cells, type index, encode index.
 QString textOf(const WidgetRow& row) {
-    return QStringList{row.page,
-                       row.widgetName,
-                       row.description,
-                       row.address,
-                       QString::number(row.typeIndex),
-                       QString::number(row.encodeIndex)}
-        .join(',');
+    const QString cells = QStringList({row.page, row.widgetName, row.description, row.address}).join(',');
+    return QString("%1,%2,%3").arg(cells).arg(row.typeIndex).arg(row.encodeIndex);
 }
 
-std::string rowsOf(const QString& touch, const QString& display) {
-    QStringList texts;
-    for (const WidgetRow& row : ReadWidgetTables(touch, display)) texts += textOf(row);
-    return texts.join('\n').toStdString();
+TEST(WidgetTables, BecomeRows) {
+    const struct {
+        const char *name, *touch, *display, *rows;
+    } cases[] = {
+        {"OnlyHeads", "page,name\n", "page,name", ""},
+        {"CarriageReturns", "h\r\n0,slider_1,s,0x01\r\n", "h\r\n\r\n0,icon_1,d,0x10,,0xFFFF\r\n",
+         "0,slider_1,s,0x01,1,0\n0,icon_1,d,0x10,1,0"},
+        {"TouchKinds",
+         "h\n0,slider_1,a,0x01\n0,rtouch_2,b,0x02,x\n0,key_3,c,0x03\n0,slider,d,0x04\n"
+         "0,sliders_5,e,0x05\n0,slider_6,f, \n0,slider_7,g\n",
+         "h", "0,slider_1,a,0x01,1,0\n0,rtouch_2,b,0x02,1,0\n0,slider,d,0x04,1,0"},
+        {"TouchRowsLeadTheirPage", "h\n0,slider_0,,0x1\n2,slider_2,,0x2\n5,slider_5,,0x3\n9,rtouch_9,,0x4\n",
+         "h\n1,a_1,,0x5,,0xFFFF\n1,a_2,,0x6,,0xFFFF\n3,a_3,,0x7,,0xFFFF\n5,a_5,,0x8,,0xFFFF\n",
+         "0,slider_0,,0x1,1,0\n1,a_1,,0x5,1,0\n1,a_2,,0x6,1,0\n2,slider_2,,0x2,1,0\n3,a_3,,0x7,1,0\n"
+         "5,slider_5,,0x3,1,0\n5,a_5,,0x8,1,0\n9,rtouch_9,,0x4,1,0"},
+        {"Labels", "",
+         "h\n0,label_1,,0x1,,0xFFFF,,0\n0,label_2,,0x2,,0xFFFF,,1\n0,textroll_3,,0x3,,0xFFFF,,2\n"
+         "0,label_4,,0x4,,0xFFFF,,3\n0,label_5,,0x5,,0xFFFF,,5\n0,label_6,,0x6,,0xFFFF,,8\n"
+         "0,label_7,,0x7,,0xFFFF,,4\n0,label_8,,0x8,,0x9\n",
+         "0,label_1,,0x1,7,0\n0,label_2,,0x2,7,0\n0,textroll_3,,0x3,7,2\n0,label_4,,0x4,7,3\n"
+         "0,label_5,,0x5,7,3\n0,label_6,,0x6,7,3\n0,label_7,,0x7,7,0"},
+        {"VectorsMakeRowsOfTheirOwn", "",
+         "h\n0,label_1,text,0x1,,0x20,,4\n0,icon_2,icon, ,,0x30\n0,icon_3,, ,,0xFFFF\n0,qrcode_4,,0x4,,\n",
+         "0,label_1,text,0x1,7,0\n0,label_1,text_VectorAddr,0x20,1,0\n0,icon_2,icon_VectorAddr,0x30,1,0\n"
+         "0,qrcode_4,,0x4,7,4\n0,qrcode_4,_VectorAddr,,1,0"},
+        {"Timers", "",
+         "h\n0,uitimer_1,t,0x1,,0x9,,0x2,,0x3\n0,uitimer_2,t,0x1,,0x9,,0x2,\n"
+         "0,uitimer_3,t, ,,0x9,,0x2,,0x3\n",
+         "0,uitimer_1,t_CalcAddr,0x1,1,0\n0,uitimer_1,t_PresetAddr,0x2,1,0\n"
+         "0,uitimer_1,t_CtrlAddr,0x3,1,0\n0,uitimer_3,t_VectorAddr,0x9,1,0"},
+        {"ShortLineEndsTheTable", "h\n4,slider_4,,0x4\n8,slider_8,,0x8\n",
+         "h\n0,a_1,,0x1,,0xFFFF\n4,a_2,,0x2,\n5,a_3,,0x3,,0xFFFF\n",
+         "0,a_1,,0x1,1,0\n4,slider_4,,0x4,1,0\n8,slider_8,,0x8,1,0"},
+    };
+    for (const auto& test : cases) {
+        QStringList rows;
+        for (const WidgetRow& row : ReadWidgetTables(test.touch, test.display)) rows += textOf(row);
+        EXPECT_EQ(rows.join('\n').toStdString(), test.rows) << test.name;
+    }
 }
-
-struct TableCase {
-    const char* name;
-    const char* touch;
-    const char* display;
-    const char* rows;
-};
-std::ostream& operator<<(std::ostream& out, const TableCase& row) { return out << row.name; }
-
-class WidgetTables : public ::testing::TestWithParam<TableCase> {};
-
-TEST_P(WidgetTables, BecomeRows) {
-    EXPECT_EQ(rowsOf(QString::fromUtf8(GetParam().touch), QString::fromUtf8(GetParam().display)),
-              GetParam().rows);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Tables, WidgetTables,
-    ::testing::Values(
-        TableCase{"OnlyHeads", "page,name\n", "page,name", ""},
-        TableCase{"CarriageReturns", "h\r\n0,slider_1,s,0x01\r\n", "h\r\n\r\n0,icon_1,d,0x10,,0xFFFF\r\n",
-                  "0,slider_1,s,0x01,1,0\n0,icon_1,d,0x10,1,0"},
-        TableCase{"TouchKinds",
-                  "h\n0,slider_1,a,0x01\n0,rtouch_2,b,0x02,x\n0,key_3,c,0x03\n0,slider,d,0x04\n"
-                  "0,sliders_5,e,0x05\n0,slider_6,f, \n0,slider_7,g\n",
-                  "h", "0,slider_1,a,0x01,1,0\n0,rtouch_2,b,0x02,1,0\n0,slider,d,0x04,1,0"},
-        TableCase{"TouchRowsLeadTheirPage",
-                  "h\n0,slider_0,,0x1\n2,slider_2,,0x2\n5,slider_5,,0x3\n9,rtouch_9,,0x4\n",
-                  "h\n1,a_1,,0x5,,0xFFFF\n1,a_2,,0x6,,0xFFFF\n3,a_3,,0x7,,0xFFFF\n5,a_5,,0x8,,0xFFFF\n",
-                  "0,slider_0,,0x1,1,0\n1,a_1,,0x5,1,0\n1,a_2,,0x6,1,0\n2,slider_2,,0x2,1,0\n3,a_3,,0x7,1,0\n"
-                  "5,slider_5,,0x3,1,0\n5,a_5,,0x8,1,0\n9,rtouch_9,,0x4,1,0"},
-        TableCase{"Labels", "",
-                  "h\n0,label_1,,0x1,,0xFFFF,,0\n0,label_2,,0x2,,0xFFFF,,1\n0,textroll_3,,0x3,,0xFFFF,,2\n"
-                  "0,label_4,,0x4,,0xFFFF,,3\n0,label_5,,0x5,,0xFFFF,,5\n0,label_6,,0x6,,0xFFFF,,8\n"
-                  "0,label_7,,0x7,,0xFFFF,,4\n0,label_8,,0x8,,0x9\n",
-                  "0,label_1,,0x1,7,0\n0,label_2,,0x2,7,0\n0,textroll_3,,0x3,7,2\n0,label_4,,0x4,7,3\n"
-                  "0,label_5,,0x5,7,3\n0,label_6,,0x6,7,3\n0,label_7,,0x7,7,0"},
-        TableCase{
-            "VectorsMakeRowsOfTheirOwn", "",
-            "h\n0,label_1,text,0x1,,0x20,,4\n0,icon_2,icon, ,,0x30\n0,icon_3,, ,,0xFFFF\n0,qrcode_4,,0x4,,\n",
-            "0,label_1,text,0x1,7,0\n0,label_1,text_VectorAddr,0x20,1,0\n0,icon_2,icon_VectorAddr,0x30,1,0\n"
-            "0,qrcode_4,,0x4,7,4\n0,qrcode_4,_VectorAddr,,1,0"},
-        TableCase{"Timers", "",
-                  "h\n0,uitimer_1,t,0x1,,0x9,,0x2,,0x3\n0,uitimer_2,t,0x1,,0x9,,0x2,\n"
-                  "0,uitimer_3,t, ,,0x9,,0x2,,0x3\n",
-                  "0,uitimer_1,t_CalcAddr,0x1,1,0\n0,uitimer_1,t_PresetAddr,0x2,1,0\n"
-                  "0,uitimer_1,t_CtrlAddr,0x3,1,0\n0,uitimer_3,t_VectorAddr,0x9,1,0"},
-        TableCase{"ShortLineEndsTheTable", "h\n4,slider_4,,0x4\n8,slider_8,,0x8\n",
-                  "h\n0,a_1,,0x1,,0xFFFF\n4,a_2,,0x2,\n5,a_3,,0x3,,0xFFFF\n",
-                  "0,a_1,,0x1,1,0\n4,slider_4,,0x4,1,0\n8,slider_8,,0x8,1,0"}),
-    [](const auto& row) { return std::string(row.param.name); });
 
 TEST(WidgetTable, KnowsTheDataTypesOfNumbers) {
     const auto typeOf = [](const char* code) {

@@ -68,92 +68,88 @@ std::vector<std::string> linesOf(const check::Report& report) {
 }
 using Lines = std::vector<std::string>;
 
+/// Makes a fault in a sound image, on page 1.
+using Make = std::function<void(ImageBuilder&, Page&)>;
+
+template <class... Records>
+Make add(Records... records) {
+    return [=](ImageBuilder&, Page& page) { (page.add(records), ...); };
+}
+Make setTouchStream(const Bytes& bytes) {
+    return [=](ImageBuilder&, Page& page) { page.setRawStream(Stream::Touch, bytes); };
+}
+
 /// A record of that kind with other parameters than its widget can have.
 DisplayRecord bare(std::uint16_t kind, Bytes block) { return {.Kind = kind, .Block = std::move(block)}; }
 
+/// More of the same record than a page takes.
+Make setManyKeys(int count, const TouchRecord& record) {
+    ByteWriter stream;
+    for (int i = 0; i < count; ++i) stream.bytes(EncodeRecord(record, ""));
+    return setTouchStream(stream.data());
+}
+EncoderMenu menuWithPage(std::uint16_t target) {
+    EncoderActions actions;
+    actions.Keys[1] = {.Page = target};
+    return {.Entries = {EncoderStep{.Address = 2}, actions}};
+}
+
 struct Fault {
     const char* name;
-    std::function<void(ImageBuilder&, Page&)> make; // the page is page 1
+    Make make;
     Lines lines;
     PanelConfig config{};
 };
 
 void PrintTo(const Fault& fault, std::ostream* out) { *out << fault.name; }
 
+constexpr Area Square{0, 0, 9, 9};
 const StoredPicture FarAway{.Width = 8, .Height = 8, .Extra = 1, .Format = 0, .Address = 0xFFFFFFF0};
 
 const Fault Faults[] = {
-    {"Nothing", [](auto&, Page&) {}, {}},
-    {"Font",
-     [](auto&, Page& page) { page.add(Label{.TextAddress = 0, .Font = 7}); },
-     {"error: page 1 label: font 7 does not exist (the image has 1)"}},
-    {"String",
-     [](auto&, Page& page) { page.add(Label{.Font = 7, .String = 2}); },
-     {"error: page 1 label: string 2 does not exist (the image has 1)"}},
-    {"Word",
-     [](auto&, Page& page) {
-         page.add(StepKey{.Where = {0, 0, 9, 9}, .Address = Elsewhere});
-     },
-     {"error: page 1 StepKey: value word 0x8000 does not exist"}},
-    {"WordsBeyondTheLast",
-     [](auto&, Page& page) { page.add(Label{.TextAddress = 0x70F0, .Font = 0, .TextLength = 16}); },
-     {"error: page 1 label: the 16 text words from 0x70f0 on reach beyond the last word"}},
-    {"WordBehindAUnit",
-     [](auto&, Page& page) { page.add(Number{.Unit = "kWh", .HideAddress = Elsewhere}); },
-     {"error: page 1 number: hide word 0x8000 does not exist"}},
-    {"Picture",
-     [](auto&, Page& page) { page.add(BitIcon{.ClearImage = 3, .SetImage = 11}); },
-     {"error: page 1 bitIcon: set picture 11 does not exist (the image has 11)"}},
-    {"RunOfPictures",
-     [](auto&, Page& page) { page.add(ValueIcon{.FirstImage = 9, .Minimum = 2, .Maximum = 4}); },
-     {"error: page 1 valueIcon: pictures 9 to 11 do not all exist (the image has 11)"}},
-    {"Group",
-     [](auto&, Page& page) { page.add(RingGauge{.Foreground = 1, .Group = 5}); },
-     {"error: page 1 ringGauge: the page has no group 5"}},
-    {"Sequence",
-     [](auto&, Page& page) { page.add(ImageAnimation{.Width = 1, .Height = 1, .Sequence = 1}); },
-     {"error: page 1 imageAnimation: sequence 1 does not exist (the image has 1)"}},
-    {"Sound",
-     [](auto&, Page& page) { page.add(MusicPlayer{.Number = 2, .Repeat = true}); },
-     {"error: page 1 musicPlayer: sound 2 does not exist (the image has 1)"}},
-    {"Pages",
-     [](auto&, Page& page) {
-         page.add(SwipeGesture{.Left = {2, 0}, .Right = {0xFFFF, 0}});
-     },
-     {"error: page 1 SwipeGesture: left page 2 does not exist (the image has 2)"}},
-    {"PageByAWord",
-     [](auto&, Page& page) {
-         page.add(MultiKey{.Where = {0, 0, 9, 9}, .Click = {.Enabled = true, .Address = 0x7000, .Value = 2}});
-     },
-     {"error: page 1 MultiKey: click page 2 does not exist (the image has 2)"}},
-    {"PageOfAMenu",
-     [](auto&, Page& page) {
-         EncoderActions actions;
-         actions.Keys[1] = {.Page = 2};
-         page.add(EncoderMenu{.Entries = {EncoderStep{.Address = 2}, actions}});
-     },
-     {"error: page 1 encoderMenu: key 2 page 2 does not exist (the image has 2)"}},
-    {"Preset",
-     [](auto&, Page& page) { page.add(StateKey{.Address = 2, .FirstPreset = 1}); },
-     {"warning: page 1 StateKey: the page has no preset 2"}},
-    {"ItemsOfAPreset",
-     [](auto&, Page& page) {
-         page.add(PagePreset{2, {{0x7000, 2}, {Elsewhere, 0}, {0x703F, 2}}});
-     },
-     {"error: page 1 preset: preset page 2 does not exist (the image has 2)",
+    {"Nothing", add(), {}},
+    {"FontAndString",
+     add(Label{.TextAddress = 0, .Font = 7}, Label{.Font = 7, .String = 2}),
+     {"error: page 1 label: font 7 does not exist (the image has 1)",
+      "error: page 1 label: string 2 does not exist (the image has 1)"}},
+    {"Words",
+     add(StepKey{.Where = Square, .Address = Elsewhere},
+         Label{.TextAddress = 0x70F0, .Font = 0, .TextLength = 16},
+         Number{.Unit = "kWh", .HideAddress = Elsewhere}),
+     {"error: page 1 label: the 16 text words from 0x70f0 on reach beyond the last word",
+      "error: page 1 number: hide word 0x8000 does not exist",
+      "error: page 1 StepKey: value word 0x8000 does not exist"}},
+    {"Pictures",
+     add(BitIcon{.ClearImage = 3, .SetImage = 11}, ValueIcon{.FirstImage = 9, .Minimum = 2, .Maximum = 4}),
+     {"error: page 1 bitIcon: set picture 11 does not exist (the image has 11)",
+      "error: page 1 valueIcon: pictures 9 to 11 do not all exist (the image has 11)"}},
+    {"GroupSequenceAndSound",
+     add(RingGauge{.Foreground = 1, .Group = 5}, ImageAnimation{.Width = 1, .Height = 1, .Sequence = 1},
+         MusicPlayer{.Number = 2, .Repeat = true}),
+     {"error: page 1 ringGauge: the page has no group 5",
+      "error: page 1 imageAnimation: sequence 1 does not exist (the image has 1)",
+      "error: page 1 musicPlayer: sound 2 does not exist (the image has 1)"}},
+    {"PagesByKeyWordAndMenu",
+     add(SwipeGesture{.Left = {2, 0}, .Right = {0xFFFF, 0}},
+         MultiKey{.Where = Square, .Click = {.Enabled = true, .Address = 0x7000, .Value = 2}},
+         menuWithPage(2)),
+     {"error: page 1 encoderMenu: key 2 page 2 does not exist (the image has 2)",
+      "error: page 1 SwipeGesture: left page 2 does not exist (the image has 2)",
+      "error: page 1 MultiKey: click page 2 does not exist (the image has 2)"}},
+    {"PresetAndItsItems",
+     add(StateKey{.Address = 2, .FirstPreset = 2}, PagePreset{2, {{0x7000, 2}, {Elsewhere, 0}, {0x703F, 2}}}),
+     {"warning: page 1 StateKey: the page has no preset 3",
+      "error: page 1 preset: preset page 2 does not exist (the image has 2)",
       "error: page 1 preset: preset word 0x8000 does not exist",
       "error: page 1 preset: preset language 2 does not exist (the image has 2)"}},
     {"OffThePanel",
-     [](auto&, Page& page) {
-         page.add(BitIcon{.X = 64, .Y = 0, .ClearImage = 1});
-         page.add(BitIcon{.X = 60, .Y = 0, .ClearImage = 1});
-         page.add(CopyKey{.Where = {9, 9, 0, 0}});
-     },
+     add(BitIcon{.X = 64, .Y = 0, .ClearImage = 1}, BitIcon{.X = 60, .Y = 0, .ClearImage = 1},
+         CopyKey{.Where = {9, 9, 0, 0}}),
      {"error: page 1 bitIcon: (64, 0) to (71, 7) lies off the panel of 64 x 48",
       "warning: page 1 bitIcon: (60, 0) to (67, 7) lies partly off the panel of 64 x 48",
       "error: page 1 CopyKey: its rectangle from (9, 9) to (0, 0) is empty"}},
-    {"BandOfASlidingPage",
-     [](auto& image, Page& page) {
+    {"BandsOfSlidingPages",
+     [](ImageBuilder& image, Page& page) {
          image.page(0).add(SlidePage{.BandTop = 8, .BandBottom = 8});
          page.add(SlidePage{.BandTop = 8, .BandBottom = 49});
      },
@@ -170,25 +166,13 @@ const Fault Faults[] = {
      {"error: page 1 PopupKey: (0, 50) to (63, 97) lies off the panel of 64 x 48",
       "error: page 1 PageKey: (0, 200) to (9, 209) lies off the list of 64 x 200"}},
     {"OnAListThatIsMissing",
-     [](auto&, Page& page) {
-         page.add(PageKey{.Where = {0, 0, 9, 9}, .InList = 1});
-     },
+     add(PageKey{.Where = Square, .InList = 1}),
      {"warning: page 1 PageKey: it lies on a sliding list, and the page shows none"}},
     {"MoreThanAPageHolds",
-     [](auto&, Page& page) {
-         Bytes keys;
-         for (int i = 0; i < 22; ++i)
-             std::ranges::copy(EncodeRecord(Encode(StateKey{}), ""), std::back_inserter(keys));
-         page.setRawStream(Stream::Touch, keys);
-     },
+     setManyKeys(22, Encode(StateKey{})),
      {"error: page 1 StateKey: a page holds 20 of these, and this is one more"}},
     {"StreamAboveItsBuffer",
-     [](auto&, Page& page) {
-         Bytes keys;
-         for (int i = 0; i < 17; ++i)
-             keys.insert(keys.end(), {0x05, 0x80, 0xFF}), keys.resize(keys.size() + 255);
-         page.setRawStream(Stream::Touch, keys);
-     },
+     setManyKeys(17, {.Family = 0x8005, .Body = Bytes(255)}),
      {"error: page 1 touch stream: of its 4386 bytes the panel takes 4096"}},
     {"StreamBeyondTheImage",
      [](ImageBuilder& image, Page&) {
@@ -198,35 +182,32 @@ const Fault Faults[] = {
      },
      {"error: page 1 display stream: its 123 bytes end beyond the image"}},
     {"StreamEndsInARecord",
-     [](auto&, Page& page) {
-         page.setRawStream(Stream::Touch, {0x01, 0x80, 0x12, 0});
-     },
+     setTouchStream({0x01, 0x80, 0x12, 0}),
      {"error: page 1 touch stream: the stream ends inside a record"}},
     {"RecordTooShort",
-     [](auto&, Page& page) { page.add(bare(0x0F, Bytes(4))); },
+     add(bare(0x0F, Bytes(4))),
      {"error: page 1 bitIcon: the record ends at 9, before its field at 7"}},
     {"UnknownRecords",
-     [](auto&, Page& page) {
-         page.add(bare(0x30, {}));
-         page.add(TouchRecord{.Family = 0x8010});
-         page.add(GroupRecord{1, bare(0x0C, {})});
-     },
+     add(bare(0x30, {}), TouchRecord{.Family = 0x8010}, GroupRecord{1, bare(0x0C, {})}),
      {"warning: page 1: the panel knows no widget kind 0x0030",
       "warning: page 1: no group shows the widget kind 0x000c",
       "warning: page 1: the panel knows no touch family 0x8010"}},
     {"ParametersInTheStore",
      [](ImageBuilder& image, Page& page) {
-         const DisplayRecord wrong = Encode(Label{.TextAddress = Elsewhere, .Font = 0});
-         image.setBytes(0x0200, wrong.Block);
-         page.add(Label{.ParameterAddress = 0x0200});
-         page.add(Label{.ParameterAddress = 0x0300}); // left to the host
-         page.add(Label{.ParameterAddress = 0x70FE});
+         image.setBytes(0x0200, Encode(Label{.TextAddress = Elsewhere, .Font = 0}).Block);
+         for (const std::uint16_t address : {0x0200, 0x0300, 0x70FE}) // the second is left to the host
+             page.add(Label{.ParameterAddress = address});
      },
      {"error: page 1 label: text word 0x8000 does not exist",
       "error: page 1 label: its parameters at word 0x70fe lie beyond the last word"}},
-    {"PictureOfALanguage",
-     [](ImageBuilder& image, Page&) { image.setPicture(10, 1, FarAway); },
-     {"error: picture 10 of language 1: 128 bytes at 0xfffffff0 end beyond the image"}},
+    {"PicturesBeyondTheImage",
+     [](ImageBuilder& image, Page&) {
+         image.setPicture(10, 1, FarAway);
+         image.addPicture(FarAway); // nothing shows it
+         image.addPage(FarAway);
+     },
+     {"error: page 2 background: 128 bytes at 0xfffffff0 end beyond the image",
+      "error: picture 10 of language 1: 128 bytes at 0xfffffff0 end beyond the image"}},
     {"PngCut",
      [](ImageBuilder& image, Page&) {
          StoredPicture cut = EncodePicture(Pixels{QImage(8, 8, QImage::Format_RGB32), format::PngOpaque},
@@ -235,18 +216,11 @@ const Fault Faults[] = {
          image.setPicture(10, 0, cut);
      },
      {"error: picture 10: its bytes are no whole PNG file"}},
-    {"UnusedPicture", [](ImageBuilder& image, Page&) { image.addPicture(FarAway); }, {}},
-    {"PictureOfAPage",
-     [](ImageBuilder& image, Page&) { image.addPage(FarAway); },
-     {"error: page 2 background: 128 bytes at 0xfffffff0 end beyond the image"}},
-    {"StartPage",
-     [](auto&, Page&) {},
-     {"error: head: start page 2 does not exist (the image has 2)"},
-     {.StartPage = 2}},
-    {"ColourFormat",
-     [](auto&, Page&) {},
-     {"error: head: the panel knows no colour format 2"},
-     {.ColourMode = 2}},
+    {"StartPageAndColourFormat",
+     add(),
+     {"error: head: the panel knows no colour format 2",
+      "error: head: start page 2 does not exist (the image has 2)"},
+     {.ColourMode = 2, .StartPage = 2}},
     {"CheckWords",
      [](ImageBuilder& image, Page&) { image.patch(0x80 + 60, {9}); },
      {"error: head: the check words are wrong, the panel refuses the image"}},
@@ -255,7 +229,7 @@ const Fault Faults[] = {
      {"error: head: the font table of 1 rows at 0x00f00000 ends beyond the image",
       "error: font 0: there is no font at this place"}},
     {"VideoOnAnotherChip",
-     [](auto&, Page& page) { page.add(VideoPlayer{.X2 = 9, .Y2 = 9}); },
+     add(VideoPlayer{.X2 = 9, .Y2 = 9}),
      {"warning: page 1 videoPlayer: this chip plays no video"}},
 };
 

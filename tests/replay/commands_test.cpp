@@ -20,11 +20,8 @@ TEST(CommandTable, TakesWhatIsWellFormed) {
 }
 
 TEST(CommandTable, RefusesTheRestWithAReason) {
-    struct Case {
-        const char* line;
-        const char* message; // a part of it
-    };
-    const Case cases[] = {
+    // A line, and a part of the reason.
+    const std::pair<const char*, const char*> cases[] = {
         {"rnu 10", "no such command: rnu"},
         {"run", "MS is missing"},
         {"run 10 20", "too many words: 20"},
@@ -51,18 +48,16 @@ TEST(CommandTable, RefusesTheRestWithAReason) {
         {"expect pixel 1 2 #f00", "#RRGGBB"},
         {"await 10 sent 41", "cannot be awaited"},
     };
-    for (const Case& refused : cases) {
+    for (const auto& [line, reason] : cases) {
         try {
-            PrepareLine(refused.line);
-            ADD_FAILURE() << refused.line << " was taken";
+            PrepareLine(line);
+            ADD_FAILURE() << line << " was taken";
         } catch (const CommandError& error) {
-            EXPECT_NE(std::string(error.what()).find(refused.message), std::string::npos)
-                << refused.line << ": " << error.what();
+            EXPECT_NE(std::string(error.what()).find(reason), std::string::npos)
+                << line << ": " << error.what();
         }
     }
-    std::string longWrite = "write 0";
-    for (int i = 0; i < 126; ++i) longWrite += " 1";
-    EXPECT_THROW(PrepareLine(QString::fromStdString(longWrite)), CommandError);
+    EXPECT_THROW(PrepareLine("write 0" + QString(" 1").repeated(126)), CommandError);
 }
 
 } // namespace

@@ -44,8 +44,7 @@ TEST_F(Session, ChangesPagesForTheHostAtOnceAndForTheInspectorInACycle) {
 }
 
 TEST_F(Session, WritesWordsAsTheHostDoesWithAndWithoutCheckBytes) {
-    QString longest = "write 0x100";
-    for (int i = 0; i < 125; ++i) longest += " 1";
+    const QString longest = "write 0x100" + QString(" 1").repeated(125);
     for (const bool withoutCheck : {false, true}) {
         load(colouredPages({.NoCRC = withoutCheck}));
         EXPECT_EQ(answersTo("write 0x10 5 0x0a -1\nread 0x0f 5"), "0x000f: 0000 0005 000a ffff 0000\n");
@@ -130,8 +129,7 @@ TEST_F(Session, TellsWhatIsToBePlayedAndWhere) {
 }
 
 TEST_F(Session, LoadsAnotherImage) {
-    auto other = colouredPages({.StartPage = 2, .Volume = 3});
-    writeImage(other, "other.bin");
+    writeImage(colouredPages({.StartPage = 2, .Volume = 3}), "other.bin");
     EXPECT_EQ(answersTo("write 0x10 1\nmedia\nload {}/other.bin\nmedia\npixel 0 0\nread 0x10"),
               "volume 48\nvolume 18\npixel 0 0 #ff0000ff\n0x0010: 0000\n");
 }

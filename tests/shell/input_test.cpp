@@ -112,16 +112,6 @@ TEST_F(ViewTest, ZoomsInFloatStepsBetweenItsLimitsUntilTheNextLoad) {
     expectZoom();
 }
 
-TEST_F(ViewTest, TheVeilDarkensTheShownFrame) {
-    openWindow();
-    openAndRun(writeImage("a.bin", QColor(200, 100, 50)));
-    ASSERT_TRUE(shows(QColor(200, 100, 50)));
-    panel::DimValue = 0x80;
-    EXPECT_TRUE(shows(QColor(100, 50, 25)));
-    panel::DimValue = 255;
-    EXPECT_TRUE(shows(Qt::black));
-}
-
 TEST_F(ViewTest, AnUnchangedFrameIsNotUploadedAgain) {
     QLabel label;
     FramePresenter presenter(label);

@@ -40,6 +40,12 @@ protected:
         window_->setInput(std::move(recorder));
     }
 
+    void hold(QPoint at, int milliseconds) const {
+        press(at);
+        QTest::qWait(milliseconds);
+        release();
+    }
+
     void write(const QString& address, const QString& format, const QString& type, const QString& value) {
         find<QTabWidget>("tabWidget").setCurrentWidget(window_->findChild<DialogReg*>());
         find<QLineEdit>("lineEdit_VarAddr").setText(address);
@@ -75,9 +81,7 @@ protected:
 TEST_F(RecordingTest, AReplayEndsOnThePageAndWithTheWordsOfTheSession) {
     startRecording();
     openAndRun(writeProject("a.bin", 5));
-    press({50, 60});
-    QTest::qWait(900);
-    release();
+    hold({50, 60}, 900);
     QTest::qWait(100);
     write("0x1010", "Numerical", "int", "-2");
     write("0x1012", "Numerical", "uchar", "300");
@@ -85,9 +89,7 @@ TEST_F(RecordingTest, AReplayEndsOnThePageAndWithTheWordsOfTheSession) {
     write("0x1024", "String", "GBK", QString::fromUtf8("温 😀"));
     write("0x1030", "Numerical", "short", "0x0x\"raw\"7F");
     QTest::keyClick(&view(), Qt::Key_A);
-    press({150, 60});
-    QTest::qWait(60);
-    release();
+    hold({150, 60}, 60);
     ASSERT_TRUE(QTest::qWaitFor([] { return panel::CurrentPage == 1; }));
     press({30, 60});
     for (int x = 40; x <= 140; x += 10) {
@@ -98,9 +100,7 @@ TEST_F(RecordingTest, AReplayEndsOnThePageAndWithTheWordsOfTheSession) {
     QTest::qWait(100);
     const int slid = panel::ReadWord(Slid);
     openAndRun(writeProject("b.bin", 700));
-    press({50, 60});
-    QTest::qWait(60);
-    release();
+    hold({50, 60}, 60);
     QTest::qWait(1100);
     window_.reset();
 
@@ -114,8 +114,7 @@ TEST_F(RecordingTest, AReplayEndsOnThePageAndWithTheWordsOfTheSession) {
 
 TEST_F(RecordingTest, WhatCannotBeRepeatedIsNotWritten) {
     startRecording();
-    press({50, 60});
-    release();
+    hold({50, 60}, 0);
     EXPECT_EQ(readFile("s.replay"), "") << "nothing happens before the first image";
     openAndRun(writeProject("a.bin", 5));
     write("0x6000", "Numerical", "int", "7");

@@ -17,11 +17,11 @@ protected:
         ASSERT_TRUE(form_ && form_->isVisible());
     }
 
-    void load(PanelConfig config, bool large = true) {
-        config.Width = config.Height = 40;
-        QByteArray image = readImage(config);
-        if (large) image.append(QByteArray(0x400, 0));
-        window_->openImage(writeFile("a.bin", image));
+    void load(PanelConfig config) {
+        config.Width = config.Height = 40, config.ColourMode = 1;
+        imagekit::ImageBuilder image(config);
+        image.addPage();
+        window_->openImage(writeFile("a.bin", image.build() + QByteArray(0x400, 0)));
     }
 
     /// What a control shows, as text.
@@ -37,11 +37,6 @@ protected:
     }
 
     QDialog* form_ = nullptr;
-
-private:
-    QByteArray readImage(const PanelConfig& config) {
-        return readFile(QFileInfo(writeImage("plain.bin", Qt::green, config)).fileName());
-    }
 };
 
 constexpr auto Porches = {"lineEdit_VBPD", "lineEdit_VFPD", "lineEdit_VSPW",

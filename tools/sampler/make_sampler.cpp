@@ -153,6 +153,33 @@ private:
     }
     std::uint32_t colour(const QColor& value) const { return image.colour(value); }
 
+    Label label(Word address, const Area& box, std::uint8_t labelFont) const {
+        return {.TextAddress = address,
+                .X1 = box.X0,
+                .Y1 = box.Y0,
+                .X2 = box.X1,
+                .Y2 = box.Y1,
+                .Colour = colour(Ink),
+                .Font = labelFont,
+                .TextLength = 8};
+    }
+    Number number(Word address, int x, int y, std::uint8_t integerDigits) const {
+        return {.ValueAddress = address,
+                .X = u16(x),
+                .Y = u16(y),
+                .Colour = colour(Ink),
+                .Font = font,
+                .IntegerDigits = integerDigits};
+    }
+    PngNumber pictureNumber(Word address, int x, int y, std::uint8_t integerDigits) const {
+        return {.ValueAddress = address,
+                .X = u16(x),
+                .Y = u16(y),
+                .FirstImage = digits,
+                .LastImage = u16(digits + 11),
+                .IntegerDigits = integerDigits};
+    }
+
     static QImage listPicture() {
         QImage picture = plain(200, 480, Ground);
         for (int row = 0; row < 8; ++row)
@@ -162,18 +189,13 @@ private:
 
     void addTexts() {
         Page& page = image.page(TextPage);
-        Label label{.TextAddress = Text,
-                    .Colour = colour(Ink),
-                    .BackColour = colour(Dark),
-                    .Font = font,
-                    .TextLength = 8};
         for (int anchor = 0; anchor < 9; ++anchor) {
-            const int x = 8 + anchor % 3 * 104, y = 8 + anchor / 3 * 44;
-            label.X1 = u16(x), label.Y1 = u16(y), label.X2 = u16(x + 95), label.Y2 = u16(y + 39);
-            label.Anchor = static_cast<std::uint8_t>(anchor);
-            label.Opaque = anchor % 2 == 0;
-            label.Masked = anchor == 3;
-            page.add(label);
+            Label text = label(Text, areaAt(8 + anchor % 3 * 104, 8 + anchor / 3 * 44, 96, 40), font);
+            text.BackColour = colour(Dark);
+            text.Anchor = static_cast<std::uint8_t>(anchor);
+            text.Opaque = anchor % 2 == 0;
+            text.Masked = anchor == 3;
+            page.add(text);
         }
         const DataType types[] = {DataType::U8, DataType::U16, DataType::S16, DataType::U32};
         for (int i = 0; i < 4; ++i)
@@ -227,16 +249,13 @@ private:
                              .Bit = static_cast<std::uint8_t>(bit),
                              .ClearImage = icons,
                              .SetImage = u16(icons + 1)});
-        for (const Alignment align : {Alignment::Left, Alignment::Centre, Alignment::Right})
-            page.add(PngNumber{.ValueAddress = Signed,
-                               .X = 160,
-                               .Y = u16(52 + 20 * static_cast<int>(align)),
-                               .FirstImage = digits,
-                               .LastImage = u16(digits + 11),
-                               .Align = align,
-                               .IntegerDigits = 4,
-                               .DecimalDigits = 1,
-                               .Type = DataType::S16});
+        for (const Alignment align : {Alignment::Left, Alignment::Centre, Alignment::Right}) {
+            PngNumber value = pictureNumber(Signed, 160, 52 + 20 * static_cast<int>(align), 4);
+            value.Align = align;
+            value.DecimalDigits = 1;
+            value.Type = DataType::S16;
+            page.add(value);
+        }
         std::vector<Picture> frames;
         for (int mark = 1; mark <= 4; ++mark)
             frames.push_back(Pixels{tile(48, 32, mark % 2 ? Cool : Warm, mark), format::aRGB8888});
@@ -260,12 +279,7 @@ private:
                              .Direction = direction});
         }
         page.add(AutoStep{.TargetAddress = Stepped, .ControlAddress = Control, .Highest = 60, .Step = 3});
-        page.add(Number{.ValueAddress = Stepped,
-                        .X = 260,
-                        .Y = 206,
-                        .Colour = colour(Ink),
-                        .Font = font,
-                        .IntegerDigits = 3});
+        page.add(number(Stepped, 260, 206, 3));
     }
 
     void addBar(Page& page, BarGrowth growth) {
@@ -373,18 +387,13 @@ private:
             states = add(tile(90, 40, Cool, value + 1));
             add(tile(90, 40, Warm, value + 1));
         }
-        page.addToGroup(1, Number{.ValueAddress = Level,
-                                  .X = 20,
-                                  .Y = 20,
-                                  .Colour = colour(Ink),
-                                  .Font = font,
-                                  .IntegerDigits = 3});
-        page.add(PageKey{.Where = areaAt(8, 8, 90, 40),
-                         .Notify = true,
-                         .NotifyCode = 7,
-                         .NormalImage = normal,
-                         .PressImage = pressed,
-                         .OverlayGroup = 1});
+        const auto addKey = [&](auto key) {
+            key.NormalImage = normal;
+            key.PressImage = pressed;
+            page.add(key);
+        };
+        page.addToGroup(1, number(Level, 20, 20, 3));
+        addKey(PageKey{.Where = areaAt(8, 8, 90, 40), .Notify = true, .NotifyCode = 7, .OverlayGroup = 1});
         page.add(StateKey{.Where = areaAt(112, 8, 90, 40),
                           .Address = Choice,
                           .Highest = 2,
@@ -392,32 +401,19 @@ private:
                           .FirstPreset = 1});
         for (int value = 0; value < 3; ++value)
             page.add(PagePreset{.Id = u16(1 + value), .Items = {{Choice, u16((value + 1) % 3)}}});
-        page.add(CopyKey{.Where = areaAt(216, 8, 90, 40),
-                         .NormalImage = normal,
-                         .PressImage = pressed,
-                         .Destination = Level,
-                         .Source = Choice});
-        page.add(StepKey{.Where = areaAt(8, 60, 90, 40),
-                         .Address = Level,
-                         .Wrap = true,
-                         .Step = 25,
-                         .Highest = 100,
-                         .NormalImage = normal,
-                         .PressImage = pressed,
-                         .Repeat = true});
-        page.add(PopupKey{.Where = areaAt(112, 60, 90, 40),
-                          .NormalImage = normal,
-                          .PressImage = pressed,
-                          .Page = PopupPage,
-                          .PopupX = 80,
-                          .PopupY = 60,
-                          .Dim = true});
-        page.add(MultiKey{.Where = areaAt(216, 60, 90, 40),
-                          .NormalImage = normal,
-                          .PressImage = pressed,
-                          .Click = {.Enabled = true, .Address = Level, .Value = 11},
-                          .DoubleClick = {.Enabled = true, .Address = Level, .Value = 22},
-                          .LongPress = {.Enabled = true, .Address = Level, .Value = 33}});
+        addKey(CopyKey{.Where = areaAt(216, 8, 90, 40), .Destination = Level, .Source = Choice});
+        addKey(StepKey{.Where = areaAt(8, 60, 90, 40),
+                       .Address = Level,
+                       .Wrap = true,
+                       .Step = 25,
+                       .Highest = 100,
+                       .Repeat = true});
+        addKey(PopupKey{
+            .Where = areaAt(112, 60, 90, 40), .Page = PopupPage, .PopupX = 80, .PopupY = 60, .Dim = true});
+        addKey(MultiKey{.Where = areaAt(216, 60, 90, 40),
+                        .Click = {.Enabled = true, .Address = Level, .Value = 11},
+                        .DoubleClick = {.Enabled = true, .Address = Level, .Value = 22},
+                        .LongPress = {.Enabled = true, .Address = Level, .Value = 33}});
         page.add(EncoderMenu{.SelectorAddress = Selector,
                              .Entries = {EncoderStep{.Address = Level, .Step = 10, .Wrap = true},
                                          EncoderValue{.Address = Level, .Step = 5}}});
@@ -488,22 +484,20 @@ private:
     void addEntries() {
         Page& page = image.page(EntryPage);
         const KeyboardPlace keyboard{.Page = KeyboardPage, .X = 60, .Y = 120, .TextX = 8, .TextY = 6};
-        page.add(NumberEntry{.Where = areaAt(8, 8, 90, 30),
+        const auto addEntry = [&](auto entry) {
+            entry.Keyboard = keyboard;
+            entry.TextColour = colour(Ink);
+            entry.CursorColour = colour(Warm);
+            page.add(entry);
+        };
+        addEntry(NumberEntry{.Where = areaAt(8, 8, 90, 30),
                              .Address = Entered,
-                             .Keyboard = keyboard,
                              .Font = font,
                              .Limited = true,
                              .Highest = 500,
-                             .TextColour = colour(Ink),
-                             .CursorColour = colour(Warm),
                              .Prefilled = true});
-        page.add(TextEntry{.Where = areaAt(112, 8, 90, 30),
-                           .Address = Text,
-                           .Font = font,
-                           .TextColour = colour(Ink),
-                           .CursorColour = colour(Warm),
-                           .Keyboard = keyboard});
-        page.add(PinyinEntry{.Where = areaAt(216, 8, 90, 30),
+        addEntry(TextEntry{.Where = areaAt(112, 8, 90, 30), .Address = Text, .Font = font});
+        addEntry(PinyinEntry{.Where = areaAt(216, 8, 90, 30),
                              .Address = Name,
                              .Prefilled = true,
                              .Font = gbk,
@@ -512,37 +506,15 @@ private:
                              .PinyinFont = gbk,
                              .PinyinGlyphWidth = 8,
                              .PinyinGlyphHeight = 12,
-                             .TextColour = colour(Ink),
-                             .CursorColour = colour(Warm),
                              .PinyinColour = colour(Cool),
-                             .Keyboard = keyboard,
                              .LettersX = 8,
                              .LettersY = 24,
                              .CandidatesX = 60,
                              .CandidatesY = 24,
                              .Gap = 6});
-        page.add(Number{.ValueAddress = Entered,
-                        .X = 12,
-                        .Y = 50,
-                        .Colour = colour(Ink),
-                        .Font = font,
-                        .IntegerDigits = 5});
-        page.add(Label{.TextAddress = Text,
-                       .X1 = 112,
-                       .Y1 = 50,
-                       .X2 = 201,
-                       .Y2 = 69,
-                       .Colour = colour(Ink),
-                       .Font = font,
-                       .TextLength = 8});
-        page.add(Label{.TextAddress = Name,
-                       .X1 = 216,
-                       .Y1 = 50,
-                       .X2 = 305,
-                       .Y2 = 69,
-                       .Colour = colour(Ink),
-                       .Font = gbk,
-                       .TextLength = 8});
+        page.add(number(Entered, 12, 50, 5));
+        page.add(label(Text, areaAt(112, 50, 90, 20), font));
+        page.add(label(Name, areaAt(216, 50, 90, 20), gbk));
         image.setPinyin({{"a", "啊阿"}, {"ba", "八吧"}});
         const std::uint16_t codes[] = {'1',
                                        '2',
@@ -585,13 +557,9 @@ private:
                          .Highest = 100,
                          .NormalImage = add(tile(60, 28, Dark)),
                          .PressImage = add(tile(60, 28, Warm))});
-        page.add(PngNumber{.InList = true,
-                           .ValueAddress = Level,
-                           .X = 20,
-                           .Y = 22,
-                           .FirstImage = digits,
-                           .LastImage = u16(digits + 11),
-                           .IntegerDigits = 3});
+        PngNumber value = pictureNumber(Level, 20, 22, 3);
+        value.InList = true;
+        page.add(value);
         page.add(PngClock{.InList = true, .X = 60, .Y = 22, .FirstImage = timeDigits});
         page.add(ImageAnimation{.InList = true,
                                 .ControlAddress = Control,
@@ -622,25 +590,14 @@ private:
                          .NormalImage = add(tile(80, 32, Cool, 1)),
                          .PressImage = add(tile(80, 32, Warm, 1)),
                          .TargetPage = KeyPage});
-        page.add(PngNumber{.ValueAddress = Level,
-                           .X = 60,
-                           .Y = 30,
-                           .FirstImage = digits,
-                           .LastImage = u16(digits + 11),
-                           .IntegerDigits = 3});
+        page.add(pictureNumber(Level, 60, 30, 3));
     }
 
     void setWords() {
-        image.setWord(Level, 60);
-        image.setWord(Angle, 75);
-        image.setWord(Choice, 1);
-        image.setWord(Flags, 0b0101);
-        image.setWord(Signed, u16(-1234));
-        image.setWord(Control, 1);
-        image.setWord(Preset, 90);
-        image.setWord(Left, 75);
-        image.setWord(TimerControl, 1);
-        image.setWord(Entered, 12);
+        constexpr std::pair<Word, int> words[] = {
+            {Level, 60},  {Angle, 75},  {Choice, 1}, {Flags, 0b0101},   {Signed, -1234},
+            {Control, 1}, {Preset, 90}, {Left, 75},  {TimerControl, 1}, {Entered, 12}};
+        for (const auto& [address, value] : words) image.setWord(address, u16(value));
         image.setText(Text, "Sampler", font);
         image.setText(LongText, "A text that is longer than its box.", fine);
         image.setText(Link, "https://example.com", font);

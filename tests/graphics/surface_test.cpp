@@ -1,4 +1,4 @@
-// Colours, pixel writers, fills and rectangle copies.
+// Row arithmetic, colours, pixel writers, fills and rectangle copies.
 #include "graphics/colour.h"
 #include "graphics/image_blit.h"
 #include "graphics/image_row.h"
@@ -15,6 +15,21 @@
 
 namespace panel {
 namespace {
+
+// All pairs of a colour byte and an alpha, in one row.
+TEST(PixelRows, PremultiplyAsSetPixelColorDoes) {
+    std::vector<Pixel> straight(65536), stored(65536);
+    for (std::uint32_t i = 0; i < straight.size(); ++i)
+        straight[i] = i << 16 | (i & 0xFF) << 8 | (255 - (i & 0xFF));
+    PremultiplyRow(straight.data(), stored.data(), 65536);
+    QImage expected(256, 256, QImage::Format_ARGB32_Premultiplied);
+    for (int i = 0; i < 65536; ++i) {
+        expected.setPixelColor(i % 256, i / 256, QColor::fromRgba(straight[static_cast<std::size_t>(i)]));
+        ASSERT_EQ(stored[static_cast<std::size_t>(i)],
+                  reinterpret_cast<const Pixel*>(expected.constScanLine(i / 256))[i % 256])
+            << i;
+    }
+}
 
 TEST(Colours, ExpandAsTheImageStoresThem) {
     struct Case {

@@ -16,7 +16,6 @@ const imagekit::PanelConfig Config{.Width = 64, .Height = 48, .ColourMode = 1, .
 const Label Plain = [] {
     Label label{.TextAddress = Text, .X1 = 8, .Y1 = 10, .X2 = 39, .Y2 = 15, .TextLength = 4, .Anchor = 3};
     label.Colour = Ink & 0xFFFFFF;
-    label.BackColour = 0x334455;
     return label;
 }();
 
@@ -43,16 +42,6 @@ protected:
 
     ImageBuilder image{Config};
 };
-
-TEST_F(Labels, CanBeOpaqueAndMasked) {
-    Label label = Plain;
-    label.Opaque = label.Masked = true;
-    bootWith(label);
-    EXPECT_EQ(shown(), "********");
-    EXPECT_EQ(show("xyz"), "***");
-    EXPECT_EQ(FrameSurface.pixel(39, 15), 0xFF334455);
-    EXPECT_EQ(FrameSurface.pixel(40, 15), PageColour);
-}
 
 TEST_F(Labels, OutsideTheStoreShowNothingButAString) {
     const struct {
@@ -84,8 +73,7 @@ TEST_F(Labels, StringsChangeWithTheLanguage) {
     EXPECT_EQ(shown(StringInk), "first");
     for (const auto& [language, ink, text] :
          {std::tuple{1, 0xFFFFFFFF, "other"}, {2, Ink, "abcdefgh"}, {0, StringInk, "first"}}) {
-        StoreWord(word::Language, static_cast<std::uint16_t>(language));
-        ApplySystemWord(word::Language);
+        apply(word::Language, static_cast<std::uint16_t>(language));
         EXPECT_EQ(shown(ink), text);
     }
 }

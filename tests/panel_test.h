@@ -86,6 +86,12 @@ protected:
         ApplySystemWord(address);
     }
 
+    /// The frame of a page that is shown anew.
+    const QImage& frameOf(std::uint16_t page) {
+        ShowPage(page);
+        cycles(1);
+        return outputs.frame;
+    }
     /// Opens a pop-up as its key does.
     static void openPopup(std::uint16_t page, std::uint16_t x, std::uint16_t y) {
         PopupActive = 1;

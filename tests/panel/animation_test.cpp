@@ -11,36 +11,28 @@ using imagekit::ImageAnimation;
 using imagekit::ImageBuilder;
 using imagekit::PanelConfig;
 
-constexpr std::uint16_t Control = 0x0100;
-constexpr std::uint16_t Done = 0x0101;
-// The commands of the records below.
-constexpr std::uint16_t Idle = 0, Loop = 1, Once = 2, Hide = 3;
+constexpr std::uint16_t Control = 0x0100, Done = 0x0101;
+constexpr std::uint16_t Idle = 0, Loop = 1, Once = 2, Hide = 3; // commands
 
 constexpr QRgb Page = 0xFF102030, Red = 0xFFFF0000, Green = 0xFF00FF00, Blue = 0xFF0000FF, Mark = 0xFFFF00FF;
+constexpr std::pair<QRgb, char> Letters[] = {{Page, 'P'}, {Red, 'R'}, {Green, 'G'}, {Blue, 'B'}, {Mark, 'M'}};
 
 imagekit::Pixels square(QRgb colour, std::uint8_t format = format::RGB565) {
     return Filled(10, 8, QColor::fromRgba(colour), format);
 }
 
-const ImageAnimation Plain{.ControlAddress = Control,
-                           .X = 20,
-                           .Y = 10,
-                           .Width = 10,
-                           .Height = 8,
-                           .DoneAddress = Done,
-                           .DoneValue = 77};
+const PanelConfig Config{.Width = 64, .Height = 48, .ColourMode = 1, .ICType = 3};
+const ImageAnimation Plain{.ControlAddress = Control, .X = 20, .Y = 10, .Width = 10, .Height = 8};
 
 class Animation : public PanelTest {
 protected:
-    /// A page with an animation of red, green and blue, and a second page without.
+    /// A page with an animation of these frames.
     static ImageBuilder panelWith(const ImageAnimation& animation, std::uint16_t command,
-                                  std::uint8_t chip = 3) {
-        const PanelConfig config{.Width = 64, .Height = 48, .ColourMode = 1, .ICType = chip};
-        ImageBuilder image(config);
-        image.addSequence({square(Red), square(Green), square(Blue)});
-        image.addSequence({});
-        image.addPage(PlainPage(config, QColor::fromRgb(Page))).add(animation);
-        image.addPage(PlainPage(config, Qt::white));
+                                  const std::vector<imagekit::Picture>& frames = {square(Red), square(Green),
+                                                                                  square(Blue)}) {
+        ImageBuilder image(Config);
+        image.addSequence(frames);
+        image.addPage(PlainPage(Config, QColor::fromRgb(Page))).add(animation);
         image.setWord(Control, command);
         return image;
     }
@@ -48,117 +40,95 @@ protected:
         boot(panelWith(animation, command));
     }
 
-    /// What is on show in the middle of the widget.
-    static QRgb shown() { return FrameSurface.pixel(25, 14); }
-    /// One step of an animation without delay, and what it leaves on the screen.
-    QRgb step() {
-        run(20);
-        return shown();
+    /// The letter of the colour in the middle of the widget.
+    static char shown() {
+        const auto* const found =
+            std::ranges::find(Letters, FrameSurface.pixel(25, 14), &std::pair<QRgb, char>::first);
+        return found == std::end(Letters) ? '?' : found->second;
     }
-    std::vector<QRgb> steps(int count) {
-        std::vector<QRgb> seen;
-        for (int i = 0; i < count; ++i) seen.push_back(step());
+    /// What each cycle leaves on the screen.
+    std::string cyclesShow(std::size_t count) {
+        std::string seen;
+        while (seen.size() < count) {
+            run(20);
+            seen += shown();
+        }
         return seen;
     }
     static AnimationRow& row() { return AnimationTable.rows()[0]; }
 };
 
-using Colours = std::vector<QRgb>;
-
 TEST_F(Animation, PlaysOnceThenTellsAndLeavesTheLastFrame) {
-    bootWith(Plain, Once);
-    EXPECT_EQ(steps(2), (Colours{Green, Blue}));
+    ImageAnimation telling = Plain;
+    telling.DoneAddress = Done;
+    telling.DoneValue = 77;
+    bootWith(telling, Once);
+    for (const int x : {19, 30}) EXPECT_EQ(FrameSurface.pixel(x, 14), Page);
+    EXPECT_EQ(cyclesShow(2), "GB");
     EXPECT_EQ(ReadWord(Done), 0);
-    EXPECT_EQ(steps(3), (Colours{Blue, Blue, Blue}));
+    EXPECT_EQ(cyclesShow(3), "BBB");
     EXPECT_EQ(ReadWord(Done), 77);
     EXPECT_EQ(ReadWord(Control), Idle);
 }
 
-TEST_F(Animation, GoesBackToTheFirstFrameWhereItHoldsThat) {
-    ImageAnimation holding = Plain;
-    holding.HoldFirst = true;
-    holding.DoneAddress = imagekit::None; // it ends in silence
-    bootWith(holding, Once);
-    EXPECT_EQ(steps(5), (Colours{Green, Blue, Blue, Red, Red}));
-    StoreWord(Control, Loop);
-    EXPECT_EQ(steps(3), (Colours{Red, Green, Blue})) << "from the first frame on";
-}
-
-TEST_F(Animation, FreezesOnTheFrameOnShowAndGoesOnWithTheNext) {
-    bootWith(Plain, Loop);
-    step();
-    for (const std::uint16_t other : {Idle, std::uint16_t{9}}) {
-        StoreWord(Control, other);
-        const QRgb frozen = shown();
-        EXPECT_EQ(steps(3), (Colours{frozen, frozen, frozen}));
-        StoreWord(Control, Loop);
-        EXPECT_EQ(step(), frozen == Green ? Blue : Red);
-    }
-}
-
-TEST_F(Animation, HidesOnceAndLeavesTheScreenAloneAfterThat) {
-    for (const std::uint16_t command : {Hide, std::uint16_t{0xFFFF}}) {
-        bootWith(Plain, Loop);
-        step();
-        StoreWord(Control, command);
-        EXPECT_EQ(step(), Page);
-        EXPECT_FALSE(row().Shown);
-        FrameSurface.fill(Mark);
-        EXPECT_EQ(steps(2), (Colours{Mark, Mark}));
-        StoreWord(Control, Idle);
-        EXPECT_EQ(step(), Mark);
-        StoreWord(Control, Loop);
-        EXPECT_EQ(step(), Red);
-    }
-}
-
-TEST_F(Animation, StartsInTheStateOfTheControlWord) {
-    const struct {
+TEST_F(Animation, FollowsItsControlWord) {
+    struct Phase {
         std::uint16_t command;
+        std::string shown; // cycle by cycle; of the first command from the start on
+    };
+    const struct {
+        const char* name;
         bool holdFirst;
-        QRgb colour;
-        AnimationPhase phase;
-    } cases[] = {{Loop, false, Red, AnimationPhase::Playing},  {Once, false, Red, AnimationPhase::Playing},
-                 {Idle, false, Red, AnimationPhase::Playing},  {Idle, true, Red, AnimationPhase::FirstHeld},
-                 {Hide, false, Page, AnimationPhase::Nothing}, {9, true, Page, AnimationPhase::Nothing}};
+        std::uint8_t delay;
+        std::vector<Phase> phases;
+    } cases[] = {
+        {"no pause at the wrap", false, 0, {{Loop, "RGBRGBR"}}},
+        {"3 ticks a cycle", false, 7, {{Loop, "RRRGGGB"}}},
+        {"freezes and goes on", false, 0, {{Loop, "RG"}, {Idle, "GG"}, {Loop, "B"}, {9, "BB"}, {Loop, "R"}}},
+        {"back to the first frame", true, 0, {{Once, "RGBBRR"}, {Loop, "RGB"}}},
+        {"hides, plays from the first", false, 0, {{Loop, "RG"}, {Hide, "PP"}, {Idle, "P"}, {Loop, "RG"}}},
+        {"hides by any word", false, 0, {{Loop, "RG"}, {0xFFFF, "P"}, {Loop, "R"}}},
+        {"starts at rest", false, 0, {{Idle, "RR"}, {Loop, "RG"}}},
+        {"starts at rest on the first", true, 0, {{Idle, "RR"}, {Loop, "RG"}}},
+        {"starts hidden", false, 0, {{Hide, "PP"}, {Loop, "RG"}}},
+        {"starts with no command", true, 0, {{9, "PP"}, {Loop, "RG"}}}};
     for (const auto& c : cases) {
         ImageAnimation animation = Plain;
         animation.HoldFirst = c.holdFirst;
-        bootWith(animation, c.command);
-        EXPECT_EQ(shown(), c.colour) << c.command;
-        EXPECT_EQ(row().Phase, c.phase) << c.command;
-        EXPECT_EQ(row().Shown, c.colour != Page) << c.command;
-        for (const int x : {19, 30}) EXPECT_EQ(FrameSurface.pixel(x, 14), Page);
+        animation.Delay = c.delay;
+        bootWith(animation, c.phases[0].command);
+        std::string seen(1, shown());
+        for (const auto& [command, expected] : c.phases) {
+            StoreWord(Control, command);
+            seen += cyclesShow(expected.size() - seen.size());
+            EXPECT_EQ(seen, expected) << c.name;
+            EXPECT_EQ(row().Shown, expected.back() != 'P') << c.name;
+            seen.clear();
+        }
     }
 }
 
-TEST_F(Animation, GainsATickFromTheTimerAndOneFromEachCycle) {
-    ImageAnimation slow = Plain;
-    slow.Delay = 7;
+TEST_F(Animation, LeavesTheScreenAloneBetweenItsSteps) {
     bootWith(Plain, Loop);
-    EXPECT_EQ(steps(6), (Colours{Green, Blue, Red, Green, Blue, Red})) << "no pause at the wrap";
-    bootWith(slow, Loop);
-    EXPECT_EQ(steps(6), (Colours{Red, Red, Green, Green, Green, Blue})) << "3 ticks a cycle";
-    const Colours still = steps(1);
     cycles(50);
-    EXPECT_EQ(shown(), still[0]) << "cycles alone do not count";
+    EXPECT_EQ(shown(), 'R') << "cycles without ticks do not count";
+    StoreWord(Control, Hide);
+    EXPECT_EQ(cyclesShow(1), "P");
+    FrameSurface.fill(Mark);
+    EXPECT_EQ(cyclesShow(2), "MM") << "hidden once";
 }
 
 TEST_F(Animation, StaysUnderAnOpenEntry) {
     bootWith(Plain, Loop);
-    for (const int x : {30, 31}) { // where it ends, and beside it
-        OpenEntryRect = EntryRect{x, 18, 40, 30};
-        const std::uint32_t before = row().FrameIndex;
-        step();
-        EXPECT_EQ(row().FrameIndex == before, x == 30);
-    }
-    OpenEntryRect = EntryRect{0, 0, 63, 47};
-    const QRgb frozen = shown();
+    OpenEntryRect = EntryRect{31, 18, 40, 30};
+    EXPECT_EQ(cyclesShow(1), "G") << "beside it";
+    OpenEntryRect = EntryRect{30, 18, 40, 30};
+    EXPECT_EQ(cyclesShow(1), "G") << "where it ends";
     StoreWord(Control, Hide);
-    EXPECT_EQ(step(), frozen);
+    EXPECT_EQ(cyclesShow(1), "G");
     EXPECT_FALSE(row().Shown) << "the state follows the command";
     OpenEntryRect.reset();
-    EXPECT_EQ(step(), Page);
+    EXPECT_EQ(cyclesShow(1), "P");
 }
 
 TEST_F(Animation, PlaysWithoutFramesThatShowEachOthersPagesDoNotRunAway) {
@@ -179,14 +149,10 @@ TEST_F(Animation, PlaysWithoutFramesThatShowEachOthersPagesDoNotRunAway) {
 }
 
 TEST_F(Animation, FramesOfUnknownFormatsAreSkippedAndTransparentOnesLieOverThePage) {
-    const PanelConfig config{.Width = 64, .Height = 48, .ColourMode = 1, .ICType = 3};
-    ImageBuilder image(config);
-    image.addSequence({square(Red), imagekit::Solid{10, 8, Qt::green}, square(0x00FFFFFF, format::aRGB8888),
-                       square(Blue, format::PngOpaque)});
-    image.addPage(PlainPage(config, QColor::fromRgb(Page))).add(Plain);
-    image.setWord(Control, Loop);
-    boot(image);
-    EXPECT_EQ(steps(4), (Colours{Red, Page, Blue, Red}));
+    boot(panelWith(Plain, Loop,
+                   {square(Red), imagekit::Solid{10, 8, Qt::green}, square(0x00FFFFFF, format::aRGB8888),
+                    square(Blue, format::PngOpaque)}));
+    EXPECT_EQ(cyclesShow(4), "RPBR");
 }
 
 TEST_F(Animation, RecordsWithoutRoomOrControlWordAreLeftOut) {
@@ -206,10 +172,9 @@ TEST_F(Animation, ReadsItsBlockAgainWhenThatChanges) {
     ImageAnimation pointed = Plain;
     pointed.ParameterAddress = 0x0200;
     ImageBuilder image = panelWith(pointed, Loop);
-    const imagekit::Bytes block = Encode(Plain).Block;
-    image.setBytes(0x0200, block);
+    image.setBytes(0x0200, Encode(Plain).Block);
     boot(image);
-    EXPECT_EQ(steps(1), Colours{Green});
+    EXPECT_EQ(cyclesShow(1), "G");
     StoreByte(2 * 0x0200 + 2, 40); // x
     RefreshPageWidgets(0);
     EXPECT_EQ(row().X, 40);

@@ -58,84 +58,67 @@ TEST_F(PanelTest, QrCodesComeInAllSizesAndVersions) {
     for (code.SizeUnits = 1; code.SizeUnits <= 6; ++code.SizeUnits)
         image.addPage(PlainPage(image.config(), Qt::gray)).add(code);
     boot(image);
-    const auto set = [](const std::string& text) { setText(Text, text, text.size() + 1); };
+    const auto show = [this](std::uint16_t page, const std::string& text) {
+        setText(Text, text, text.size() + 1);
+        apply(word::Page, page);
+        run(300);
+        return outputs.frame;
+    };
     Sheet sheet({304, 304}, 6, 5);
     for (const std::string& text :
          {std::string(), std::string("12345"), std::string("HELLO WORLD"),
           std::string("https://example.org/s?note=\xE5\xAE\xA2\xE5\x8E\x85"), std::string(1000, 'y')})
-        for (std::uint16_t page = 0; page < 6; ++page) {
-            set(text);
-            ShowPage(page);
-            cycles(1);
-            sheet.add(outputs.frame);
-        }
+        for (std::uint16_t page = 0; page < 6; ++page) sheet.add(show(page, text));
     EXPECT_TRUE(EqualsGolden(sheet.picture(), "panel/golden/qr-codes.png"));
-    ShowPage(1);
-    set("two");
-    run(300);
-    const QImage two = outputs.frame;
-    set(std::string(1300, 'z'));
-    run(300);
-    EXPECT_EQ(outputs.frame, two) << "a text that is too long leaves the old code";
-    set("three");
-    run(300);
-    EXPECT_NE(outputs.frame, two);
-}
-
-struct StepCase {
-    const char* name;
-    AutoStep widget;
-    std::int64_t start;
-    std::vector<std::int64_t> values; // one after each period
-    std::uint16_t control;            // in the end
-};
-void PrintTo(const StepCase& c, std::ostream* out) { *out << c.name; }
-
-class AutoSteps : public PanelTest, public ::testing::WithParamInterface<StepCase> {};
-
-TEST_P(AutoSteps, GoAsTheirControlWordTells) {
-    const StepCase& c = GetParam();
-    ImageBuilder image(Small);
-    AutoStep widget = c.widget;
-    widget.TargetAddress = Value;
-    widget.ControlAddress = Control;
-    widget.Period = 4;
-    image.addPage().add(widget);
-    boot(image);
-    const auto type = static_cast<std::uint8_t>(widget.Type);
-    StoreWord(Value, 0x5500); // the high byte beside a value of one byte
-    StoreNumeric(Value, type, c.start);
-    StoreWord(Control, c.control == 0 ? widget.RunValue : c.control);
-    std::vector<std::int64_t> values;
-    while (values.size() < c.values.size()) {
-        run(40);
-        values.push_back(number(Value, static_cast<DataType>(type | TypeSignedBit)));
-    }
-    EXPECT_EQ(values, c.values);
-    EXPECT_EQ(ReadWord(Control), c.control);
-    if ((type & TypeSizeMask) == 0) {
-        EXPECT_EQ(ReadByte(2 * std::size_t{Value}), 0x55);
-    }
+    const QImage two = show(1, "two");
+    EXPECT_EQ(show(1, std::string(1300, 'z')), two) << "a text that is too long leaves the old code";
+    EXPECT_NE(show(1, "three"), two);
 }
 
 constexpr auto S8 = DataType::S8, S16 = DataType::S16, U32 = DataType::U32, U64 = DataType::U64;
-INSTANTIATE_TEST_SUITE_P(
-    Steps, AutoSteps,
-    ::testing::Values(
-        StepCase{"CycleUp", {.Highest = 10, .Step = 3}, 0, {3, 6, 9, 10, 0, 3}, 1},
-        StepCase{"CycleDown", {.Highest = 10, .Step = 3, .Up = false}, 10, {7, 4, 1, 0, 10}, 1},
-        StepCase{"CycleFromBelow", {.Lowest = 50, .Highest = 60}, 7, {50, 51}, 1},
-        StepCase{"CycleDownFromAbove", {.Highest = 10, .Up = false}, 70, {10, 9}, 1},
-        StepCase{"RunUp", {.Highest = 10, .Step = 3}, 0, {3, 6, 9, 10, 10}, 0},
-        StepCase{"RunDownPastTheEnd", {.Highest = 10, .Step = 3, .Up = false}, 1, {0, 0}, 0},
-        StepCase{"RunDownFromAbove", {.Highest = 10, .Step = 3, .Up = false}, 90, {10, 7, 4, 1, 0}, 0},
-        StepCase{"Byte", {.Type = S8, .Lowest = -5, .Highest = 5, .Step = 4}, -5, {-1, 3, 5, -5}, 1},
-        StepCase{"Word", {.Type = S16, .Lowest = -900, .Step = 500, .Up = false}, 0, {-500, -900}, 0},
-        StepCase{"Long", {.Type = U32, .Highest = 0x50000, .Step = 0x8000}, 0x48000, {0x50000, 0}, 1},
-        StepCase{"Wide", {.Type = U64, .Highest = 0x500000000, .Step = 9}, 0x4FFFFFFFF, {8, 17}, 1},
-        StepCase{"NoType", {.Type = static_cast<DataType>(4), .Highest = 9}, 0, {0, 0}, 1},
-        StepCase{"NoControl", {.Highest = 9}, 4, {4, 4}, 3}),
-    [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(PanelTest, AnAutoStepGoesAsItsControlWordTells) {
+    const struct {
+        const char* name;
+        AutoStep widget;
+        std::int64_t start;
+        std::vector<std::int64_t> values; // one after each period
+        std::uint16_t control;            // in the end
+    } cases[] = {{"CycleUp", {.Highest = 10, .Step = 3}, 0, {3, 6, 9, 10, 0, 3}, 1},
+                 {"CycleDown", {.Highest = 10, .Step = 3, .Up = false}, 10, {7, 4, 1, 0, 10}, 1},
+                 {"CycleFromBelow", {.Lowest = 50, .Highest = 60}, 7, {50, 51}, 1},
+                 {"CycleDownFromAbove", {.Highest = 10, .Up = false}, 70, {10, 9}, 1},
+                 {"RunUp", {.Highest = 10, .Step = 3}, 0, {3, 6, 9, 10, 10}, 0},
+                 {"RunDownPastTheEnd", {.Highest = 10, .Step = 3, .Up = false}, 1, {0, 0}, 0},
+                 {"RunDownFromAbove", {.Highest = 10, .Step = 3, .Up = false}, 90, {10, 7, 4, 1, 0}, 0},
+                 {"Byte", {.Type = S8, .Lowest = -5, .Highest = 5, .Step = 4}, -5, {-1, 3, 5, -5}, 1},
+                 {"Word", {.Type = S16, .Lowest = -900, .Step = 500, .Up = false}, 0, {-500, -900}, 0},
+                 {"Long", {.Type = U32, .Highest = 0x50000, .Step = 0x8000}, 0x48000, {0x50000, 0}, 1},
+                 {"Wide", {.Type = U64, .Highest = 0x500000000, .Step = 9}, 0x4FFFFFFFF, {8, 17}, 1},
+                 {"NoType", {.Type = static_cast<DataType>(4), .Highest = 9}, 0, {0, 0}, 1},
+                 {"NoControl", {.Highest = 9}, 4, {4, 4}, 3}};
+    for (const auto& c : cases) {
+        ImageBuilder image(Small);
+        AutoStep widget = c.widget;
+        widget.TargetAddress = Value;
+        widget.ControlAddress = Control;
+        widget.Period = 4;
+        image.addPage().add(widget);
+        boot(image);
+        const auto type = static_cast<std::uint8_t>(widget.Type);
+        StoreWord(Value, 0x5500); // the high byte beside a value of one byte
+        StoreNumeric(Value, type, c.start);
+        StoreWord(Control, c.control == 0 ? widget.RunValue : c.control);
+        std::vector<std::int64_t> values;
+        while (values.size() < c.values.size()) {
+            run(40);
+            values.push_back(number(Value, static_cast<DataType>(type | TypeSignedBit)));
+        }
+        EXPECT_EQ(values, c.values) << c.name;
+        EXPECT_EQ(ReadWord(Control), c.control) << c.name;
+        EXPECT_TRUE(widget.Type != S8 || ReadByte(2 * std::size_t{Value}) == 0x55);
+    }
+}
 
 TEST_F(PanelTest, AnAutoStepTellsItsEndAndObeysTheWordSetByIt) {
     ImageBuilder image(Small);

@@ -60,49 +60,43 @@ TEST_F(EncoderTest, AMenuMovesItsSelectorAroundAndServesTheCurrentEntry) {
 }
 
 TEST_F(EncoderTest, VariablesOfAllTypesStopOrWrapAtTheirLimits) {
+    const auto turned = [](DataType type, int step, bool wrap = false) {
+        EncoderValue entry{.Address = Value, .Type = type, .Highest = 10, .Lowest = -10, .Wrap = wrap};
+        entry.Step = static_cast<std::uint16_t>(step);
+        return entry;
+    };
+    const auto stepped = [](bool up) {
+        EncoderStep entry{.Address = Value, .Type = DataType::S32, .Highest = 0x20000, .Lowest = -0x20000};
+        entry.Step = 0x9000;
+        entry.Up = up;
+        entry.Wrap = true;
+        return entry;
+    };
     const struct {
-        DataType type;
-        int start, step;
-        bool wrap;
-        std::string pressed;
+        std::variant<EncoderStep, EncoderValue, EncoderActions> entry;
+        int start;
+        std::string pressed; // 1 begins the adjusting, or steps
         int expected;
-    } cases[] = {{DataType::S8, -3, 4, false, ">>>", 9},
-                 {DataType::S8, -3, 4, false, "<<<", -10},
-                 {DataType::S16, 8, 5, true, ">", -10},
-                 {DataType::S16, -8, 5, true, "<<", 5},
-                 {DataType::S32, -9, 5, false, "<", -10},
-                 {DataType::S32, 0x10003, 1, false, ">", 4}, // of which the knob sees the low word
-                 {static_cast<DataType>(0x01), 3, 1, false, ">", 3}};
-    for (const auto& c : cases) {
-        EncoderValue turned{.Address = Value, .Type = c.type, .Highest = 10, .Lowest = -10, .Wrap = c.wrap};
-        turned.Step = static_cast<std::uint16_t>(c.step);
-        addPage().add(EncoderEntry{.Value = turned});
-    }
-    EncoderStep step{.Address = Value, .Type = DataType::S32, .Highest = 0x20000, .Lowest = -0x20000};
-    step.Step = 0x9000;
-    step.Wrap = true;
-    for (const bool up : {true, false}) {
-        step.Up = up;
-        addPage().add(EncoderMenu{.SelectorAddress = Selector, .Entries = {step}});
-    }
+        DataType type = DataType::S16; // of the variable
+    } cases[] = {{turned(DataType::S8, 4), -3, "1>>>", 9, DataType::S8},
+                 {turned(DataType::S8, 4), -3, "1<<<", -10, DataType::S8},
+                 {turned(DataType::S16, 5, true), 8, "1>", -10},
+                 {turned(DataType::S16, 5, true), -8, "1<<", 5},
+                 {turned(DataType::S32, 5), -9, "1<", -10, DataType::S32},
+                 {turned(DataType::S32, 1), 0x10003, "1>", 4, DataType::S32}, // the knob sees the low word
+                 {turned(static_cast<DataType>(0x01), 1), 3, "1>", 3},
+                 {stepped(true), 0x8000, "11", 0x1A000, DataType::S32},
+                 {stepped(true), 0x1A000, "1", -0x20000, DataType::S32},
+                 {stepped(false), -0x20000, "1", 0x20000, DataType::S32}};
+    for (const auto& c : cases) addPage().add(EncoderMenu{.SelectorAddress = Selector, .Entries = {c.entry}});
     start();
-    std::uint16_t page = 0;
-    for (const auto& c : cases) {
+    for (std::uint16_t page = 0; const auto& c : cases) {
+        AdjustMode = 0;
         ShowPage(page++);
-        StoreNumeric(Value, static_cast<std::uint8_t>(c.type == DataType::S32 ? c.type : DataType::S16),
-                     c.start);
+        StoreNumeric(Value, static_cast<std::uint8_t>(c.type), c.start);
         keys(c.pressed);
         EXPECT_EQ(value(c.type), c.expected) << page;
     }
-    ShowPage(page++);
-    StoreNumeric(Value, 0x82, 0x8000);
-    keys("11");
-    EXPECT_EQ(value(DataType::S32), 0x1A000);
-    keys("1");
-    EXPECT_EQ(value(DataType::S32), -0x20000);
-    ShowPage(page);
-    keys("1");
-    EXPECT_EQ(value(DataType::S32), 0x20000);
 }
 
 TEST_F(EncoderTest, ASingleEntryTellsTheHostByItsFlags) {

@@ -15,7 +15,7 @@ using namespace imagekit;
 
 constexpr std::uint16_t Value = 0x0100;
 constexpr QPoint At(20, 10); // of the keyboard on the panel
-constexpr QRgb Gray = 0xFFA0A0A4, Board = 0xFF0000FF, Pressed = 0xFFFF0000, Ink = 0xFF00FF00;
+constexpr QRgb Board = 0xFF0000FF, Pressed = 0xFFFF0000, Ink = 0xFF00FF00;
 
 /// The keys of the keyboard, 10 x 10 px each, eight in a row below the line of the text. '<' erases, '#' is
 /// Shift, '!' enters, '?' cancels, '~' clears.
@@ -27,15 +27,12 @@ QRect keyPlace(char key) {
 }
 
 std::uint16_t keyCode(char key) {
-    switch (key) {
-    case '<': return imagekit::key_code::Backspace;
-    case '#': return imagekit::key_code::Shift;
-    case '!': return imagekit::key_code::Enter;
-    case '?': return imagekit::key_code::Cancel;
-    case '~': return imagekit::key_code::Clear;
-    case 'a': return CharacterKey('a', 'A');
-    default: return std::isalpha(key) ? CharacterKey(key, key) : std::uint16_t(key);
-    }
+    using namespace imagekit::key_code;
+    constexpr std::uint16_t codes[] = {Backspace, Shift, Enter, Cancel, Clear};
+    const std::size_t index = std::string("<#!?~").find(key);
+    if (index != std::string::npos) return codes[index];
+    if (key == 'a') return CharacterKey('a', 'A');
+    return std::isalpha(key) ? CharacterKey(key, key) : std::uint16_t(key);
 }
 
 class EntryTest : public TouchTest {
@@ -161,27 +158,20 @@ INSTANTIATE_TEST_SUITE_P(
                                "-999999", -999999}),
     [](const auto& row) { return std::string(row.param.name); });
 
-TEST_F(EntryTest, KeysShowThePressAndTheFieldLeadsBack) {
+TEST_F(EntryTest, TheFirstKeyOfAPressCountsAndTheFieldLeadsBack) {
     image.page(FieldPage).add(field<NumberEntry>());
     start();
     open();
     EXPECT_EQ(CurrentPage, KeyboardPage);
     EXPECT_EQ(ReadWord(word::Page), FieldPage);
-    EXPECT_EQ(pixelAt(At + QPoint(0, 41)), Board);
     EXPECT_TRUE(OverlapsOpenEntry(At.x(), At.y(), 1, 1));
-    const QPoint seven = keyPlace('7').topLeft();
-    press(seven.x(), seven.y());
-    EXPECT_EQ(pixelAt(seven), Pressed);
-    EXPECT_EQ(pixelAt(seven - QPoint(1, 0)), Board);
-    drag(keyPlace('1').center().x(), keyPlace('1').center().y()); // the first key stays the one
+    press(keyPlace('7').left(), keyPlace('7').top());
+    drag(keyPlace('1').center().x(), keyPlace('1').center().y());
     letGo();
-    EXPECT_EQ(pixelAt(seven + QPoint(9, 9)), Board);
     EXPECT_EQ(typed(), "7");
-    EXPECT_TRUE(hasInk({At + QPoint(4, 2), QSize(4, 8)}));
     type("?");
     EXPECT_EQ(CurrentPage, FieldPage);
     EXPECT_EQ(ReadWord(Value), 0);
-    EXPECT_EQ(pixelAt(At), Gray);
     EXPECT_FALSE(OverlapsOpenEntry(At.x(), At.y(), 1, 1));
     open();
     apply(word::Page, OtherPage); // from outside
@@ -263,12 +253,8 @@ TEST_F(EntryTest, ATextBeginsWithWhatTheVariableHolds) {
         std::string_view text, begins;
     } cases[] = {{"abc", "abc"},
                  {{"a\0b", 3}, {"a\0b", 3}},
-                 {"a\xC4"
-                  "b",
-                  "a"},
-                 {"\x80"
-                  "a",
-                  ""},
+                 {"a\xC4z", "a"},
+                 {"\x80z", ""},
                  {"123456789", "12345678"}};
     for (const auto& c : cases) {
         setText(Value, c.text, 12);

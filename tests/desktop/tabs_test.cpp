@@ -16,7 +16,7 @@ protected:
     void SetUp() override {
         openWindow();
         window_->move(20, 20);
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get(), Patience));
         page_ = window_->findChild<DialogReg*>();
     }
 
@@ -50,8 +50,8 @@ protected:
     }
     void pullOut() {
         drag(tab(1), OutsideTheBar);
-        ASSERT_TRUE(QTest::qWaitFor([this] { return isOut(); }));
-        ASSERT_TRUE(QTest::qWaitForWindowActive(popup()));
+        ASSERT_TRUE(QTest::qWaitFor([this] { return isOut(); }, Patience));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(popup(), Patience));
     }
     QPoint titleBar() const { return popup()->geometry().topLeft() + QPoint(200, -8); }
 
@@ -70,7 +70,7 @@ TEST_F(TabsTest, ATabPulledOutLivesInAWindowUntilThatIsClosed) {
 
     for (const char* close : {"key alt+F4", "key Escape"}) {
         act(close);
-        EXPECT_TRUE(QTest::qWaitFor([this] { return isIn(); })) << close;
+        EXPECT_TRUE(QTest::qWaitFor([this] { return isIn(); }, Patience)) << close;
         pullOut();
     }
 }
@@ -97,7 +97,7 @@ TEST_F(TabsTest, ATitleBarReleasedOverTheBarDocksAndElsewhereDoesNot) {
     drag(titleBar(), titleBar() + QPoint(40, 50));
     EXPECT_TRUE(isOut());
     drag(titleBar(), tab(0));
-    EXPECT_TRUE(QTest::qWaitFor([this] { return isIn(); }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return isIn(); }, Patience));
     EXPECT_EQ(tabs().indexOf(page_), 1);
 }
 

@@ -141,8 +141,6 @@ TEST(RiffHead, TellsOneChannelOf22050SamplesASecond) {
 
 // --- Playing in the window ---
 
-constexpr int Patience = 8000; // ms
-
 class MediaWindowTest : public WindowTest {
 protected:
     void SetUp() override {

@@ -27,6 +27,9 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+/// For what comes soon, but late on a busy machine, ms.
+constexpr int Patience = 20000;
+
 class WindowTest : public ::testing::Test, protected TemporaryFiles {
 protected:
     explicit WindowTest(const char* scale = "1") {
@@ -38,7 +41,7 @@ protected:
         window_.reset(); // there is one panel
         window_ = std::make_unique<MainWindow>(PathFiles(directory_.path()));
         window_->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get(), Patience));
     }
 
     /// Opens an image and waits for its engine, whose start-up sets variables.

@@ -193,8 +193,7 @@ TEST_F(ListTest, TheBarGoesAlongAndShowsTheDrag) {
     look();
     dragBy(60);
     look();
-    ShowPage(2);
-    cycles(1);
+    frameOf(2);
     look();
     EXPECT_TRUE(EqualsGolden(sheet.picture(), "panel/golden/list-bars.png"));
 }
@@ -220,19 +219,18 @@ TEST_F(ListTest, AListThatCannotBeIsNone) {
 
 TEST_F(TouchTest, TheLongerAxisOfASwipeTellsItsDirection) {
     const struct {
-        QSize panel;
+        std::uint16_t height; // of the panel, which is 64 px wide
         QPoint from, to;
         int page;
         Payloads sent;
-    } cases[] = {{{64, 48}, {60, 5}, {10, 40}, 2, {{0x41, 0xFF, 0xFF, 2, 2}}},
-                 {{64, 48}, {5, 5}, {55, 40}, 3, {{0x41, 0xFF, 0xFF, 3, 3}}},
-                 {{64, 48}, {5, 5}, {54, 40}, 4, {}}, // too short: the key acts
-                 {{64, 120}, {5, 60}, {5, 10}, 1, {{0x41, 0xFF, 0xFF, 1, 1}}},
-                 {{64, 120}, {5, 60}, {5, 119}, 0, {}},                         // down leads nowhere
-                 {{64, 120}, {5, 60}, {63, 2}, 3, {{0x41, 0xFF, 0xFF, 3, 3}}}}; // a tie goes to the side
+    } cases[] = {{48, {60, 5}, {10, 40}, 2, {{0x41, 0xFF, 0xFF, 2, 2}}},
+                 {48, {5, 5}, {55, 40}, 3, {{0x41, 0xFF, 0xFF, 3, 3}}},
+                 {48, {5, 5}, {54, 40}, 4, {}}, // too short: the key acts
+                 {120, {5, 60}, {5, 10}, 1, {{0x41, 0xFF, 0xFF, 1, 1}}},
+                 {120, {5, 60}, {5, 119}, 0, {}},                         // down leads nowhere
+                 {120, {5, 60}, {63, 2}, 3, {{0x41, 0xFF, 0xFF, 3, 3}}}}; // a tie goes to the side
     for (const auto& c : cases) {
-        image = ImageBuilder(
-            {static_cast<std::uint16_t>(c.panel.width()), static_cast<std::uint16_t>(c.panel.height())});
+        image = ImageBuilder({.Width = 64, .Height = c.height});
         auto& page = addPage();
         page.add(SwipeGesture{.Notify = true, .Up = {1, 0x0101}, .Left = {2, 0x0202}, .Right = {3, 0x0303}});
         page.add(PageKey{.Where = {0, 0, 63, 47}, .TargetPage = 4});

@@ -43,8 +43,7 @@ TEST_F(PanelTest, AnImageBarShowsThePieceOfItsValueOverWhatLiesBehind) {
     Sheet sheet({64, 48}, std::size(cases), 2);
     for (std::uint16_t page = 0; page < 2 * std::size(cases); ++page) {
         StoreWord(Value, 0x7FFF); // first as long as can be
-        ShowPage(page);
-        cycles(1);
+        frameOf(page);
         StoreWord(Value, static_cast<std::uint16_t>(cases[page % std::size(cases)].value));
         run(300);
         sheet.add(outputs.frame);

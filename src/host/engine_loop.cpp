@@ -173,6 +173,7 @@ constexpr CycleStep CycleSteps[] = {
     {"EncoderTick", step<EncoderTick>},
     {"volume", passVolume},
     {"text cursor", step<BlinkCursor>},
+    {"end of a video", step<CarryOutEndActions>},
     {"inspector requests", step<ServeInspectorRequests>},
     {"frame", sendFrame},
 };

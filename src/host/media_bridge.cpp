@@ -8,7 +8,6 @@
 #include "host/video_decoder.h"
 #include "store/backlight.h"
 #include "store/system_words.h"
-#include "store/variable_store.h"
 #include "widgets/display/group_clock.h"
 #include "widgets/display/media.h"
 
@@ -24,9 +23,6 @@
 using panel::VideoMode;
 
 namespace {
-
-constexpr std::uint16_t FirstEndAction = 0x7018;
-constexpr int EndActionCount = 8;
 
 QLabel* makePictureLabel(QLabel& view, const char* name) {
     auto* label = new QLabel(&view);
@@ -47,17 +43,6 @@ QSize panelSize() {
 }
 
 bool inForce(VideoMode mode) { return panel::VideoModeInForce == static_cast<std::uint8_t>(mode); }
-
-/// What the page wants done at the end of its video: up to eight pairs of a word and its value.
-void carryOutEndActions() {
-    for (int i = 0; i < EndActionCount; ++i) {
-        const auto pair = static_cast<std::uint16_t>(FirstEndAction + 2 * i);
-        const std::uint16_t address = panel::ReadWord(pair);
-        if (!panel::IsStoreWord(address)) continue;
-        panel::StoreWord(address, panel::ReadWord(pair + 1));
-        if (panel::SystemRange(address)) panel::ApplySystemWordFromMainThread(address);
-    }
-}
 
 } // namespace
 
@@ -195,7 +180,7 @@ void MediaBridge::singleVideo_close(QMediaPlayer::MediaStatus status) {
     if (status != QMediaPlayer::EndOfMedia || !videoWanted_) return;
     if (inForce(VideoMode::PlayOnce)) {
         Close_Video();
-        carryOutEndActions();
+        panel::RequestEndActions();
     } else if (inForce(VideoMode::Repeat)) {
         if (!videoHasPicture_) return Close_Video(); // it would end again at once, for ever
         QTimer::singleShot(0, videoOut.get(), [this] {

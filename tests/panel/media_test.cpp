@@ -76,6 +76,31 @@ TEST_F(MediaTest, ASoundOfTheImageIsHandedOverOnce) {
     EXPECT_EQ(cycle(), Lines{"sound"});
 }
 
+TEST_F(MediaTest, EndActionsTakeEffectOneAfterTheOther) {
+    ImageBuilder image(Small);
+    image.addSound({1});
+    VideoPlayer next;
+    next.EndActions[1] = {0x0100, 9};
+    image.addPage().add(PagePreset{5, {{0x0200, 1}}});
+    image.addPage().add(PagePreset{5, {{0x0200, 2}}});
+    image.page(1).add(next);
+    start(image);
+    const std::uint16_t actions[]{word::Page,  0, word::PagePreset, 5, word::Page, 1,
+                                  word::Music, 1, 0xFFFF,           7};
+    for (std::uint16_t i = 0; i < std::size(actions); ++i) StoreWord(0x7018 + i, actions[i]);
+    RequestEndActions();
+    cycles(1);
+    EXPECT_EQ(CurrentPage, 1);
+    EXPECT_EQ(ReadWord(0x0200), 1) << "the preset of the page before";
+    EXPECT_EQ(ReadWord(word::Music), 1) << "the sound begins on the new page";
+    EXPECT_EQ(cycle(), (Lines{"close video", "stop music", "sound"}));
+    EXPECT_EQ(ReadWord(0x0100), 0) << "not those of the next video";
+
+    apply(word::Page, 0);
+    cycles(2);
+    EXPECT_EQ(CurrentPage, 0) << "once";
+}
+
 TEST_F(MediaTest, SoundsBeyondTheImageAreCutAndEmptyOnesStillAskedFor) {
     ImageBuilder image(Small);
     image.addSound({});

@@ -52,7 +52,11 @@ inline Shared<std::uint8_t> VideoModeInForce{0};
 /// Whether the sound in force repeats. The engine writes, the main thread reads.
 inline Shared<std::uint8_t> MusicRepeat{0};
 
-/// Nothing is ready any more: another image is loaded. While no engine runs.
+/// Asks the engine for what the page wants done now that a single play of its video has ended: the pairs of
+/// an address and a value in words 0x7018 to 0x7027, as they are at this moment.
+void RequestEndActions();
+
+/// Nothing is ready or asked for any more: another image is loaded. While no engine runs.
 void ForgetReadySound();
 void ForgetReadyVideo();
 
@@ -67,6 +71,8 @@ QString MediaDirectory();
 void PlayMusic(std::uint16_t code);
 void DisplayMusicPlayer(const Parameters& p);
 void ShowVideo(const Parameters& p);
+/// Writes the values that were asked for, and acts on each system word before it writes the next one.
+void CarryOutEndActions();
 void ShowCameraView(const Parameters& p);
 /// Starts and stops the camera by its control word, once a cycle.
 void CameraWatch();

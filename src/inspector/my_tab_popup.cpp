@@ -14,7 +14,7 @@ constexpr auto ReleasePollPeriod = 30ms;
 
 } // namespace
 
-MyTabPopup::MyTabPopup(QWidget* parent) : QDialog(parent) {
+MyTabPopup::MyTabPopup(QWidget* parent) : QDialog(parent), openedAt_(QCursor::pos()) {
     titleDrag_.setInterval(ReleasePollPeriod);
     connect(&titleDrag_, &QTimer::timeout, this, &MyTabPopup::lookForRelease);
 }
@@ -52,6 +52,7 @@ void MyTabPopup::moveEvent(QMoveEvent* event) {
 void MyTabPopup::lookForRelease() {
     if (LeftButtonIsDown()) return;
     titleDrag_.stop();
+    if (QCursor::pos() == openedAt_) return; // moved by the program
     if (isOnTitleBar(QCursor::pos())) emit dragRelease(QCursor::pos());
 }
 

@@ -36,4 +36,5 @@ private:
 
     QPointer<QWidget> contentWidget; // a child
     QTimer titleDrag_;               // runs from a move of the window until the button is up
+    QPoint openedAt_;                // where the pointer was
 };

@@ -101,6 +101,14 @@ TEST_F(TabsTest, ATitleBarReleasedOverTheBarDocksAndElsewhereDoesNot) {
     EXPECT_EQ(tabs().indexOf(page_), 1);
 }
 
+TEST_F(TabsTest, ATabPulledOutByItsKeyStaysOutUnderAMouseThatRestsOnTheBar) {
+    tabs().setCurrentIndex(1);
+    act(QString("mousemove %1 %2 sleep 0.2 key ctrl+d").arg(tab(0).x()).arg(tab(0).y()));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return isOut(); }, Patience));
+    QTest::qWait(500); // longer than it takes to see a mouse button released
+    EXPECT_TRUE(isOut());
+}
+
 TEST_F(TabsTest, APageEndsOnceWithTheWindowWhereverItIs) {
     pullOut();
     window_->openImage(writeImage("a.bin", Qt::green));

@@ -2,6 +2,7 @@
 
 #include "host/flash_image.h"
 #include "host/media_requests.h"
+#include "store/system_words.h"
 #include "widgets/display/media.h"
 
 #include <QFile>
@@ -25,6 +26,7 @@ void forgetImage() {
     MusicPlaying = 0;
     ForgetReadySound();
     ForgetReadyVideo();
+    ForgetInspectorRequests();
 }
 
 } // namespace

@@ -90,6 +90,11 @@ void ApplySystemWordFromMainThread(std::uint16_t address) {
         known->apply();
 }
 
+void ForgetInspectorRequests() {
+    for (const SystemWord& known : SystemWords)
+        if (known.request) *known.request = 0;
+}
+
 void ServeInspectorRequests() {
     // The page comes first: language and preset may show the page on show again, which takes word 0x7000
     // back.

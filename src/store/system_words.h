@@ -66,4 +66,7 @@ inline Shared<std::uint8_t> MusicRequestFromInspector{0};
 /// Serves those requests, the page first. Engine thread.
 void ServeInspectorRequests();
 
+/// Drops them: they were for another image. While no engine runs.
+void ForgetInspectorRequests();
+
 } // namespace panel

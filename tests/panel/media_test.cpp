@@ -209,9 +209,13 @@ TEST_F(MediaTest, NothingOfAnImageIsReadyBehindTheNextOne) {
         EXPECT_FALSE(TakeReadySound().ready) << int{chip};
     }
     VideoRequest = 1; // of a chip without video
+    for (const std::uint16_t address : {word::Page, word::Language, word::PagePreset, word::Music})
+        ApplySystemWordFromMainThread(address);
     ASSERT_FALSE(ReadImageFile(folder.filePath("no.bin")));
     EXPECT_EQ(VideoRequest, 0u);
     EXPECT_EQ(VideoToPlay().file, QString());
+    EXPECT_FALSE(PageRequestFromInspector || LanguageRequestFromInspector || PresetRequestFromInspector
+                 || MusicRequestFromInspector);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "golden.h"
 #include "panel_test.h"
 #include "widgets/display/auto_step.h"
+#include "widgets/display/qr_code.h"
 
 namespace panel {
 namespace {
@@ -72,6 +73,22 @@ TEST_F(PanelTest, QrCodesComeInAllSizesAndVersions) {
     const QImage two = show(1, "two");
     EXPECT_EQ(show(1, std::string(1300, 'z')), two) << "a text that is too long leaves the old code";
     EXPECT_NE(show(1, "three"), two);
+}
+
+TEST(QrPictures, AreScaledAsQtScalesAPictureOfModules) {
+    const struct {
+        int bytes, modules, side;
+    } cases[] = {{1, 21, 150},  {24, 29, 400},   {58, 41, 400},
+                 {44, 37, 350}, {400, 101, 350}, {1270, 177, 600}};
+    constexpr int margin = 10;
+    for (const auto& [bytes, modules, side] : cases) {
+        const QByteArray text(bytes, 'q');
+        const auto symbol = [&](int size) {
+            return MakeQrImage(text, size + 2 * margin, {margin, margin, size, size});
+        };
+        const int size = side - 2 * margin;
+        EXPECT_EQ(symbol(size), symbol(modules).scaled(size, size)) << bytes;
+    }
 }
 
 constexpr auto S8 = DataType::S8, S16 = DataType::S16, U32 = DataType::U32, U64 = DataType::U64;

@@ -51,14 +51,18 @@ int marginOf(int side) {
 }
 
 /// For each of `pixels` px the module that a scaled picture shows there. The modules come out of unequal size
-/// where their number does not divide the pixels.
-std::vector<int> modulesOfPixels(int modules, int pixels) {
-    QImage ramp(modules, 1, QImage::Format_RGB32);
-    for (int i = 0; i < modules; ++i) ramp.setPixel(i, 0, static_cast<QRgb>(i));
-    const QImage scaled = ramp.scaled(pixels, 1, Qt::IgnoreAspectRatio, Qt::FastTransformation);
+/// where their number does not divide the pixels, and Qt rounds differently along rows, along columns, and in
+/// other formats. A symbol of full size could be larger than memory, so one row and one column are scaled.
+std::vector<int> modulesOfPixels(int modules, int pixels, Qt::Orientation along) {
+    const auto sized = [along](int length) {
+        return along == Qt::Horizontal ? QSize(length, 1) : QSize(1, length);
+    };
+    const auto place = [along](int i) { return along == Qt::Horizontal ? QPoint(i, 0) : QPoint(0, i); };
+    QImage ramp(sized(modules), QImage::Format_RGB888);
+    for (int i = 0; i < modules; ++i) ramp.setPixel(place(i), qRgb(i, i, i));
+    const QImage scaled = ramp.scaled(sized(pixels), Qt::IgnoreAspectRatio, Qt::FastTransformation);
     std::vector<int> result;
-    for (int i = 0; i < scaled.width(); ++i)
-        result.push_back(static_cast<int>(scaled.pixel(i, 0) & RGB_MASK));
+    for (int i = 0; i < pixels; ++i) result.push_back(qBlue(scaled.pixel(place(i))));
     return result;
 }
 
@@ -70,11 +74,12 @@ QImage MakeQrImage(const QByteArray& text, int side, QRect visible) {
     QImage picture(visible.size(), QImage::Format_RGB888);
     picture.fill(Qt::white);
     const int margin = marginOf(side), symbol = side - 2 * margin;
-    const std::vector<int> modules = modulesOfPixels(code->getSize(), symbol);
+    const std::vector<int> columns = modulesOfPixels(code->getSize(), symbol, Qt::Horizontal);
+    const std::vector<int> rows = modulesOfPixels(code->getSize(), symbol, Qt::Vertical);
     const QRect inSymbol = visible.translated(-margin, -margin) & QRect(0, 0, symbol, symbol);
     for (int y = inSymbol.top(); y <= inSymbol.bottom(); ++y)
         for (int x = inSymbol.left(); x <= inSymbol.right(); ++x)
-            if (code->getModule(modules[static_cast<std::size_t>(x)], modules[static_cast<std::size_t>(y)]))
+            if (code->getModule(columns[static_cast<std::size_t>(x)], rows[static_cast<std::size_t>(y)]))
                 picture.setPixel(QPoint(x + margin, y + margin) - visible.topLeft(), qRgb(0, 0, 0));
     return picture;
 }

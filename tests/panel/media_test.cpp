@@ -191,6 +191,19 @@ TEST_F(MediaTest, TheCameraFollowsItsWord) {
     EXPECT_EQ(cycle(), (Lines{"close video", "stop music", "close camera", "camera"}));
 }
 
+TEST_F(MediaTest, ACameraThatRestsLeavesWhatStandsBehindIt) {
+    ImageBuilder image(Small);
+    const BitIcon icon{
+        .ValueAddress = 0x0200, .X = 6, .Y = 6, .ClearImage = image.addPicture(Filled(8, 8, Qt::red))};
+    image.addPage(PlainPage(Small, Qt::gray)).add(icon);
+    image.addPage(PlainPage(Small, Qt::gray)).add(icon);
+    image.page(1).add(
+        CameraView{.ControlAddress = Control, .X1 = 1, .Y1 = 2, .X2 = 20, .Y2 = 15, .Group = 4});
+    start(image);
+    const QImage without = frameOf(0).copy();
+    EXPECT_EQ(frameOf(1), without);
+}
+
 TEST_F(MediaTest, NothingOfAnImageIsReadyBehindTheNextOne) {
     const auto load = [this](std::uint8_t chip, const std::vector<std::int16_t>& samples) {
         ImageBuilder image({.Width = 64, .Height = 48, .ColourMode = 1, .ICType = chip});

@@ -1,4 +1,6 @@
 // Shows the camera's picture on its page while a word is not 0.
+#include "graphics/primitives.h"
+#include "graphics/surfaces.h"
 #include "host/media_requests.h"
 #include "pages/page_switch.h"
 #include "store/variable_store.h"
@@ -34,7 +36,7 @@ void resumeCamera() {
 /// What is to be seen while no camera runs.
 void drawGroup(const ReadyCamera& camera) {
     if (camera.group == NoGroup) return;
-    BackdropToWork(camera.rect, 0);
+    CopySurfaceRect(FrameSurface, camera.rect, WorkSurface, {0, 0});
     DrawGroupInRect(CurrentPage, camera.group, camera.rect);
     LandWork(camera.rect, 0);
 }

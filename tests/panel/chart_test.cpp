@@ -182,6 +182,21 @@ TEST_F(TextrollTest, EachHasItsSpeedAndStandsStillUnderAnEntry) {
     EXPECT_EQ(Textrolls.at(0)->Position, 13);
 }
 
+TEST_F(TextrollTest, RollsOnWhileItsBlockNamesNoText) {
+    constexpr std::uint16_t block = 0x0300;
+    Textroll t = roll();
+    t.ParameterAddress = block;
+    image.addPage(patternPage()).add(t);
+    boot(image);
+    StoreBytes(2 * block, Encode(t).Block);
+    show(0, "a text that is much too long");
+    run(400);
+    const int before = Textrolls.at(0)->Position;
+    StoreWord(block, 0xFFFF);
+    run(400);
+    EXPECT_GT(Textrolls.at(0)->Position, before);
+}
+
 TEST_F(TextrollTest, RollsOnAListThatIsLargerThanThePanel) {
     Textroll wide = roll();
     wide.InList = true;

@@ -177,9 +177,11 @@ bool showView(TextrollRow& row, int position) {
     return true;
 }
 
+/// A row whose block names an address that cannot be stays as it was.
 void startTextroll(TextrollRow& row, const Parameters& p) {
+    if (!IsStoreWord(p.u16(field::Text))) return;
     takeParameters(row, p);
-    if (IsStoreWord(row.TextAddress)) showView(row, 0);
+    showView(row, 0);
 }
 
 } // namespace
@@ -188,6 +190,7 @@ void DisplayTextroll(const Parameters& p) {
     if (TextrollRow* known = Textrolls.at(TextrollCursor)) return startTextroll(*known, p);
     TextrollRow* row = Textrolls.next();
     if (!row) return;
+    *row = {};
     startTextroll(*row, p);
     Textrolls.commit();
 }

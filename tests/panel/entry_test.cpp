@@ -303,6 +303,26 @@ TEST_F(EntryTest, WhatRunsUnderAKeyboardStaysOutOfIt) {
     EXPECT_TRUE(hasInk(keyboard));
 }
 
+TEST_F(EntryTest, ASwipeOverAKeyboardEndsATextButNoNumber) {
+    TextEntry text = field(TextEntry());
+    text.Cursor = true;
+    image.page(FieldPage).add(text);
+    image.page(OtherPage).add(field(of(U16, 4)));
+    image.page(KeyboardPage).add(SwipeGesture{});
+    start();
+    for (const std::uint16_t page : {FieldPage, OtherPage}) {
+        ShowPage(page);
+        open();
+        EXPECT_TRUE(OverlapsOpenEntry(0, 0, 120, 64));
+        PressPointer({30, 30});
+        drag(70, 30);
+        letGo();
+        EXPECT_EQ(OverlapsOpenEntry(0, 0, 120, 64), page == OtherPage);
+        EXPECT_EQ(TextOpen + NumberOpen, page == OtherPage);
+        EXPECT_EQ(CursorBlinks, page == OtherPage ? 1 : 0);
+    }
+}
+
 TEST_F(EntryTest, AKeyboardOfAnySizeIsKeptAsFarAsItShows) {
     auto entry = field<NumberEntry>();
     entry.Keyboard.Page = image.addPage(Solid{30000, 30000, Qt::blue}).index();

@@ -66,6 +66,10 @@ void ResetKeyboard() {
     KeyboardKeys.clear();
     KeyActive = 0;
     KeyRow = 0;
+    CloseField();
+}
+
+void CloseField() {
     OpenField.reset();
     OpenEntryRect.reset();
     CursorBlinks = 0;

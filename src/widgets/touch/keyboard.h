@@ -94,6 +94,8 @@ QRect KeyboardRect();
 void BeginEntry(const EntryField& field);
 /// Shows the page, or the pop-up, that the keyboard covered.
 void LeaveKeyboard();
+/// Nothing is typed or blinks any more; the keyboard's picture stays.
+void CloseField();
 
 // The keys. Nothing of them waits or repeats.
 

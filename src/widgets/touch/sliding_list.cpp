@@ -5,10 +5,8 @@
 #include "graphics/surfaces.h"
 #include "host/config_block.h"
 #include "widgets/display/placement.h"
-#include "widgets/touch/pinyin_entry.h"
 #include "widgets/touch/pointer.h"
 #include "widgets/touch/slider.h"
-#include "widgets/touch/text_entry.h"
 #include "widgets/touch/touch_families.h"
 #include "widgets/touch/touch_row.h"
 
@@ -130,8 +128,7 @@ void beginDrag(int at) {
     ListDragging = 1;
     TouchBusy = 1;
     LetGoOfTouchFamilies();
-    TextOpen = 0;
-    PinyinOpen = 0;
+    CloseTextFields();
     PopupActive = 0;
 }
 

@@ -3,10 +3,8 @@
 #include "graphics/image_row.h"
 #include "host/reply_frame.h"
 #include "pages/page_switch.h"
-#include "widgets/touch/pinyin_entry.h"
 #include "widgets/touch/pointer.h"
 #include "widgets/touch/slider.h"
-#include "widgets/touch/text_entry.h"
 #include "widgets/touch/touch_families.h"
 #include "widgets/touch/touch_row.h"
 
@@ -41,8 +39,7 @@ void arm() {
     GestureArmed = 1;
     if (isWithin(moved(), FastStart)) return;
     YieldToSwipe();
-    TextOpen = 0;
-    PinyinOpen = 0;
+    CloseTextFields();
     SliderChanged = 0;
     PopupActive = 0;
 }

@@ -177,6 +177,12 @@ void YieldToSwipe() {
         if (family.yieldsToSwipe) letGo(family);
 }
 
+void CloseTextFields() {
+    if (TextOpen || PinyinOpen) CloseField();
+    TextOpen = 0;
+    PinyinOpen = 0;
+}
+
 void ShowTouchFamiliesAtRest() {
     for (const TouchFamily& family : Families)
         if (family.showAtRest) family.showAtRest();

@@ -31,6 +31,8 @@ void ResetTouchFamilies();
 void LetGoOfTouchFamilies();
 /// The same for the families that yield to a swipe.
 void YieldToSwipe();
+/// A finger that drags or swipes over a keyboard takes it away from a text, though not from a number.
+void CloseTextFields();
 /// The key that owns the press looks as if it did not.
 void ShowTouchFamiliesAtRest();
 

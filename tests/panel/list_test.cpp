@@ -198,6 +198,18 @@ TEST_F(ListTest, TheBarGoesAlongAndShowsTheDrag) {
     EXPECT_TRUE(EqualsGolden(sheet.picture(), "panel/golden/list-bars.png"));
 }
 
+TEST_F(ListTest, InAPopupItsWindowStandsThere) {
+    listOf(imagekit::ListMode::Vertical, 30, 100);
+    start();
+    const QImage onPage = outputs.frame.copy(Window);
+    openPopup(0, 20, 10);
+    cycles(1);
+    EXPECT_EQ(outputs.frame.copy(Window.translated(20, 10)), onPage);
+    press(100, 98);
+    drag(100, 72);
+    EXPECT_EQ(ListDragging, 1) << "by a press outside its place on a page";
+}
+
 TEST_F(ListTest, AListThatCannotBeIsNone) {
     const SlidingList good{.Window = WindowArea, .ListPage = 1, .Mode = imagekit::ListMode::EndlessVertical};
     SlidingList missing = good, inverted = good, unknown = good;

@@ -175,7 +175,7 @@ void followFinger() {
 } // namespace
 
 void AddSlidingList(const Parameters& p) {
-    ListWindow = ReadCorners(p, field::Window);
+    ListWindow = ReadCorners(p, field::Window).translated(PopupShift());
     ListMode = p.u8(field::Mode);
     Bar = {.atRest = p.u16(field::BarAtRest),
            .moving = p.u16(field::BarMoving),
